@@ -1,0 +1,20 @@
+#pragma once
+// Windows-1252, the code page of the data files, to and from UTF-8.
+
+#include <optional>
+#include <string>
+#include <string_view>
+
+namespace cb {
+
+// Every byte has a character; the five unassigned codes map to the C1 controls.
+std::string Cp1252ToUtf8(std::string_view bytes);
+
+// The bytes of `utf8` in Windows-1252, or nothing when a character has none
+// there (or the text is no valid UTF-8). `bad` receives the offending code point.
+std::optional<std::string> Utf8ToCp1252(std::string_view utf8, char32_t* bad = nullptr);
+
+// Lossy: characters without a code become "?". For showing text, never for files.
+std::string Utf8ToCp1252Lossy(std::string_view utf8);
+
+}  // namespace cb

@@ -1,0 +1,52 @@
+#include "app/Forms.h"
+
+#include <QApplication>
+#include <QPointer>
+#include <QWidget>
+
+#include "app/MDIMain.h"
+#include "app/frmLoading.h"
+#include "app/frmSplash.h"
+
+namespace cb {
+namespace {
+
+template <typename Form>
+QPointer<Form>& Slot() {
+  static QPointer<Form> form;
+  return form;
+}
+
+template <typename Form>
+Form& Instance() {
+  auto& slot = Slot<Form>();
+  if (!slot) slot = new Form();
+  return *slot;
+}
+
+template <typename Form>
+void Unload() {
+  if (auto& slot = Slot<Form>()) delete slot.data();
+}
+
+}  // namespace
+
+MDIMain& TheMDIMain() { return Instance<MDIMain>(); }
+frmLoading& TheLoading() { return Instance<frmLoading>(); }
+
+frmSplash* OpenSplash() { return Slot<frmSplash>().data(); }
+void SetOpenSplash(frmSplash* splash) { Slot<frmSplash>() = splash; }
+
+QWidget* FindOpenForm(const QString& name) {
+  for (QWidget* w : QApplication::allWidgets())
+    if (w->objectName() == name) return w;
+  return nullptr;
+}
+
+void UnloadForms() {
+  Unload<frmSplash>();
+  Unload<frmLoading>();
+  Unload<MDIMain>();
+}
+
+}  // namespace cb

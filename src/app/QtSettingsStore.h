@@ -1,0 +1,20 @@
+#pragma once
+// The settings store of the program: QSettings under the program's title.
+
+#include <QSettings>
+
+#include "app/SettingsStore.h"
+
+namespace cb {
+
+class QtSettingsStore final : public SettingsStore {
+ public:
+  QtSettingsStore();
+  std::string Get(const std::string& section, const std::string& key, const std::string& fallback) const override;
+  bool Put(const std::string& section, const std::string& key, const std::string& value) override;
+
+ private:
+  mutable QSettings settings_;
+};
+
+}  // namespace cb

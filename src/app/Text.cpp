@@ -1,0 +1,62 @@
+#include "app/Text.h"
+
+#include <cmath>
+#include <limits>
+
+namespace cb {
+
+std::string Trim(std::string_view s) {
+  const auto first = s.find_first_not_of(' ');
+  if (first == std::string_view::npos) return {};
+  const auto last = s.find_last_not_of(' ');
+  return std::string(s.substr(first, last - first + 1));
+}
+
+std::string RTrim(std::string_view s) {
+  const auto last = s.find_last_not_of(' ');
+  return last == std::string_view::npos ? std::string() : std::string(s.substr(0, last + 1));
+}
+
+std::string StripAtNul(std::string_view s) {
+  return std::string(s.substr(0, s.find('\0')));
+}
+
+void EnsureTrailingBackslash(std::string& path) {
+  path = RTrim(path);
+  if (path.empty() || (path.back() != '/' && path.back() != '\\')) path += '/';
+}
+
+double LeadingDigitsValue(std::string_view s) {
+  double v = 0;
+  for (char c : s) {
+    if (c < '0' || c > '9') break;
+    v = v * 10 + (c - '0');
+  }
+  return v;
+}
+
+LongResult ToLong(double v) {
+  const double r = std::nearbyint(v);  // the default rounding mode is half to even
+  if (!(r >= std::numeric_limits<std::int32_t>::min() && r <= std::numeric_limits<std::int32_t>::max()))
+    return {0, RtError::Overflow};
+  return {static_cast<std::int32_t>(r), RtError::None};
+}
+
+LongResult TextToLong(std::string_view s) {
+  const std::string t = Trim(s);
+  std::size_t i = 0;
+  bool negative = false;
+  if (i < t.size() && (t[i] == '+' || t[i] == '-')) negative = t[i++] == '-';
+  double v = 0;
+  bool digits = false;
+  for (; i < t.size() && t[i] >= '0' && t[i] <= '9'; ++i, digits = true) v = v * 10 + (t[i] - '0');
+  if (i < t.size() && t[i] == '.') {
+    double scale = 0.1;
+    for (++i; i < t.size() && t[i] >= '0' && t[i] <= '9'; ++i, digits = true, scale /= 10)
+      v += (t[i] - '0') * scale;
+  }
+  if (!digits || i != t.size()) return {0, RtError::TypeMismatch};
+  return ToLong(negative ? -v : v);
+}
+
+}  // namespace cb

@@ -1,0 +1,39 @@
+#include "app/frmLoading.h"
+
+#include <QGuiApplication>
+#include <QLabel>
+#include <QProgressBar>
+#include <QScreen>
+#include <QVBoxLayout>
+
+#include "dialogs/Twips.h"
+
+namespace cb {
+
+frmLoading::frmLoading() : QDialog(nullptr, Qt::Tool | Qt::CustomizeWindowHint | Qt::WindowTitleHint) {
+  setObjectName("frmLoading");
+  setWindowTitle("Chattelbook");
+  lblText = new QLabel(this);
+  lblText->setObjectName("lblText");
+  ProgressBar1 = new QProgressBar(this);
+  ProgressBar1->setObjectName("ProgressBar1");
+  ProgressBar1->setTextVisible(false);
+  auto* layout = new QVBoxLayout(this);
+  layout->addWidget(lblText);
+  layout->addWidget(ProgressBar1);
+  setFixedSize(TwipsToPixelsX(4500), TwipsToPixelsY(1100));
+}
+
+void frmLoading::SetPBMax(int v) { ProgressBar1->setMaximum(v); }
+void frmLoading::SetPBMin(int v) { ProgressBar1->setMinimum(v); }
+
+void frmLoading::showEvent(QShowEvent* e) {
+  // Below the centre of the screen, out of the way of the gallery's top rows.
+  if (const QScreen* s = QGuiApplication::primaryScreen()) {
+    const QRect g = s->geometry();
+    move(g.left() + (g.width() - width()) / 2, g.top() + static_cast<int>((g.height() - height()) / 1.3));
+  }
+  QDialog::showEvent(e);
+}
+
+}  // namespace cb

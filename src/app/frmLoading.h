@@ -1,0 +1,26 @@
+#pragma once
+// The small modeless progress window of the gallery's loads and scrolls.
+
+#include <QDialog>
+
+class QLabel;
+class QProgressBar;
+
+namespace cb {
+
+class frmLoading : public QDialog {
+  Q_OBJECT
+ public:
+  frmLoading();
+
+  void SetPBMax(int v);
+  void SetPBMin(int v);
+
+  QLabel* lblText;
+  QProgressBar* ProgressBar1;
+
+ protected:
+  void showEvent(QShowEvent* e) override;
+};
+
+}  // namespace cb

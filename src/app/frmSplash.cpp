@@ -1,0 +1,23 @@
+#include "app/frmSplash.h"
+
+#include "app/Artwork.h"
+#include "app/modGlobal.h"
+#include "dialogs/Twips.h"
+
+namespace cb {
+
+frmSplash::frmSplash() : QLabel(nullptr, Qt::SplashScreen | Qt::FramelessWindowHint) {
+  setObjectName("frmSplash");
+  setAttribute(Qt::WA_DeleteOnClose);
+  const QSize size(TwipsToPixelsX(7200), TwipsToPixelsY(4320));
+  setFixedSize(size);
+  setPixmap(SplashPicture(size));
+  CentreOnScreen(*this);
+}
+
+void frmSplash::mousePressEvent(QMouseEvent*) {
+  Globals().SplashDismissed = true;
+  close();
+}
+
+}  // namespace cb

@@ -1,0 +1,29 @@
+#pragma once
+// Window measures are kept in twips (1440 an inch) and turned into pixels
+// at the widget with the screen's logical DPI.
+
+#include <QPoint>
+#include <QRect>
+#include <QString>
+#include <string>
+
+class QWidget;
+
+namespace cb {
+
+int TwipsToPixelsX(double twips);
+int TwipsToPixelsY(double twips);
+double PixelsToTwipsX(int pixels);
+double PixelsToTwipsY(int pixels);
+
+// A rectangle given in twips, as pixels.
+QRect TwipsRect(double left, double top, double width, double height);
+
+// Moves a top-level window to the centre of its screen.
+void CentreOnScreen(QWidget& w);
+
+// The program's text (Windows-1252 bytes) as a QString, and back.
+QString ToQ(const std::string& cp1252);
+std::string FromQ(const QString& text);
+
+}  // namespace cb

@@ -1,0 +1,32 @@
+#include "storage/FileSystem.h"
+
+#include <algorithm>
+#include <filesystem>
+#include <system_error>
+
+namespace cb {
+namespace fs = std::filesystem;
+
+namespace {
+char Lower(char c) { return (c >= 'A' && c <= 'Z') ? static_cast<char>(c - 'A' + 'a') : c; }
+}  // namespace
+
+bool EqualsIgnoreCase(const std::string& a, const std::string& b) {
+  return std::ranges::equal(a, b, [](char x, char y) { return Lower(x) == Lower(y); });
+}
+
+std::string DirEntryName(const std::string& path) {
+  const auto slash = path.rfind('/');
+  const std::string name = slash == std::string::npos ? path : path.substr(slash + 1);
+  if (name.empty()) return {};
+  std::error_code ec;
+  if (fs::is_regular_file(path, ec)) return name;
+  const fs::path dir = slash == std::string::npos ? fs::path(".") : fs::path(path.substr(0, slash + 1));
+  for (fs::directory_iterator it(dir, ec), end; !ec && it != end; it.increment(ec)) {
+    const std::string entry = it->path().filename().string();
+    if (EqualsIgnoreCase(entry, name) && it->is_regular_file(ec)) return entry;
+  }
+  return {};
+}
+
+}  // namespace cb

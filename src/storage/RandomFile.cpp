@@ -1,0 +1,60 @@
+#include "storage/RandomFile.h"
+
+#include <fcntl.h>
+#include <unistd.h>
+
+#include <algorithm>
+#include <cerrno>
+
+namespace cb {
+
+RandomFile::~RandomFile() { Close(); }
+
+RtError RandomFile::Open(const std::string& path, std::size_t recordLength) {
+  Close();
+  length_ = recordLength;
+  fd_ = ::open(path.c_str(), O_RDWR | O_CREAT | O_CLOEXEC, 0644);
+  if (fd_ < 0 && (errno == EACCES || errno == EROFS)) fd_ = ::open(path.c_str(), O_RDONLY | O_CLOEXEC);
+  if (fd_ >= 0) return RtError::None;
+  // A missing directory on the way is "path not found", not "file not found".
+  return errno == ENOENT ? RtError::PathNotFound : FromErrno(errno);
+}
+
+RtError RandomFile::Get(long n, std::span<char> record) {
+  std::fill(record.begin(), record.end(), '\0');
+  if (fd_ < 0 || n < 1) return RtError::BadFileNameOrNumber;
+  const off_t at = static_cast<off_t>(n - 1) * static_cast<off_t>(length_);
+  std::size_t done = 0;
+  while (done < record.size()) {
+    const ssize_t got = ::pread(fd_, record.data() + done, record.size() - done, at + static_cast<off_t>(done));
+    if (got == 0) break;  // end of file: the rest stays NUL
+    if (got < 0) {
+      if (errno == EINTR) continue;
+      return FromErrno(errno);
+    }
+    done += static_cast<std::size_t>(got);
+  }
+  return RtError::None;
+}
+
+RtError RandomFile::Put(long n, std::span<const char> record) {
+  if (fd_ < 0 || n < 1) return RtError::BadFileNameOrNumber;
+  const off_t at = static_cast<off_t>(n - 1) * static_cast<off_t>(length_);
+  std::size_t done = 0;
+  while (done < record.size()) {
+    const ssize_t put = ::pwrite(fd_, record.data() + done, record.size() - done, at + static_cast<off_t>(done));
+    if (put < 0) {
+      if (errno == EINTR) continue;
+      return errno == EBADF ? RtError::PathFileAccess : FromErrno(errno);
+    }
+    done += static_cast<std::size_t>(put);
+  }
+  return RtError::None;
+}
+
+void RandomFile::Close() {
+  if (fd_ >= 0) ::close(fd_);
+  fd_ = -1;
+}
+
+}  // namespace cb
