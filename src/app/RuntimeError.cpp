@@ -10,7 +10,7 @@ struct ErrorRow {
   std::string_view description;
 };
 
-constexpr std::array<ErrorRow, 14> kErrors{{
+constexpr std::array<ErrorRow, 15> kErrors{{
     {RtError::None, ""},
     {RtError::InvalidCall, "Invalid procedure call or argument"},
     {RtError::Overflow, "Overflow"},
@@ -21,6 +21,7 @@ constexpr std::array<ErrorRow, 14> kErrors{{
     {RtError::FileNotFound, "File not found"},
     {RtError::DeviceIO, "Device I/O error"},
     {RtError::DiskFull, "Disk full"},
+    {RtError::InputPastEnd, "Input past end of file"},
     {RtError::PathFileAccess, "Path/File access error"},
     {RtError::PathNotFound, "Path not found"},
     {RtError::ObjectNotSet, "Object variable or With block variable not set"},

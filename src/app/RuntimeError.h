@@ -19,6 +19,7 @@ enum class RtError {
   FileNotFound = 53,
   DeviceIO = 57,
   DiskFull = 61,
+  InputPastEnd = 62,
   PathFileAccess = 75,
   PathNotFound = 76,
   ObjectNotSet = 91,

@@ -98,4 +98,20 @@ bool UIMainController::SaveSettings(ErrorArray& errors) {
   return ok;
 }
 
+bool UIMainController::PutPassword(const std::string& password) {
+  return DataAccess(*this, globals_.Slides).PutPassword(password, globals_.ErrorInfo);
+}
+
+bool UIMainController::GetPassword(std::string& password) {
+  return DataAccess(*this, globals_.Slides).GetPassword(password, globals_.ErrorInfo);
+}
+
+bool UIMainController::GetFileHistoryList(std::array<std::string, 5>& history, ErrorArray& errors) {
+  return DataAccess(*this, globals_.Slides).GetFileHistoryList(history, errors);
+}
+
+bool UIMainController::PutFileHistoryList(const std::array<std::string, 5>& history, ErrorArray& errors) {
+  return DataAccess(*this, globals_.Slides).PutFileHistoryList(history, errors);
+}
+
 }  // namespace cb

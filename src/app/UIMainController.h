@@ -3,6 +3,7 @@
 // the gallery, the fixed sizes of its cells and the directory rules of the
 // installation. It forwards loads and saves to DataAccess.
 
+#include <array>
 #include <cstdint>
 #include <memory>
 #include <string>
@@ -84,6 +85,13 @@ class UIMainController {
   // SlidesChanged, a failure fills `errors`.
   bool LoadSettings(ErrorArray& errors);
   bool SaveSettings(ErrorArray& errors);
+
+  // The password and the file history, through a fresh DataAccess. The
+  // password operations fill the program's ErrorInfo on failure.
+  bool PutPassword(const std::string& password);
+  bool GetPassword(std::string& password);
+  bool GetFileHistoryList(std::array<std::string, 5>& history, ErrorArray& errors);
+  bool PutFileHistoryList(const std::array<std::string, 5>& history, ErrorArray& errors);
 
   UIGlobalController& GlobalController() { return *globalController_; }
 

@@ -2,6 +2,9 @@
 // The only class that touches the data files. Stateless: a new instance
 // serves one call. See doc/sif-format.md for the Slide Information File.
 
+#include <array>
+#include <string>
+
 #include "app/RuntimeError.h"
 #include "storage/SlideRecord.h"
 
@@ -26,6 +29,22 @@ class DataAccess {
   // the slides and the header's settings. On failure fills `errors` (only
   // errors[2] when the file is not found) and leaves the slides unchanged.
   bool LoadSettings(ErrorArray& errors);
+
+  // The password shared by every installation of this user, in "dprpz.dat"
+  // under PasswordDirectory(): one 8-byte scrambled record. A missing file
+  // is created empty; an empty or blank record means no password.
+  bool PutPassword(const std::string& password, ErrorArray& errors);
+  bool GetPassword(std::string& password, ErrorArray& errors);
+
+  // The four last files, "fhistlst.dat" in the application directory, one
+  // line of four quoted strings. `history` uses indexes 1 to 4. A read that
+  // fails leaves the entries read so far filled.
+  bool GetFileHistoryList(std::array<std::string, 5>& history, ErrorArray& errors);
+  bool PutFileHistoryList(const std::array<std::string, 5>& history, ErrorArray& errors);
+
+  // Writes `text` and a line end to `fileName` (a full path), replacing it,
+  // and makes the reports directory when it is missing.
+  bool SaveReport(const std::string& fileName, const std::string& text, ErrorArray& errors);
 
   // The largest count a load or save can loop over.
   static constexpr long kMaxRecords = 32767;

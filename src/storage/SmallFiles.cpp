@@ -1,0 +1,142 @@
+#include "storage/SmallFiles.h"
+
+#include <cstdlib>
+#include <fstream>
+#include <sstream>
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include "app/Text.h"
+#include "app/UIMainController.h"
+#include "storage/DataAccess.h"
+#include "storage/RandomFile.h"
+#include "storage/Scramble.h"
+
+namespace cb {
+namespace {
+
+constexpr std::string_view kSource = "DataAccess";
+constexpr char kPasswordFile[] = "dprpz.dat";
+constexpr char kHistoryFile[] = "/fhistlst.dat";
+constexpr std::size_t kPasswordLength = 8;
+constexpr std::size_t kHistoryEntries = 4;
+
+bool Fail(ErrorArray& errors, RtError e) {
+  FillErrors(errors, e, kSource);
+  return false;
+}
+
+// Opens the password file, making the program's directory and the file
+// (readable by its owner alone) when they are missing.
+RtError OpenPasswordFile(RandomFile& file) {
+  const std::string dir = PasswordDirectory();
+  if (!dir.empty()) {
+    const std::string parent = dir.substr(0, dir.rfind('/', dir.size() - 2) + 1);
+    ::mkdir(parent.c_str(), 0700);
+    ::mkdir(dir.c_str(), 0700);
+  }
+  const std::string path = dir + kPasswordFile;
+  const mode_t old = ::umask(077);
+  const RtError e = file.Open(path, kPasswordLength);
+  ::umask(old);
+  return e;
+}
+
+std::string Quoted(std::string_view s) { return "\"" + std::string(s) + "\""; }
+
+}  // namespace
+
+std::string PasswordDirectory() {
+  std::string base;
+  if (const char* xdg = std::getenv("XDG_CONFIG_HOME"); xdg && *xdg) {
+    base = xdg;
+  } else if (const char* home = std::getenv("HOME"); home && *home) {
+    base = std::string(home) + "/.config";
+  } else {
+    return {};
+  }
+  base = StripAtNul(base);
+  EnsureTrailingBackslash(base);
+  return base + "Chattelbook/";
+}
+
+std::string WriteLine(const std::vector<std::string>& fields) {
+  std::string line;
+  for (std::size_t i = 0; i < fields.size(); ++i) line += (i ? "," : "") + Quoted(fields[i]);
+  return line + "\r\n";
+}
+
+std::vector<std::string> ReadFields(std::string_view text, std::size_t count) {
+  std::vector<std::string> out;
+  std::size_t i = 0;
+  const auto skipBlanks = [&] { while (i < text.size() && text[i] == ' ') ++i; };
+  while (out.size() < count) {
+    // Line ends between fields are passed over like blanks.
+    while (i < text.size() && (text[i] == ' ' || text[i] == '\r' || text[i] == '\n')) ++i;
+    if (i >= text.size()) break;
+    std::string field;
+    if (text[i] == '"') {
+      const auto close = text.find('"', i + 1);
+      field = std::string(text.substr(i + 1, close == std::string_view::npos ? std::string_view::npos : close - i - 1));
+      i = close == std::string_view::npos ? text.size() : close + 1;
+      skipBlanks();
+    } else {
+      const auto end = text.find_first_of(",\r\n", i);
+      field = Trim(text.substr(i, end == std::string_view::npos ? std::string_view::npos : end - i));
+      i = end == std::string_view::npos ? text.size() : end;
+    }
+    if (i < text.size() && text[i] == ',') ++i;
+    out.push_back(std::move(field));
+  }
+  return out;
+}
+
+bool DataAccess::PutPassword(const std::string& password, ErrorArray& errors) {
+  RandomFile file;
+  if (auto e = OpenPasswordFile(file); e != RtError::None) return Fail(errors, e);
+  std::string record = ScrambleField(password);
+  record.resize(kPasswordLength, ' ');
+  if (auto e = file.Put(1, record); e != RtError::None) return Fail(errors, e);
+  return true;
+}
+
+bool DataAccess::GetPassword(std::string& password, ErrorArray& errors) {
+  RandomFile file;
+  if (auto e = OpenPasswordFile(file); e != RtError::None) return Fail(errors, e);
+  std::string record(kPasswordLength, '\0');
+  if (auto e = file.Get(1, record); e != RtError::None) return Fail(errors, e);
+  password = UnscrambleField(record);
+  return true;
+}
+
+bool DataAccess::GetFileHistoryList(std::array<std::string, 5>& history, ErrorArray& errors) {
+  std::ifstream in(mc_.AppPath() + kHistoryFile, std::ios::binary);
+  if (!in) return Fail(errors, RtError::FileNotFound);
+  std::stringstream text;
+  text << in.rdbuf();
+  const auto fields = ReadFields(text.str(), kHistoryEntries);
+  for (std::size_t i = 0; i < fields.size(); ++i) history[i + 1] = fields[i];
+  if (fields.size() < kHistoryEntries) return Fail(errors, RtError::InputPastEnd);
+  return true;
+}
+
+bool DataAccess::PutFileHistoryList(const std::array<std::string, 5>& history, ErrorArray& errors) {
+  std::ofstream out(mc_.AppPath() + kHistoryFile, std::ios::binary | std::ios::trunc);
+  if (!out) return Fail(errors, RtError::PathFileAccess);
+  out << WriteLine({history.begin() + 1, history.end()});
+  if (!out.flush()) return Fail(errors, RtError::DeviceIO);
+  return true;
+}
+
+bool DataAccess::SaveReport(const std::string& fileName, const std::string& text, ErrorArray& errors) {
+  const std::string reports = mc_.AppPath() + "/Reports/";
+  ::mkdir(reports.c_str(), 0755);  // already there is the usual case
+  ::unlink(fileName.c_str());
+  std::ofstream out(fileName, std::ios::binary | std::ios::trunc);
+  if (!out) return Fail(errors, RtError::PathNotFound);
+  out << text << "\r\n";
+  if (!out.flush()) return Fail(errors, RtError::DeviceIO);
+  return true;
+}
+
+}  // namespace cb
