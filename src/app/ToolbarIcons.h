@@ -1,0 +1,14 @@
+#pragma once
+// The pictures of the main window's toolbar, drawn in code at whatever size is asked.
+
+#include <QIcon>
+#include <QString>
+
+namespace cb {
+
+// The toolbar picture under the image key `key` ("New", "Open", "Edit", "Report", "Zoom",
+// "Unzoom", "Window", "Background", "Help"); a null icon for any other key. Keys are exact.
+// Pixmaps come out at the requested size, and the disabled mode is drawn in greys.
+QIcon ToolbarIcon(const QString& key);
+
+}  // namespace cb
