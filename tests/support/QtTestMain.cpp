@@ -1,9 +1,10 @@
-// Runs GoogleTest inside a QApplication on whatever platform the environment names.
+// Runs GoogleTest inside a QApplication, offscreen unless the environment names a platform.
 #include <gtest/gtest.h>
 
 #include <QApplication>
 
 int main(int argc, char** argv) {
+  if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM")) qputenv("QT_QPA_PLATFORM", "offscreen");
   QApplication app(argc, argv);
   ::testing::InitGoogleTest(&argc, argv);
   return RUN_ALL_TESTS();

@@ -1,0 +1,105 @@
+#include <gtest/gtest.h>
+
+#include "app/UIMainController.h"
+#include "app/modGlobal.h"
+
+namespace cb {
+namespace {
+
+struct TailRow {
+  std::string appPath;
+  std::string sif, gallery, graphics, reports, root;
+};
+
+// Beside a directory that ends in "/" the tails lose their first characters.
+const TailRow kTails[] = {
+    {"/opt/chattelbook", "/Files/", "/Gallery/", "/Background/", "/Reports/", "/"},
+    {"/", "/Files/", "Gallery/", "ckground/", "Reports/", ""},
+};
+
+class DirectoryTailTest : public ::testing::TestWithParam<TailRow> {};
+
+TEST_P(DirectoryTailTest, TailsFollowTheLastCharacterOfTheApplicationDirectory) {
+  const auto& row = GetParam();
+  MemorySettings settings;
+  ModGlobal g;
+  UIMainController mc(row.appPath, settings, g);
+  EXPECT_EQ(mc.GetSIFDirectory(), row.sif);
+  EXPECT_EQ(mc.GetGalleryDirectory(), row.gallery);
+  EXPECT_EQ(mc.GetGraphicsDirectory(), row.graphics);
+  EXPECT_EQ(mc.GetReportsDirectory(), row.reports);
+  EXPECT_EQ(mc.GetRootDirectory(), row.root);
+}
+
+INSTANTIATE_TEST_SUITE_P(Rows, DirectoryTailTest, ::testing::ValuesIn(kTails));
+
+struct SplitRow {
+  std::string path, directory, file;
+};
+
+const SplitRow kSplits[] = {
+    {"/home/ann/Files/MyFiles.sif", "/home/ann/Files/", "MyFiles.sif"},
+    {"/a.b/c d.e.sif", "/a.b/", "c d.e.sif"},
+    {"/x/", "/x/", ""},
+    {"/top.sif", "/", "top.sif"},
+    {"bare.sif", "bare.sif", "kept.sif"},  // no directory: the name cannot be cut out
+};
+
+class PathSplitTest : public ::testing::TestWithParam<SplitRow> {};
+
+TEST_P(PathSplitTest, SplitsAtTheLastSlash) {
+  MemorySettings settings;
+  ModGlobal g;
+  UIMainController mc("/app", settings, g);
+  mc.SlideInformationFile("kept.sif");
+  mc.SlideInformationFilePath(GetParam().path);
+  EXPECT_EQ(mc.SlideInformationPath(), GetParam().directory);
+  EXPECT_EQ(mc.SlideInformationFile(), GetParam().file);
+}
+
+INSTANTIATE_TEST_SUITE_P(Rows, PathSplitTest, ::testing::ValuesIn(kSplits));
+
+TEST(MainControllerTest, NoDefaultFileMeansFirstRun) {
+  MemorySettings settings;
+  ModGlobal g;
+  UIMainController mc("/app", settings, g);
+  EXPECT_TRUE(mc.FirstRun);
+  EXPECT_EQ(mc.SlideInformationFilePath(), "");
+  EXPECT_EQ(mc.SlideInformationFile(), "");
+  EXPECT_EQ(mc.SlideInformationPath(), "");
+  EXPECT_EQ(mc.FormWidth(), 6720);
+  EXPECT_EQ(mc.FormHeight(), 5310);
+  EXPECT_EQ(mc.bImageWidth(), 1323);
+  EXPECT_EQ(mc.bImageHeight(), 1565);
+}
+
+TEST(MainControllerTest, RegistryKeysNameTheFileOfTheNextStart) {
+  MemorySettings settings;
+  ModGlobal g;
+  UIMainController first("/app", settings, g);
+  EXPECT_FALSE(first.SetRegistryKeys(""));
+  EXPECT_FALSE(settings.Has("Startup", "DefDir"));
+  EXPECT_FALSE(settings.Has("AppDir", "AppDir"));
+  ASSERT_TRUE(first.SetRegistryKeys("/data/Cars.sif"));
+  EXPECT_EQ(first.SlideInformationFile(), "Cars.sif");
+  EXPECT_EQ(settings.Get("AppDir", "AppDir", ""), "/app");
+
+  UIMainController next("/app", settings, g);
+  EXPECT_FALSE(next.FirstRun);
+  EXPECT_EQ(next.SlideInformationFilePath(), "/data/Cars.sif");
+  EXPECT_EQ(next.SlideInformationPath(), "/data/");
+}
+
+TEST(MainControllerTest, EmptyCollectionHasNoBase) {
+  MemorySettings settings;
+  ModGlobal g;
+  UIMainController mc("/app", settings, g);
+  mc.CurrentlyActiveBase(16);
+  mc.NumberOfRecords(20);
+  EXPECT_EQ(mc.CurrentlyActiveBase(), 16);
+  mc.NumberOfRecords(0);
+  EXPECT_EQ(mc.CurrentlyActiveBase(), 0);
+}
+
+}  // namespace
+}  // namespace cb

@@ -1,0 +1,133 @@
+#include <gtest/gtest.h>
+
+#include <QMouseEvent>
+#include <QTest>
+#include <QTimer>
+
+#include "app/Forms.h"
+#include "app/MDIMain.h"
+#include "app/Main.h"
+#include "app/frmSplash.h"
+#include "app/modGlobal.h"
+#include "dialogs/MsgBox.h"
+#include "storage/DataAccess.h"
+#include "support/TempDir.h"
+
+namespace cb {
+namespace {
+
+struct Message {
+  QString text, title;
+};
+
+class StartupTest : public ::testing::Test {
+ protected:
+  StartupTest() {
+    SetMsgBoxHook([this](const QString& text, int, const QString& title) {
+      messages.push_back({text, title});
+      return static_cast<int>(vbOK);
+    });
+  }
+  ~StartupTest() override {
+    SetMsgBoxHook({});
+    UnloadForms();
+    Globals() = ModGlobal();
+  }
+
+  // Writes Files/<name> with `wallpaper` in its header and makes it the default file.
+  void DefaultFile(const std::string& name, const std::string& wallpaper) {
+    ModGlobal g;
+    UIMainController mc(app.str(), settings, g);
+    std::filesystem::create_directories(app / "Files");
+    mc.SetRegistryKeys(app / ("Files/" + name));
+    mc.Wallpaper(wallpaper);
+    mc.SlideTemplate(3);
+    ErrorArray errors;
+    ASSERT_TRUE(mc.SaveSettings(errors));
+  }
+
+  // A click on the splash as soon as the wait is under way.
+  static void ClickSplashSoon() {
+    QTimer::singleShot(20, [] {
+      if (frmSplash* s = OpenSplash()) QTest::mouseClick(s, Qt::LeftButton);
+    });
+  }
+
+  testing::TempDir app;
+  MemorySettings settings;
+  std::vector<Message> messages;
+};
+
+TEST_F(StartupTest, FirstUseStoresTheDefaultFileAndOpensTheMainWindow) {
+  ClickSplashSoon();
+  ASSERT_TRUE(Main(app.str(), settings));
+  UIMainController& mc = *Globals().MainController;
+  EXPECT_TRUE(mc.FirstRun);
+  EXPECT_EQ(settings.Get("Startup", "DefDir", ""), app / "Files/MyFiles.sif");
+  EXPECT_EQ(mc.SlideInformationFile(), "MyFiles.sif");
+  EXPECT_EQ(mc.SlideTemplate(), 1);  // no file to read it from
+  EXPECT_EQ(mc.NumberOfRecords(), 0);
+  EXPECT_TRUE(TheMDIMain().isVisible());
+  EXPECT_EQ(TheMDIMain().windowTitle(), "Chattelbook");
+  QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+  EXPECT_EQ(OpenSplash(), nullptr);
+  EXPECT_TRUE(messages.empty());
+}
+
+TEST_F(StartupTest, LaterStartReadsTheDefaultFileAndItsWallpaper) {
+  DefaultFile("Home.sif", "calm.png");
+  std::filesystem::create_directories(app / "wallpaper");
+  QImage picture(8, 6, QImage::Format_RGB32);
+  picture.fill(Qt::darkCyan);
+  ASSERT_TRUE(picture.save(QString::fromStdString(app / "wallpaper/calm.png")));
+  ClickSplashSoon();
+  ASSERT_TRUE(Main(app.str(), settings));
+  UIMainController& mc = *Globals().MainController;
+  EXPECT_FALSE(mc.FirstRun);
+  EXPECT_EQ(mc.SlideTemplate(), 3);
+  EXPECT_EQ(TheMDIMain().MdiArea()->Picture().size(), QSize(8, 6));
+  EXPECT_TRUE(messages.empty());
+}
+
+struct WallpaperRow {
+  const char* name;
+  std::string wallpaper;
+  std::string content;  // written to wallpaper/<wallpaper> unless empty
+  int messages;
+};
+
+const WallpaperRow kWallpapers[] = {
+    {"empty_name", "", "", 0},
+    {"missing_file", "gone.jpg", "", 0},
+    {"not_a_picture", "notes.jpg", "plain text, no picture", 1},
+};
+
+class WallpaperStartupTest : public StartupTest, public ::testing::WithParamInterface<WallpaperRow> {};
+
+TEST_P(WallpaperStartupTest, BadWallpaperNeverStopsTheStart) {
+  const auto& row = GetParam();
+  DefaultFile("Home.sif", row.wallpaper);
+  if (!row.content.empty()) testing::WriteFile(app / ("wallpaper/" + row.wallpaper), row.content);
+  ClickSplashSoon();
+  ASSERT_TRUE(Main(app.str(), settings));
+  EXPECT_TRUE(TheMDIMain().isVisible());
+  ASSERT_EQ(static_cast<int>(messages.size()), row.messages);
+  if (row.messages) {
+    EXPECT_EQ(messages[0].text, "481: Invalid picture");
+    EXPECT_EQ(messages[0].title, "Wallpaper");
+  }
+}
+
+INSTANTIATE_TEST_SUITE_P(Rows, WallpaperStartupTest, ::testing::ValuesIn(kWallpapers),
+                         [](const auto& info) { return std::string(info.param.name); });
+
+TEST_F(StartupTest, WaitEndsWhenTheClockSecondPasses) {
+  Globals().SplashDismissed = true;
+  const QTime start = QTime::currentTime();
+  WaitSeconds(0);
+  EXPECT_TRUE(Globals().SplashDismissed);
+  EXPECT_LE(start.msecsTo(QTime::currentTime()), 1100);
+}
+
+}  // namespace
+}  // namespace cb

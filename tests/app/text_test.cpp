@@ -1,0 +1,78 @@
+#include <gtest/gtest.h>
+
+#include "app/Cp1252.h"
+#include "app/StartupErrors.h"
+#include "app/Text.h"
+
+namespace cb {
+namespace {
+
+using namespace std::string_literals;
+
+struct LongRow {
+  std::string text;
+  std::int32_t value;
+  RtError error;
+};
+
+const LongRow kLongRows[] = {
+    {"3", 3, RtError::None},        {" 3 ", 3, RtError::None},
+    {"-12", -12, RtError::None},    {"2.5", 2, RtError::None},
+    {"3.5", 4, RtError::None},      {"", 0, RtError::TypeMismatch},
+    {"x", 0, RtError::TypeMismatch}, {"1x", 0, RtError::TypeMismatch},
+    {"2147483647", 2147483647, RtError::None}, {"2147483648", 0, RtError::Overflow},
+};
+
+class TextToLongTest : public ::testing::TestWithParam<LongRow> {};
+
+TEST_P(TextToLongTest, ConvertsOrRefuses) {
+  const auto r = TextToLong(GetParam().text);
+  EXPECT_EQ(r.error, GetParam().error);
+  if (r.error == RtError::None) {
+    EXPECT_EQ(r.value, GetParam().value);
+  }
+}
+
+INSTANTIATE_TEST_SUITE_P(Rows, TextToLongTest, ::testing::ValuesIn(kLongRows));
+
+TEST(TextTest, DirectoryLookupHelpers) {
+  const std::pair<std::string, std::string> ensure[] = {
+      {"/etc", "/etc/"}, {"/etc/  ", "/etc/"}, {"C:\\WIN\\", "C:\\WIN\\"}, {"", "/"}};
+  for (auto [in, out] : ensure) {
+    EnsureTrailingBackslash(in);
+    EXPECT_EQ(in, out);
+  }
+  EXPECT_EQ(StripAtNul("abc\0def"s), "abc");
+  EXPECT_EQ(StripAtNul("abc"), "abc");
+  EXPECT_EQ(Trim(" \ta \0 "s), "\ta \0"s);  // blanks only
+}
+
+TEST(Cp1252Test, ConvertsBothWays) {
+  EXPECT_EQ(Cp1252ToUtf8("caf\xE9 \x80 \x99"), "café € ™");
+  EXPECT_EQ(Utf8ToCp1252("café € ™"), "caf\xE9 \x80 \x99");
+  char32_t bad = 0;
+  EXPECT_EQ(Utf8ToCp1252("snow \u2603", &bad), std::nullopt);
+  EXPECT_EQ(bad, U'\u2603');
+  EXPECT_EQ(Utf8ToCp1252Lossy("a\u2603b"), "a?b");
+  for (int b = 0; b < 256; ++b) {
+    const std::string one(1, static_cast<char>(b));
+    EXPECT_EQ(Utf8ToCp1252(Cp1252ToUtf8(one)), one) << b;
+  }
+}
+
+TEST(StartupErrorsTest, OnlyAnInvalidPictureIsToldAsWallpaper) {
+  EXPECT_FALSE(StartupErrorMessage(RtError::FileNotFound, "Chattelbook"));
+  EXPECT_FALSE(StartupErrorMessage(RtError::PathFileAccess, "Chattelbook"));
+  EXPECT_FALSE(StartupErrorMessage(RtError::PathNotFound, "Chattelbook"));
+  const auto picture = StartupErrorMessage(RtError::InvalidPicture, "Chattelbook");
+  ASSERT_TRUE(picture);
+  EXPECT_EQ(picture->text, "481: Invalid picture");
+  EXPECT_EQ(picture->title, "Wallpaper");
+  const auto other = StartupErrorMessage(RtError::OutOfMemory, "Chattelbook");
+  ASSERT_TRUE(other);
+  EXPECT_EQ(other->text, "Out of memory");
+  EXPECT_EQ(other->title, "Chattelbook");
+}
+
+}  // namespace
+}  // namespace cb

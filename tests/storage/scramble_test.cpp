@@ -1,0 +1,65 @@
+#include <gtest/gtest.h>
+
+#include "storage/Scramble.h"
+
+namespace cb {
+namespace {
+
+using namespace std::string_literals;
+
+struct ScrambleRow {
+  std::string plain;
+  std::string stored;
+};
+
+// Each character becomes 256 - c over the trimmed length of the untrimmed text.
+const ScrambleRow kScrambleRows[] = {
+    {"", ""},
+    {"A", "\xBF"},
+    {"a b", "\x9F\xE0\x9E"},
+    {"abc   ", "\x9F\x9E\x9D"},
+    {" abc", "\xE0\x9F\x9E"},         // a leading blank costs the last character
+    {"  ab", "\xE0\xE0"},
+    {"\xE0", " "},                    // code 224 is stored as a blank
+    {"\x01\xFF", "\xFF\x01"},
+    {std::string(26, '\0'), ""},      // a never-assigned field
+    {"a\0b"s, "\x9F\x9E"},            // NUL has no stored form
+};
+
+class ScrambleTest : public ::testing::TestWithParam<ScrambleRow> {};
+
+TEST_P(ScrambleTest, StoresEachCharacterAsItsComplement) {
+  EXPECT_EQ(ScrambleField(GetParam().plain), GetParam().stored);
+}
+
+INSTANTIATE_TEST_SUITE_P(Rows, ScrambleTest, ::testing::ValuesIn(kScrambleRows));
+
+struct UnscrambleRow {
+  std::string stored;
+  std::string plain;
+};
+
+const UnscrambleRow kUnscrambleRows[] = {
+    {"\xBF   ", "A"},
+    {"\x9F\xE0\x9E", "a b"},
+    {"\x9F \x9E", "ab"},               // padding blanks vanish wherever they stand
+    {"\0\0\xBF"s, "A"},                // so do NULs
+    {"", ""},
+};
+
+class UnscrambleTest : public ::testing::TestWithParam<UnscrambleRow> {};
+
+TEST_P(UnscrambleTest, SkipsPaddingAndNul) { EXPECT_EQ(UnscrambleField(GetParam().stored), GetParam().plain); }
+
+INSTANTIATE_TEST_SUITE_P(Rows, UnscrambleTest, ::testing::ValuesIn(kUnscrambleRows));
+
+TEST(ScrambleTest, EveryCodeButNulAndBlankRoundTrips) {
+  for (int c = 1; c < 256; ++c) {
+    if (c == 32 || c == 224) continue;
+    const std::string one(1, static_cast<char>(c));
+    EXPECT_EQ(UnscrambleField(ScrambleField(one)), one) << c;
+  }
+}
+
+}  // namespace
+}  // namespace cb

@@ -1,0 +1,126 @@
+#include <gtest/gtest.h>
+
+#include <cstdlib>
+#include <sys/stat.h>
+
+#include "storage/DataAccess.h"
+#include "storage/SmallFiles.h"
+#include "support/SifFixture.h"
+
+namespace cb {
+namespace {
+
+using testing::ReadFile;
+using testing::WriteFile;
+
+class SmallFilesTest : public testing::SifFixture {
+ protected:
+  SmallFilesTest() { setenv("XDG_CONFIG_HOME", config.str().c_str(), 1); }
+  std::string PasswordFile() const { return config / "Chattelbook/dprpz.dat"; }
+  testing::TempDir config;
+};
+
+struct PasswordRow {
+  std::string typed;
+  std::string stored;  // the 8 bytes of the file
+  std::string readBack;
+};
+
+const PasswordRow kPasswords[] = {
+    {"abcdefgh", "\x9F\x9E\x9D\x9C\x9B\x9A\x99\x98", "abcdefgh"},
+    {"abcdefghi", "\x9F\x9E\x9D\x9C\x9B\x9A\x99\x98", "abcdefgh"},  // cut at eight
+    {"", "        ", ""},
+    {"\xE0\xE0", "        ", ""},                                  // stored as padding
+    {"a b", "\x9F\xE0\x9E     ", "a b"},
+    {" ab", "\xE0\x9F      ", " a"},                               // a leading blank costs the end
+};
+
+class PasswordTest : public SmallFilesTest, public ::testing::WithParamInterface<PasswordRow> {};
+
+TEST_P(PasswordTest, StoresOneScrambledRecordOfEightBytes) {
+  const auto& row = GetParam();
+  UIMainController& mc = Start();
+  ASSERT_TRUE(mc.PutPassword(row.typed));
+  EXPECT_EQ(ReadFile(PasswordFile()), row.stored);
+  std::string back = "unchanged";
+  ASSERT_TRUE(mc.GetPassword(back));
+  EXPECT_EQ(back, row.readBack);
+}
+
+INSTANTIATE_TEST_SUITE_P(Rows, PasswordTest, ::testing::ValuesIn(kPasswords));
+
+TEST_F(SmallFilesTest, FirstPasswordReadCreatesAnEmptyPrivateFile) {
+  UIMainController& mc = Start();
+  std::string pw = "x";
+  ASSERT_TRUE(mc.GetPassword(pw));
+  EXPECT_EQ(pw, "");
+  struct stat st {};
+  ASSERT_EQ(::stat(PasswordFile().c_str(), &st), 0);
+  EXPECT_EQ(st.st_size, 0);
+  EXPECT_EQ(st.st_mode & 0777, 0600u);
+}
+
+TEST_F(SmallFilesTest, PasswordFailureFillsErrorInfo) {
+  WriteFile(config / "Chattelbook/dprpz.dat/inside", "a directory stands in the way");
+  UIMainController& mc = Start();
+  EXPECT_FALSE(mc.PutPassword("secret"));
+  EXPECT_EQ(g.ErrorInfo[0], "75");
+}
+
+TEST_F(SmallFilesTest, HistoryIsOneLineOfFourQuotedNames) {
+  UIMainController& mc = Start();
+  ErrorArray errors;
+  ASSERT_TRUE(mc.PutFileHistoryList({"", "", "", "", ""}, errors));
+  EXPECT_EQ(ReadFile(app / "fhistlst.dat"), "\"\",\"\",\"\",\"\"\r\n");
+  ASSERT_TRUE(mc.PutFileHistoryList({"", "MyFiles.sif", "CarYard.sif", "", ""}, errors));
+  EXPECT_EQ(ReadFile(app / "fhistlst.dat"), "\"MyFiles.sif\",\"CarYard.sif\",\"\",\"\"\r\n");
+  std::array<std::string, 5> h;
+  ASSERT_TRUE(mc.GetFileHistoryList(h, errors));
+  EXPECT_EQ(h, (std::array<std::string, 5>{"", "MyFiles.sif", "CarYard.sif", "", ""}));
+}
+
+TEST_F(SmallFilesTest, MissingOrShortHistoryFailsKeepingWhatWasRead) {
+  UIMainController& mc = Start();
+  ErrorArray errors;
+  std::array<std::string, 5> h;
+  EXPECT_FALSE(mc.GetFileHistoryList(h, errors));
+  EXPECT_EQ(errors[0], "53");
+  WriteFile(app / "fhistlst.dat", "\"a.sif\",\"b.sif\"\r\n");
+  EXPECT_FALSE(mc.GetFileHistoryList(h, errors));
+  EXPECT_EQ(errors[0], "62");
+  EXPECT_EQ(h, (std::array<std::string, 5>{"", "a.sif", "b.sif", "", ""}));
+}
+
+struct FieldsRow {
+  std::string text;
+  std::vector<std::string> fields;
+};
+
+const FieldsRow kFieldRows[] = {
+    {"\"a\",\"b\",\"\",\"\"\r\n", {"a", "b", "", ""}},
+    {"\"a, b\",\"c\"\r\n", {"a, b", "c"}},          // commas inside quotes belong to the name
+    {"  bare , \"q\" ,x\r\n\"y\"", {"bare", "q", "x", "y"}},
+    {"\"open", {"open"}},
+    {"", {}},
+};
+
+class ReadFieldsTest : public ::testing::TestWithParam<FieldsRow> {};
+
+TEST_P(ReadFieldsTest, ReadsQuotedAndBareFields) { EXPECT_EQ(ReadFields(GetParam().text, 4), GetParam().fields); }
+
+INSTANTIATE_TEST_SUITE_P(Rows, ReadFieldsTest, ::testing::ValuesIn(kFieldRows));
+
+TEST_F(SmallFilesTest, SaveReportReplacesThePageAndMakesTheFolder) {
+  UIMainController& mc = Start();
+  DataAccess data(mc, g.Slides);
+  ErrorArray errors;
+  const std::string page = app / "Reports/Report1.htm";
+  ASSERT_TRUE(data.SaveReport(page, "<html>long old page</html>", errors));
+  ASSERT_TRUE(data.SaveReport(page, "<html></html>", errors));
+  EXPECT_EQ(ReadFile(page), "<html></html>\r\n");
+  EXPECT_FALSE(data.SaveReport(app / "Reports/no/dir.htm", "x", errors));
+  EXPECT_EQ(errors[0], "76");
+}
+
+}  // namespace
+}  // namespace cb

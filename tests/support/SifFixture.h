@@ -1,0 +1,40 @@
+#pragma once
+// A temporary installation with a controller over in-memory settings.
+
+#include <gtest/gtest.h>
+
+#include <initializer_list>
+#include <utility>
+
+#include "app/Text.h"
+#include "app/UIMainController.h"
+#include "app/modGlobal.h"
+#include "support/TempDir.h"
+
+namespace cb::testing {
+
+// A slide with the given fields assigned and the others never assigned.
+inline SlideRecord Slide(std::initializer_list<std::pair<Field, std::string>> fields) {
+  SlideRecord r;
+  for (const auto& [f, v] : fields) r.Set(f, v);
+  return r;
+}
+
+class SifFixture : public ::testing::Test {
+ protected:
+  SifFixture() { std::filesystem::create_directories(app / "Files"); }
+
+  // The controller of a program started with the current settings.
+  UIMainController& Start() {
+    g.MainController = std::make_unique<UIMainController>(app.str(), settings, g);
+    return *g.MainController;
+  }
+
+  std::string FilesPath(const std::string& name) const { return app / ("Files/" + name); }
+
+  TempDir app;
+  MemorySettings settings;
+  ModGlobal g;
+};
+
+}  // namespace cb::testing
