@@ -90,6 +90,15 @@ class Canvas {
     p_.fillPath(stroker.createStroke(path), (*this)(line));
   }
 
+  // An open run of outline, ends cut square at its points.
+  void Strokes(const QPainterPath& path, Tone line) {
+    QPainterPathStroker stroker;
+    stroker.setWidth(Line());
+    stroker.setCapStyle(Qt::FlatCap);
+    stroker.setJoinStyle(Qt::MiterJoin);
+    p_.fillPath(stroker.createStroke(path), (*this)(line));
+  }
+
   // An outlined box on the pixel grid; returns the area inside its outline.
   QRectF Box(double l, double t, double r, double b, Tone fill, Tone line, double radius = 0) {
     const QRectF box(QPointF(On(l), On(t)), QPointF(On(r), On(b)));
@@ -167,12 +176,13 @@ void Page(Canvas& c, double l, double t, double r, double b, double fold) {
   sheet.lineTo(l, b);
   sheet.closeSubpath();
   c.Shape(sheet, Paper, Ink);
+  // Only the fold's two inner edges get a line; its diagonal is the sheet's own.
   QPainterPath flap;
   flap.moveTo(fx, t);
   flap.lineTo(fx, fy);
   flap.lineTo(r, fy);
-  flap.closeSubpath();
-  c.Shape(flap, PaperShade, Ink);
+  c.Painter().fillPath(flap, c(PaperShade));
+  c.Strokes(flap, Ink);
 }
 
 // A little landscape filling `r`: sky, sun and a hill.
@@ -216,7 +226,7 @@ void DrawOpen(Canvas& c) {
   back.lineTo(c.On(2), c.On(20));
   back.closeSubpath();
   c.Shape(back, GoldDark, GoldLine);
-  c.Box(5, 8.5, 17, 18, Paper, Ink);
+  if (!c.Small()) c.Box(5, 8.5, 17, 18, Paper, Ink);  // a sheet inside, where there is room
   QPainterPath front;
   front.moveTo(c.On(6), c.On(10));
   front.lineTo(c.On(23), c.On(10));
@@ -228,17 +238,18 @@ void DrawOpen(Canvas& c) {
 
 void DrawEdit(Canvas& c) {
   const QRectF mount = c.Box(1.5, 2.5, 17.5, 18.5, Paper, Ink, c.Px(1));
-  const double inset = c.Edge(2.5);
-  const QRectF window = c.Box(mount.left() + inset, mount.top() + inset, mount.right() - inset,
-                              mount.bottom() - inset, BlueLight, Ink);
-  Landscape(c, window, true);
+  // Small, the picture window loses its own outline and the mount shows as a white rim.
+  const double inset = c.Small() ? c.Px(2) : c.Edge(2.5);
+  QRectF window = mount.adjusted(inset, inset, -inset, -inset);
+  if (!c.Small()) window = c.Box(window.left(), window.top(), window.right(), window.bottom(), BlueLight, Ink);
+  Landscape(c, window, !c.Small());
 
   // The pencil lies along the x axis from its point at the origin to its eraser.
   QPainter& p = c.Painter();
   p.save();
   p.translate(8.5, 21.5);
   p.rotate(-45);
-  const double w = 2.1, body = 4.2, ferrule = 13.5, eraser = 15.2, end = 17.5;
+  const double w = c.Small() ? 2.5 : 2.1, body = 4.2, ferrule = 13.5, eraser = 15.2, end = 17.5;
   QPainterPath outline;
   outline.moveTo(0, 0);
   outline.lineTo(body, -w);
@@ -340,7 +351,7 @@ void DrawBackground(Canvas& c) {
     p.drawLine(frame.bottomRight(), picture.bottomRight());
   }
   const QRectF view = c.Box(picture.left(), picture.top(), picture.right(), picture.bottom(), BlueLight, WoodDark);
-  Landscape(c, view, true);
+  Landscape(c, view, !c.Small());
 }
 
 void DrawHelp(Canvas& c) {
