@@ -52,28 +52,34 @@ QPixmap SplashPicture(QSize size) {
   p.setBrush(Qt::NoBrush);
   p.drawRect(r.adjusted(8, 8, -8, -8));
 
-  const double cx = r.width() * 0.72;
-  const double cy = r.height() * 0.5;
+  // The snapshots sit low and right, clear of the title.
+  const double cx = r.width() * 0.70;
+  const double cy = r.height() * 0.64;
+  p.save();
+  p.translate(cx, cy);
+  p.scale(0.85, 0.85);
+  p.translate(-cx, -cy);
   DrawSnapshot(p, {cx - 70, cy + 10}, -12, QColor(92, 148, 196), QColor(76, 128, 72));
   DrawSnapshot(p, {cx + 60, cy + 25}, 10, QColor(214, 128, 92), QColor(120, 86, 60));
   DrawSnapshot(p, {cx, cy - 20}, -2, QColor(120, 170, 210), QColor(58, 110, 80));
+  p.restore();
 
   QFont title("DejaVu Serif");
   title.setPixelSize(static_cast<int>(r.height() * 0.13));
   title.setBold(true);
   p.setFont(title);
   p.setPen(QColor(240, 232, 214));
-  const QRectF text(r.width() * 0.07, r.height() * 0.28, r.width() * 0.5, r.height() * 0.2);
+  const QRectF text(r.width() * 0.07, r.height() * 0.08, r.width() * 0.86, r.height() * 0.2);
   p.drawText(text, Qt::AlignLeft | Qt::AlignVCenter, "Chattelbook");
   QFont sub("DejaVu Sans");
   sub.setPixelSize(static_cast<int>(r.height() * 0.055));
   p.setFont(sub);
   p.setPen(QColor(201, 162, 39));
-  p.drawText(text.translated(0, r.height() * 0.16), Qt::AlignLeft | Qt::AlignTop, "A pictorial inventory");
+  p.drawText(text.translated(0, r.height() * 0.17), Qt::AlignLeft | Qt::AlignTop, "A pictorial inventory");
   sub.setPixelSize(static_cast<int>(r.height() * 0.04));
   p.setFont(sub);
   p.setPen(QColor(170, 180, 190));
-  p.drawText(QRectF(r.width() * 0.07, r.height() * 0.8, r.width() * 0.6, r.height() * 0.1), Qt::AlignLeft,
+  p.drawText(QRectF(r.width() * 0.07, r.height() * 0.84, r.width() * 0.6, r.height() * 0.1), Qt::AlignLeft,
              "Home Security \u00b7 Real Estate \u00b7 Car Yard");
   return pm;
 }
