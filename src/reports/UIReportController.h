@@ -1,0 +1,72 @@
+#pragma once
+// Writes the report pages of the open Slide Information File into the
+// Reports directory beside the program: a summary by category or by
+// location, and the sub-reports that its links lead to.
+
+#include <cstdint>
+#include <optional>
+#include <string>
+#include <string_view>
+
+#include "app/RuntimeError.h"
+#include "reports/NumberRules.h"
+#include "reports/ReportPages.h"
+#include "reports/SummaryPage.h"
+#include "storage/SlideRecord.h"
+
+namespace cb {
+
+class UIMainController;
+
+// The word for the second grouping under `slideTemplate`: 1 "Location",
+// 2 "Suburb", 3 "Year"; nothing for any other template.
+std::optional<std::string_view> GroupLabel(std::int32_t slideTemplate);
+
+class UIReportController {
+ public:
+  // `mc` gives the program's directory, the open file's path and the
+  // template; `slides` is the collection read; failures are described in
+  // `errorInfo`. All three must outlive the controller.
+  UIReportController(UIMainController& mc, SlideArray& slides, ErrorArray& errorInfo, ReportLocale locale);
+
+  // The font face written into the pages; the viewer sets it first.
+  const std::string& ReportFont() const { return reportFont_; }
+  void ReportFont(std::string font) { reportFont_ = std::move(font); }
+
+  // Write "Report1.htm", Value totalled by Category (entries: locations) or
+  // by Location (entries: categories), and restart the list of report files.
+  // False, with errorInfo filled, when the page could not be made or written.
+  bool CreateReportByCategory();
+  bool CreateReportByLocation();
+
+  // Write the next numbered report file: the slides whose trimmed Category
+  // (or Location) is `key`. False, with errorInfo filled, on failure.
+  bool CreateSubReportByCategory(const std::string& key);
+  bool CreateSubReportByLocation(const std::string& key);
+
+  // The list of report files written since the summary; see ReportPages::Stack.
+  std::string ReportStack(std::int32_t operation, const std::string& fileName);
+
+  // Writes `text` to the Reports directory under the bare name `fileName`,
+  // which comes back as the full path. False, with `errors` filled, on failure.
+  bool SaveReport(std::string& fileName, const std::string& text, ErrorArray& errors);
+
+  // The first slide whose trimmed PictureFile is `key`; 0 when none.
+  std::int32_t GetSlideIndex(const std::string& key) const;
+
+ private:
+  bool CreateReport(ReportKind kind);
+  bool CreateSubReport(ReportKind kind, const std::string& key);
+  RtError CheckSlides() const;
+  bool Fail(RtError e);
+  std::string ReportsDirectory() const;
+
+  UIMainController& mc_;
+  SlideArray& slides_;
+  ErrorArray& errorInfo_;
+  ReportLocale locale_;
+  std::string reportFont_;
+  ReportPages reportPages_;
+};
+
+}  // namespace cb

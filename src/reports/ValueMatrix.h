@@ -1,0 +1,52 @@
+#pragma once
+// The summed values of a summary report: one text per (group key, entry
+// key) pair, both counted from 1 as in the key lists.
+
+#include <cstdint>
+#include <string>
+#include <vector>
+
+#include "app/RuntimeError.h"
+#include "slide/Categories.h"
+#include "storage/SlideRecord.h"
+
+namespace cb {
+
+class ValueMatrix {
+ public:
+  ValueMatrix() = default;
+  // Cells (0..groupBound, 0..entryBound), all empty; row and column 0 stay unused.
+  ValueMatrix(std::int32_t groupBound, std::int32_t entryBound);
+
+  std::int32_t GroupBound() const { return groups_; }
+  std::int32_t EntryBound() const { return entries_; }
+
+  // The cell's text: empty, or a decimal text written by the sum step.
+  const std::string& Cell(std::int32_t group, std::int32_t entry) const;
+  void SetCell(std::int32_t group, std::int32_t entry, std::string text);
+
+  friend bool operator==(const ValueMatrix& a, const ValueMatrix& b);
+
+ private:
+  std::size_t Index(std::int32_t group, std::int32_t entry) const;
+
+  std::int32_t groups_ = 0;
+  std::int32_t entries_ = 0;
+  // Most cells of a large inventory stay empty: each cell holds a place in
+  // texts_, or -1.
+  std::vector<std::int32_t> slot_;
+  std::vector<std::string> texts_;
+};
+
+// The sum step: each slide whose trimmed `groupField` is groups[g] and whose
+// trimmed `entryField` is entries[e] adds its Value to cell (g, e), as
+// NumberText(LeadingNumber(trimmed Value) + LeadingNumber(cell)), in record
+// order. One pass over the slides; the keys must be distinct. Returns
+// Overflow, leaving the matrix part-summed, when a sum leaves the range of a double.
+RtError SumValues(const SlideArray& slides, Field groupField, Field entryField, const KeyList& groups,
+                  const KeyList& entries, ValueMatrix& matrix);
+
+// The number of entries 1..EntryBound of `group` whose cell reads as a number other than 0.
+std::int32_t CountRowEntries(const ValueMatrix& matrix, std::int32_t group);
+
+}  // namespace cb
