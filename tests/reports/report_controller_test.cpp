@@ -78,13 +78,5 @@ TEST_F(ReportController, SlideLinksLeadToTheFirstSlideOfAPicture) {
   EXPECT_EQ(r.GetSlideIndex(""), 0);
 }
 
-TEST(GroupLabel, FollowsTheTemplate) {
-  EXPECT_EQ(GroupLabel(1), "Location");
-  EXPECT_EQ(GroupLabel(2), "Suburb");
-  EXPECT_EQ(GroupLabel(3), "Year");
-  EXPECT_EQ(GroupLabel(0), std::nullopt);
-  EXPECT_EQ(GroupLabel(4), std::nullopt);
-}
-
 }  // namespace
 }  // namespace cb::testing
