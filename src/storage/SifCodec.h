@@ -1,0 +1,38 @@
+#pragma once
+// The decoding of Slide Information File records as a load performs it,
+// record by record, apart from where the file comes from. DataAccess and the
+// command-line companion both read records through these functions.
+
+#include <array>
+#include <string>
+
+#include "app/Text.h"
+#include "storage/SlideRecord.h"
+
+namespace cb {
+
+// The order in which the fields of a slide are scrambled and unscrambled.
+inline constexpr std::array<Field, 9> kCodecOrder{Field::Spare,    Field::Category, Field::PictureFile,
+                                                  Field::Location, Field::Serial,   Field::SlideText,
+                                                  Field::Make,     Field::Model,    Field::Value};
+
+// The five settings a header record carries. The two numbers keep their text
+// and the result of its conversion, so that a caller sees why one failed.
+struct SifHeader {
+  std::string CountText;       // unscrambled text of NumberOfRecords
+  LongResult NumberOfRecords;  // its leading digits; Overflow beyond 32 bits
+  std::string BackgroundImage;
+  std::string Wallpaper;
+  std::string TemplateText;    // unscrambled text of SlideTemplate
+  LongResult SlideTemplate;    // TypeMismatch when the text is no number
+  std::string ReportFont;
+};
+
+// Decodes the five used fields of a header record as read from the file.
+SifHeader DecodeHeader(const SlideRecord& raw);
+
+// Replaces every field of a slide record as read from the file by its
+// unscrambled text, padded to the field's width.
+void DecodeSlide(SlideRecord& record);
+
+}  // namespace cb

@@ -1,0 +1,163 @@
+#pragma once
+// Shared by the companion's tests: a scratch directory, files the program's
+// own code writes, and the companion run in-process or as a process.
+
+#include <gtest/gtest.h>
+
+#include <cstdio>
+#include <filesystem>
+#include <fstream>
+#include <iterator>
+#include <random>
+#include <sstream>
+#include <string>
+#include <sys/wait.h>
+#include <utility>
+#include <vector>
+
+#include <QStringList>
+
+#include "Commands.h"
+#include "app/Cp1252.h"
+#include "app/UIMainController.h"
+#include "app/modGlobal.h"
+#include "storage/DataAccess.h"
+#include "storage/Scramble.h"
+
+namespace cb::sif::testing {
+
+namespace fs = std::filesystem;
+
+class Scratch {
+ public:
+  Scratch() {
+    std::random_device rd;
+    path_ = fs::temp_directory_path() / ("chattelbook-sif-test-" + std::to_string(rd()) + std::to_string(rd()));
+    fs::create_directories(path_);
+  }
+  ~Scratch() {
+    std::error_code ec;
+    fs::remove_all(path_, ec);
+  }
+  Scratch(const Scratch&) = delete;
+  Scratch& operator=(const Scratch&) = delete;
+
+  std::string str() const { return path_.string(); }
+  std::string operator/(const std::string& rel) const { return (path_ / rel).string(); }
+  std::vector<std::string> Names() const {
+    std::vector<std::string> names;
+    for (const auto& e : fs::directory_iterator(path_)) names.push_back(e.path().filename().string());
+    return names;
+  }
+
+ private:
+  fs::path path_;
+};
+
+inline std::string ReadBytes(const std::string& path) {
+  std::ifstream in(path, std::ios::binary);
+  return {std::istreambuf_iterator<char>(in), std::istreambuf_iterator<char>()};
+}
+
+inline void WriteBytes(const std::string& path, const std::string& bytes) {
+  std::ofstream(path, std::ios::binary | std::ios::trunc) << bytes;
+}
+
+// One slide as the program makes it: picture and text assigned when added,
+// the rest typed in the editor; a field given as "" is never assigned.
+struct SlideText {
+  std::string picture{}, text{}, category{}, location{}, make{}, model{}, serial{}, value{};
+};
+
+// The settings a file carries in its header.
+struct Header {
+  std::int32_t slideTemplate = 1;
+  std::string background, wallpaper, font;
+};
+
+// The test's UTF-8 text as the program holds it, in Windows-1252.
+inline std::string Cp(const std::string& utf8) { return Utf8ToCp1252(utf8).value(); }
+
+// Writes `path` as the program does: File New, then each slide added and
+// edited with a save after each step. Returns the bytes on disk.
+inline std::string WriteAsProgram(const std::string& path, const Header& h, const std::vector<SlideText>& slides) {
+  ModGlobal g;
+  MemorySettings settings;
+  UIMainController mc(fs::path(path).parent_path().string(), settings, g);
+  mc.SlideInformationFilePath(path);
+  mc.SlideTemplate(h.slideTemplate);
+  mc.BackgroundImage(Cp(h.background));
+  mc.Wallpaper(Cp(h.wallpaper));
+  mc.ReportFont(Cp(h.font));
+  g.Slides = SlideArray(1);
+  ErrorArray errors;
+  EXPECT_TRUE(mc.SaveSettings(errors)) << errors[2];
+  for (const auto& s : slides) {
+    SlideRecord r;
+    r.Set(Field::PictureFile, Cp(s.picture));
+    r.Set(Field::SlideText, Cp(s.text));
+    g.Slides.push_back(r);
+    EXPECT_TRUE(mc.SaveSettings(errors)) << errors[2];
+    const std::pair<Field, const std::string*> edits[] = {{Field::Category, &s.category}, {Field::Location, &s.location},
+                                                          {Field::Make, &s.make},         {Field::Model, &s.model},
+                                                          {Field::Serial, &s.serial},     {Field::Value, &s.value}};
+    for (const auto& [f, v] : edits)
+      if (!v->empty()) g.Slides.back().Set(f, Cp(*v));
+    EXPECT_TRUE(mc.SaveSettings(errors)) << errors[2];
+  }
+  return ReadBytes(path);
+}
+
+// `bytes` with the header's count and template fields replaced.
+inline std::string WithHeader(std::string bytes, const std::string& count, const std::string& tmpl) {
+  SlideRecord h;
+  std::copy_n(bytes.begin(), kRecordLength, h.bytes().begin());
+  h.Set(Field::Serial, ScrambleField(count));
+  h.Set(Field::Spare, ScrambleField(tmpl));
+  std::copy_n(h.bytes().begin(), kRecordLength, bytes.begin());
+  return bytes;
+}
+
+struct Outcome {
+  int status = -1;
+  std::string out, err;
+};
+
+// The companion in this process; `input` is its standard input.
+inline Outcome RunInProcess(const std::vector<std::string>& args, const std::string& input = "") {
+  QStringList list{"chattelbook-sif"};
+  for (const auto& a : args) list << QString::fromStdString(a);
+  std::ostringstream out, err;
+  std::istringstream in(input);
+  Outcome r;
+  r.status = RunSif(list, out, err, in);
+  r.out = out.str();
+  r.err = err.str();
+  return r;
+}
+
+inline std::string ShellQuote(const std::string& s) {
+  std::string q = "'";
+  for (char c : s) q += c == '\'' ? std::string("'\\''") : std::string(1, c);
+  return q + "'";
+}
+
+// The built program as its own process; stdout and stderr kept apart.
+inline Outcome RunProcess(const std::vector<std::string>& args, const Scratch& dir) {
+  std::string cmd = ShellQuote(SIF_BINARY);
+  for (const auto& a : args) cmd += " " + ShellQuote(a);
+  const std::string errFile = dir / ".stderr";
+  cmd += " 2>" + ShellQuote(errFile) + " </dev/null";
+  Outcome r;
+  FILE* p = ::popen(cmd.c_str(), "r");
+  if (!p) return r;
+  char buf[4096];
+  for (std::size_t n; (n = std::fread(buf, 1, sizeof buf, p)) > 0;) r.out.append(buf, n);
+  const int status = ::pclose(p);
+  r.status = WIFEXITED(status) ? WEXITSTATUS(status) : -1;
+  r.err = ReadBytes(errFile);
+  fs::remove(errFile);
+  return r;
+}
+
+}  // namespace cb::sif::testing

@@ -1,0 +1,101 @@
+// The program as users run it: exit statuses, what goes to which stream,
+// and the listing of show.
+
+#include <gmock/gmock.h>
+
+#include "SifTools.h"
+
+namespace cb::sif::testing {
+namespace {
+
+using ::testing::HasSubstr;
+using ::testing::StartsWith;
+
+struct ExitCase {
+  const char* name;
+  std::vector<std::string> args;  // "@" stands for the scratch directory
+  int status;
+  const char* err;  // the start of standard error; "" for none
+};
+
+const ExitCase kExitCases[] = {
+    {"help", {"--help"}, 0, ""},
+    {"a command's help", {"export", "--help"}, 0, ""},
+    {"version", {"--version"}, 0, ""},
+    {"show", {"show", "@/good.sif"}, 0, ""},
+    {"export", {"export", "@/good.sif", "--format", "json"}, 0, ""},
+    {"check of a clean file", {"check", "@/good.sif"}, 0, ""},
+    {"no command", {}, 2, "chattelbook-sif: a command is missing\n\nUsage:"},
+    {"unknown command", {"list", "@/good.sif"}, 2, "chattelbook-sif: unknown command \"list\"\n\nUsage:"},
+    {"unknown option", {"show", "--fast", "@/good.sif"}, 2, "chattelbook-sif: Unknown option 'fast'."},
+    {"file missing", {"export"}, 2, "chattelbook-sif: a file is missing"},
+    {"two files", {"show", "@/good.sif", "@/good.sif"}, 2, "chattelbook-sif: too many files"},
+    {"bad format", {"export", "@/good.sif", "--format", "xml"}, 2, "chattelbook-sif: --format takes csv or json"},
+    {"import without -o", {"import", "@/in.csv"}, 2, "chattelbook-sif: import needs -o FILE.sif"},
+    {"bad template", {"import", "@/in.csv", "-o", "@/x.sif", "--template", "4"}, 2,
+     "chattelbook-sif: --template takes 1, 2 or 3"},
+    {"report without --by", {"report", "@/good.sif"}, 2, "chattelbook-sif: report needs --by"},
+    {"no such file", {"show", "@/absent.sif"}, 1, "chattelbook-sif: "},
+    {"a load would fail", {"export", "@/huge.sif"}, 1, "chattelbook-sif: "},
+    {"check with findings", {"check", "@/huge.sif"}, 1, ""},
+    {"refused import", {"import", "@/bad.csv", "-o", "@/x.sif"}, 1, "chattelbook-sif: "},
+};
+
+TEST(Commands, ExitStatusesAndStreams) {
+  Scratch dir;
+  const std::string good = WriteAsProgram(dir / "good.sif", {}, {{"a.jpg", "A"}});
+  WriteBytes(dir / "huge.sif", WithHeader(good, "50000", "1"));
+  WriteBytes(dir / "in.csv", "PictureFile\r\na.jpg\r\n");
+  WriteBytes(dir / "bad.csv", "Value\r\n123456789012\r\n");
+  for (const auto& c : kExitCases) {
+    SCOPED_TRACE(c.name);
+    std::vector<std::string> args;
+    for (std::string a : c.args) args.push_back(a.starts_with("@") ? dir.str() + a.substr(1) : a);
+    const Outcome r = RunProcess(args, dir);
+    EXPECT_EQ(r.status, c.status) << r.err;
+    EXPECT_THAT(r.err, StartsWith(c.err));
+    if (*c.err == '\0') {
+      EXPECT_EQ(r.err, "");
+    }
+    if (c.status == 2) {
+      EXPECT_EQ(r.out, "");
+    }
+  }
+  EXPECT_FALSE(fs::exists(dir / "x.sif"));
+}
+
+TEST(Commands, HelpAndVersionGoToStandardOutput) {
+  Scratch dir;
+  const Outcome help = RunProcess({"--help"}, dir);
+  EXPECT_THAT(help.out, StartsWith("Usage:\n  chattelbook-sif show   FILE.sif\n"));
+  EXPECT_THAT(help.out, HasSubstr("Exit status: 0 success, 1 a problem with the data or a file, 2 bad usage.\n"));
+  EXPECT_THAT(RunProcess({"--version"}, dir).out, StartsWith("chattelbook-sif "));
+}
+
+TEST(Commands, ShowLabelsFieldsAsTheTemplatesEditorDoes) {
+  Scratch dir;
+  const std::vector<SlideText> car = {{"car.jpg", "Ford Falcon", "Sedan", "1998", "Red", "Tow bar", "ABC-123", "4990"}};
+  WriteAsProgram(dir / "cars.sif", {3, "Frame1.jpg", "", "Verdana"}, car);
+  const Outcome r = RunInProcess({"show", dir / "cars.sif"});
+  ASSERT_EQ(r.status, 0) << r.err;
+  EXPECT_EQ(r.out,
+            "File:             " + (dir / "cars.sif") + "\n"
+            "Template:         3 Car Yard\n"
+            "Background image: Frame1.jpg\n"
+            "Wallpaper:        \n"
+            "Report font:      Verdana\n"
+            "Slides:           1\n"
+            "\n"
+            "Slide 1\n"
+            "  Picture:        car.jpg\n"
+            "  Slide Text:     Ford Falcon\n"
+            "  Category:       Sedan\n"
+            "  Year:           1998\n"
+            "  Regn #:         ABC-123\n"
+            "  Colour:         Red\n"
+            "  Extras:         Tow bar\n"
+            "  Price:          4990\n");
+}
+
+}  // namespace
+}  // namespace cb::sif::testing

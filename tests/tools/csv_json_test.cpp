@@ -1,0 +1,183 @@
+// The two interchange formats: what is written must read back unchanged,
+// and malformed input must be refused with a message that finds the spot.
+
+#include <gmock/gmock.h>
+
+#include "Csv.h"
+#include "Formats.h"
+#include "SifTools.h"
+
+namespace cb::sif::testing {
+namespace {
+
+using ::testing::HasSubstr;
+
+struct CsvCase {
+  const char* name;
+  std::vector<CsvRow> rows;
+  std::string text;
+};
+
+const CsvCase kCsvCases[] = {
+    {"plain", {{"a", "b"}, {"", "c"}}, "a,b\r\n,c\r\n"},
+    {"comma", {{"1,500", "x"}}, "\"1,500\",x\r\n"},
+    {"quotes doubled", {{"Ring \"gold\""}}, "\"Ring \"\"gold\"\"\"\r\n"},
+    {"line breaks kept as written", {{"two\r\nlines", "lf\nonly"}}, "\"two\r\nlines\",\"lf\nonly\"\r\n"},
+    {"blanks at either end", {{" lead", "trail "}}, "\" lead\",\"trail \"\r\n"},
+    {"non-ASCII untouched", {{"Café €5"}}, "Café €5\r\n"},
+};
+
+TEST(Csv, WritesAndReadsBack) {
+  for (const auto& c : kCsvCases) {
+    SCOPED_TRACE(c.name);
+    EXPECT_EQ(WriteCsv(c.rows), c.text);
+    std::vector<CsvRow> back;
+    std::string message;
+    ASSERT_TRUE(ParseCsv(c.text, back, message)) << message;
+    EXPECT_EQ(back, c.rows);
+  }
+}
+
+TEST(Csv, ReadsWhatSpreadsheetsAndEditorsWrite) {
+  const struct {
+    const char* name;
+    std::string text;
+    std::vector<CsvRow> rows;
+  } cases[] = {
+      {"LF line ends", "a,b\nc,d\n", {{"a", "b"}, {"c", "d"}}},
+      {"CR line ends", "a,b\rc,d", {{"a", "b"}, {"c", "d"}}},
+      {"byte-order mark", "\xEF\xBB\xBF" "a\r\n", {{"a"}}},
+      {"no final line end", "a,\"b\"", {{"a", "b"}}},
+      {"empty lines skipped", "a\r\n\r\n\nb\r\n", {{"a"}, {"b"}}},
+      {"trailing empty field", "a,\r\n", {{"a", ""}}},
+      {"stray quote inside a bare field", "5\" screen,x", {{"5\" screen", "x"}}},
+  };
+  for (const auto& c : cases) {
+    SCOPED_TRACE(c.name);
+    std::vector<CsvRow> rows;
+    std::string message;
+    ASSERT_TRUE(ParseCsv(c.text, rows, message)) << message;
+    EXPECT_EQ(rows, c.rows);
+  }
+}
+
+TEST(Csv, NamesTheLineOfMalformedQuoting) {
+  const struct {
+    std::string text;
+    const char* message;
+  } cases[] = {
+      {"a\r\nb,\"open\r\nstill open", "line 2: a quoted field is not closed"},
+      {"a\n\"x\"y,z", "line 2: text after the closing quote of a field"},
+      {"\"multi\nline\",ok\n\"bad\"x", "line 3: text after the closing quote of a field"},
+  };
+  for (const auto& c : cases) {
+    std::vector<CsvRow> rows;
+    std::string message;
+    EXPECT_FALSE(ParseCsv(c.text, rows, message));
+    EXPECT_EQ(message, c.message);
+  }
+}
+
+TEST(Csv, MapsColumnsByName) {
+  Inventory inv;
+  std::string message;
+  ASSERT_TRUE(ImportCsv("value,PictureFile\r\n150,a.jpg\r\n", inv, message)) << message;
+  ASSERT_EQ(inv.Slides.size(), 1u);
+  EXPECT_EQ(inv.Slides[0][1], "a.jpg");
+  EXPECT_EQ(inv.Slides[0][8], "150");
+  EXPECT_EQ(inv.Slides[0][2], "");
+  EXPECT_FALSE(inv.SlideTemplate);
+
+  const struct {
+    std::string text;
+    const char* message;
+  } refused[] = {
+      {"", "no header row naming the columns"},
+      {"PictureFile,Colour\r\n", "column \"Colour\" is none of Spare, PictureFile"},
+      {"Make,make\r\n", "column \"make\" appears twice"},
+      {"Make,Model\r\na,b\r\nc\r\n", "row 2: 1 cells, the header has 2"},
+  };
+  for (const auto& c : refused) {
+    EXPECT_FALSE(ImportCsv(c.text, inv, message));
+    EXPECT_THAT(message, HasSubstr(c.message));
+  }
+}
+
+Inventory Sample() {
+  Inventory inv;
+  inv.SlideTemplate = 2;
+  inv.BackgroundImage = "Frame \"3\".jpg";
+  inv.Wallpaper = "back\\slash";
+  inv.ReportFont = "Times New Roman";
+  inv.Slides.push_back({"", "a.jpg", "line\r\nbreak\ttab\x01", "Café", " lead", "", "", "", "€5"});
+  inv.Slides.push_back({});
+  return inv;
+}
+
+TEST(Json, WritesAndReadsBack) {
+  for (auto tmpl : {std::optional<std::int32_t>(2), std::optional<std::int32_t>()}) {
+    Inventory inv = Sample();
+    inv.SlideTemplate = tmpl;
+    const std::string text = ExportJson(inv);
+    Inventory back;
+    std::string message;
+    ASSERT_TRUE(ImportJson(text, back, message)) << message << "\n" << text;
+    EXPECT_EQ(back.SlideTemplate, inv.SlideTemplate);
+    EXPECT_EQ(back.BackgroundImage, inv.BackgroundImage);
+    EXPECT_EQ(back.Wallpaper, inv.Wallpaper);
+    EXPECT_EQ(back.ReportFont, inv.ReportFont);
+    EXPECT_EQ(back.Slides, inv.Slides);
+  }
+  EXPECT_THAT(ExportJson(Sample()), HasSubstr("\"slideText\": \"line\\r\\nbreak\\ttab\\u0001\""));
+}
+
+TEST(Json, KeysFollowRecordOrder) {
+  const std::string text = ExportJson(Sample());
+  std::size_t at = text.find("\"template\"");
+  for (const char* key : {"\"backgroundImage\"", "\"wallpaper\"", "\"reportFont\"", "\"slides\"", "\"spare\"",
+                          "\"pictureFile\"", "\"slideText\"", "\"category\"", "\"location\"", "\"make\"",
+                          "\"model\"", "\"serial\"", "\"value\""}) {
+    const std::size_t next = text.find(key);
+    ASSERT_NE(next, std::string::npos) << key;
+    EXPECT_GT(next, at) << key;
+    at = next;
+  }
+}
+
+TEST(Json, RefusesWhatItCannotRead) {
+  const struct {
+    std::string text;
+    const char* message;
+  } cases[] = {
+      {"{\"slides\": [", "not JSON: "},
+      {"[]", "the JSON is no object"},
+      {"{\"font\": \"Arial\"}", "unknown key \"font\""},
+      {"{\"template\": 1.5}", "template: not a whole number"},
+      {"{\"template\": \"2\"}", "template: not a whole number"},
+      {"{\"wallpaper\": 3}", "wallpaper: not a text"},
+      {"{\"slides\": {}}", "slides: not an array"},
+      {"{\"slides\": [{}, 7]}", "row 2: not an object"},
+      {"{\"slides\": [{\"PictureFile\": \"a\"}]}", "row 1: unknown key \"PictureFile\""},
+      {"{\"slides\": [{}, {\"value\": 150}]}", "row 2, Value: not a text"},
+  };
+  for (const auto& c : cases) {
+    Inventory inv;
+    std::string message;
+    EXPECT_FALSE(ImportJson(c.text, inv, message)) << c.text;
+    EXPECT_THAT(message, HasSubstr(c.message)) << c.text;
+  }
+}
+
+TEST(Json, MissingAndNullAreEmpty) {
+  Inventory inv;
+  std::string message;
+  ASSERT_TRUE(ImportJson("{\"template\": null, \"slides\": [{\"pictureFile\": \"a.jpg\", \"make\": null}]}", inv,
+                         message))
+      << message;
+  EXPECT_FALSE(inv.SlideTemplate);
+  ASSERT_EQ(inv.Slides.size(), 1u);
+  EXPECT_EQ(inv.Slides[0], (SlideRow{"", "a.jpg", "", "", "", "", "", "", ""}));
+}
+
+}  // namespace
+}  // namespace cb::sif::testing

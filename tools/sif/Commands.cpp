@@ -1,0 +1,270 @@
+#include "Commands.h"
+
+#include <QCommandLineParser>
+
+#include <array>
+#include <filesystem>
+#include <fstream>
+#include <iostream>
+#include <iterator>
+#include <sstream>
+
+#include "Check.h"
+#include "app/Cp1252.h"
+#include "Formats.h"
+#include "Inventory.h"
+#include "Report.h"
+#include "SifFile.h"
+#include "Show.h"
+
+namespace cb::sif {
+namespace {
+
+constexpr std::string_view kProgram = "chattelbook-sif";
+
+constexpr std::string_view kUsage =
+    "Usage:\n"
+    "  chattelbook-sif show   FILE.sif\n"
+    "  chattelbook-sif export FILE.sif [--format csv|json] [-o OUT]\n"
+    "  chattelbook-sif import IN [--format csv|json] -o FILE.sif [--template 1|2|3] [--force]\n"
+    "  chattelbook-sif report FILE.sif --by category|location [--key KEY] [--font NAME] [-o OUT]\n"
+    "  chattelbook-sif check  FILE.sif [--gallery DIR]\n"
+    "  chattelbook-sif --help | --version\n"
+    "\n"
+    "Commands:\n"
+    "  show    list the file's settings and slides\n"
+    "  export  write the slides as CSV or JSON (with the settings) to OUT or standard output\n"
+    "  import  make FILE.sif from CSV or JSON (IN \"-\" is standard input); an existing\n"
+    "          FILE.sif is replaced only with --force\n"
+    "  report  write the summary report page by category or location, or with --key the\n"
+    "          sub-report of KEY, as the program does; the file's report font unless --font\n"
+    "  check   list what a load of the file would meet; with --gallery, the pictures\n"
+    "          missing from DIR\n"
+    "\n"
+    "Without --format, a file name ending in \".json\" means JSON, any other CSV.\n"
+    "Exit status: 0 success, 1 a problem with the data or a file, 2 bad usage.\n";
+
+struct Io {
+  std::ostream& out;
+  std::ostream& err;
+  std::istream& in;
+};
+
+std::string S(const QString& q) { return q.toStdString(); }
+
+int Usage(Io& io, const std::string& problem) {
+  io.err << kProgram << ": " << problem << "\n\n" << kUsage;
+  return kExitUsage;
+}
+
+int Fail(Io& io, const std::string& message) {
+  io.err << kProgram << ": " << message << "\n";
+  return kExitData;
+}
+
+// Parses the command's own arguments; false when the caller must return `status`.
+bool Parse(QCommandLineParser& p, const QStringList& args, Io& io, int& status) {
+  p.addHelpOption();
+  if (!p.parse(args)) {
+    status = Usage(io, S(p.errorText()));
+    return false;
+  }
+  if (p.isSet("help")) {
+    io.out << kUsage;
+    status = kExitOk;
+    return false;
+  }
+  if (p.positionalArguments().size() != 1) {
+    status = Usage(io, p.positionalArguments().isEmpty() ? "a file is missing" : "too many files");
+    return false;
+  }
+  return true;
+}
+
+// The format named by --format, or guessed from `file`'s extension.
+std::optional<Format> FormatOf(const QCommandLineParser& p, const QString& file) {
+  if (!p.isSet("format")) return file.endsWith(".json", Qt::CaseInsensitive) ? Format::Json : Format::Csv;
+  const QString f = p.value("format");
+  if (f == "csv") return Format::Csv;
+  if (f == "json") return Format::Json;
+  return std::nullopt;
+}
+
+// `bytes` to the -o file, or to standard output without one.
+int Emit(Io& io, const std::string& bytes, const QString& output) {
+  if (output.isEmpty() || output == "-") {
+    io.out << bytes;
+    io.out.flush();
+    return io.out ? kExitOk : Fail(io, "cannot write to standard output");
+  }
+  std::ofstream f(S(output), std::ios::binary | std::ios::trunc);
+  if (f) f << bytes;
+  if (!f.flush()) return Fail(io, S(output) + ": cannot be written");
+  return kExitOk;
+}
+
+bool ReadInput(Io& io, const QString& name, std::string& bytes, std::string& message) {
+  if (name == "-") {
+    bytes.assign(std::istreambuf_iterator<char>(io.in), std::istreambuf_iterator<char>());
+    return true;
+  }
+  std::error_code ec;
+  if (std::filesystem::is_directory(S(name), ec)) {
+    message = S(name) + ": is a directory";
+    return false;
+  }
+  std::ifstream f(S(name), std::ios::binary);
+  if (!f) {
+    message = S(name) + ": cannot be read";
+    return false;
+  }
+  bytes.assign(std::istreambuf_iterator<char>(f), std::istreambuf_iterator<char>());
+  return true;
+}
+
+const QCommandLineOption kFormat(QString("format"), "csv or json", "FORMAT");
+const QCommandLineOption kOutput({"o", "output"}, "output file", "OUT");
+
+int RunShow(const QStringList& args, Io& io) {
+  QCommandLineParser p;
+  int status = kExitOk;
+  if (!Parse(p, args, io, status)) return status;
+  const std::string path = S(p.positionalArguments()[0]);
+  SifDocument doc;
+  std::string message;
+  if (!ReadSif(path, doc, message)) return Fail(io, message);
+  io.out << ShowText(path, doc);
+  return kExitOk;
+}
+
+int RunExport(const QStringList& args, Io& io) {
+  QCommandLineParser p;
+  p.addOptions({kFormat, kOutput});
+  int status = kExitOk;
+  if (!Parse(p, args, io, status)) return status;
+  const auto format = FormatOf(p, p.value(kOutput));
+  if (!format) return Usage(io, "--format takes csv or json");
+  SifDocument doc;
+  std::string message;
+  if (!ReadSif(S(p.positionalArguments()[0]), doc, message)) return Fail(io, message);
+  const Inventory inv = ToInventory(doc);
+  return Emit(io, *format == Format::Json ? ExportJson(inv) : ExportCsv(inv), p.value(kOutput));
+}
+
+int RunImport(const QStringList& args, Io& io) {
+  QCommandLineParser p;
+  const QCommandLineOption templ(QString("template"), "1, 2 or 3", "N");
+  const QCommandLineOption force(QString("force"), "replace an existing file");
+  p.addOptions({kFormat, kOutput, templ, force});
+  int status = kExitOk;
+  if (!Parse(p, args, io, status)) return status;
+  const QString input = p.positionalArguments()[0];
+  if (p.value(kOutput).isEmpty()) return Usage(io, "import needs -o FILE.sif");
+  const auto format = FormatOf(p, input);
+  if (!format) return Usage(io, "--format takes csv or json");
+  std::optional<std::int32_t> templateOverride;
+  if (p.isSet(templ)) {
+    const QString t = p.value(templ);
+    if (t != "1" && t != "2" && t != "3") return Usage(io, "--template takes 1, 2 or 3");
+    templateOverride = t.toInt();
+  }
+
+  std::string bytes, message;
+  if (!ReadInput(io, input, bytes, message)) return Fail(io, message);
+  Inventory inv;
+  const bool read = *format == Format::Json ? ImportJson(bytes, inv, message) : ImportCsv(bytes, inv, message);
+  if (!read) return Fail(io, S(input) + ": " + message);
+  SifSettings settings;
+  SlideArray slides;
+  if (!FromInventory(inv, templateOverride, settings, slides, message))
+    return Fail(io, S(input) + ": " + message + "; nothing was written");
+  if (!WriteSif(S(p.value(kOutput)), settings, slides, p.isSet(force), message)) return Fail(io, message);
+  return kExitOk;
+}
+
+int RunReport(const QStringList& args, Io& io) {
+  QCommandLineParser p;
+  const QCommandLineOption by(QString("by"), "category or location", "GROUPING");
+  const QCommandLineOption key(QString("key"), "the group of the sub-report", "KEY");
+  const QCommandLineOption font(QString("font"), "the font face of the page", "NAME");
+  p.addOptions({by, key, font, kOutput});
+  int status = kExitOk;
+  if (!Parse(p, args, io, status)) return status;
+  ReportRequest request;
+  if (p.value(by) == "category")
+    request.kind = ReportKind::ByCategory;
+  else if (p.value(by) == "location")
+    request.kind = ReportKind::ByLocation;
+  else
+    return Usage(io, "report needs --by category or --by location");
+  std::string message;
+  if (p.isSet(key)) {
+    // Keys are compared with the file's Windows-1252 text.
+    request.key = Utf8ToFileText(S(p.value(key)), message);
+    if (!request.key) return Fail(io, "--key: " + message);
+  }
+  if (p.isSet(font)) {
+    request.font = Utf8ToFileText(S(p.value(font)), message);
+    if (!request.font) return Fail(io, "--font: " + message);
+  }
+  const std::string path = S(p.positionalArguments()[0]);
+  SifDocument doc;
+  if (!ReadSif(path, doc, message)) return Fail(io, message);
+  request.filePath = Utf8ToCp1252Lossy(std::filesystem::absolute(path).lexically_normal().string());
+  std::string page;
+  if (!MakeReport(request, doc, SystemReportLocale(), page, message)) return Fail(io, message);
+  return Emit(io, page, p.value(kOutput));
+}
+
+int RunCheck(const QStringList& args, Io& io) {
+  QCommandLineParser p;
+  const QCommandLineOption gallery(QString("gallery"), "the directory of the pictures", "DIR");
+  p.addOption(gallery);
+  int status = kExitOk;
+  if (!Parse(p, args, io, status)) return status;
+  std::optional<std::string> dir;
+  if (p.isSet(gallery)) dir = S(p.value(gallery));
+  std::vector<std::string> findings;
+  std::string message;
+  if (!CheckSif(S(p.positionalArguments()[0]), dir, findings, message)) return Fail(io, message);
+  for (const auto& f : findings) io.out << f << "\n";
+  return findings.empty() ? kExitOk : kExitData;
+}
+
+struct Command {
+  std::string_view name;
+  int (*run)(const QStringList&, Io&);
+};
+
+constexpr std::array<Command, 5> kCommands{{
+    {"show", RunShow},
+    {"export", RunExport},
+    {"import", RunImport},
+    {"report", RunReport},
+    {"check", RunCheck},
+}};
+
+}  // namespace
+
+int RunSif(const QStringList& args, std::ostream& out, std::ostream& err, std::istream& in) {
+  Io io{out, err, in};
+  if (args.size() < 2) return Usage(io, "a command is missing");
+  const QString first = args[1];
+  if (first == "--help" || first == "-h") {
+    out << kUsage;
+    return kExitOk;
+  }
+  if (first == "--version" || first == "-v") {
+    out << kProgram << " " << CHATTELBOOK_VERSION << "\n";
+    return kExitOk;
+  }
+  for (const auto& c : kCommands)
+    if (first == QString::fromUtf8(c.name.data(), static_cast<qsizetype>(c.name.size()))) {
+      QStringList rest = args.mid(2);
+      rest.prepend(args[0] + " " + first);
+      return c.run(rest, io);
+    }
+  return Usage(io, "unknown command \"" + S(first) + "\"");
+}
+
+}  // namespace cb::sif
