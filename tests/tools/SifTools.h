@@ -6,9 +6,6 @@
 
 #include <cstdio>
 #include <filesystem>
-#include <fstream>
-#include <iterator>
-#include <random>
 #include <sstream>
 #include <string>
 #include <sys/wait.h>
@@ -23,44 +20,21 @@
 #include "app/modGlobal.h"
 #include "storage/DataAccess.h"
 #include "storage/Scramble.h"
+#include "support/TempDir.h"
 
 namespace cb::sif::testing {
 
 namespace fs = std::filesystem;
 
-class Scratch {
- public:
-  Scratch() {
-    std::random_device rd;
-    path_ = fs::temp_directory_path() / ("chattelbook-sif-test-" + std::to_string(rd()) + std::to_string(rd()));
-    fs::create_directories(path_);
-  }
-  ~Scratch() {
-    std::error_code ec;
-    fs::remove_all(path_, ec);
-  }
-  Scratch(const Scratch&) = delete;
-  Scratch& operator=(const Scratch&) = delete;
+using Scratch = cb::testing::TempDir;
+using cb::testing::ReadFile;
+using cb::testing::WriteFile;
 
-  std::string str() const { return path_.string(); }
-  std::string operator/(const std::string& rel) const { return (path_ / rel).string(); }
-  std::vector<std::string> Names() const {
-    std::vector<std::string> names;
-    for (const auto& e : fs::directory_iterator(path_)) names.push_back(e.path().filename().string());
-    return names;
-  }
-
- private:
-  fs::path path_;
-};
-
-inline std::string ReadBytes(const std::string& path) {
-  std::ifstream in(path, std::ios::binary);
-  return {std::istreambuf_iterator<char>(in), std::istreambuf_iterator<char>()};
-}
-
-inline void WriteBytes(const std::string& path, const std::string& bytes) {
-  std::ofstream(path, std::ios::binary | std::ios::trunc) << bytes;
+// The names in `dir`, in no particular order.
+inline std::vector<std::string> Names(const Scratch& dir) {
+  std::vector<std::string> names;
+  for (const auto& e : fs::directory_iterator(dir.str())) names.push_back(e.path().filename().string());
+  return names;
 }
 
 // One slide as the program makes it: picture and text assigned when added,
@@ -72,7 +46,7 @@ struct SlideText {
 // The settings a file carries in its header.
 struct Header {
   std::int32_t slideTemplate = 1;
-  std::string background, wallpaper, font;
+  std::string background{}, wallpaper{}, font{};
 };
 
 // The test's UTF-8 text as the program holds it, in Windows-1252.
@@ -105,7 +79,7 @@ inline std::string WriteAsProgram(const std::string& path, const Header& h, cons
       if (!v->empty()) g.Slides.back().Set(f, Cp(*v));
     EXPECT_TRUE(mc.SaveSettings(errors)) << errors[2];
   }
-  return ReadBytes(path);
+  return ReadFile(path);
 }
 
 // `bytes` with the header's count and template fields replaced.
@@ -155,7 +129,7 @@ inline Outcome RunProcess(const std::vector<std::string>& args, const Scratch& d
   for (std::size_t n; (n = std::fread(buf, 1, sizeof buf, p)) > 0;) r.out.append(buf, n);
   const int status = ::pclose(p);
   r.status = WIFEXITED(status) ? WEXITSTATUS(status) : -1;
-  r.err = ReadBytes(errFile);
+  r.err = ReadFile(errFile);
   fs::remove(errFile);
   return r;
 }

@@ -38,43 +38,26 @@ TEST(Csv, WritesAndReadsBack) {
   }
 }
 
-TEST(Csv, ReadsWhatSpreadsheetsAndEditorsWrite) {
+TEST(Csv, ReadsWhatSpreadsheetsWriteAndNamesTheLineOfBadQuoting) {
   const struct {
-    const char* name;
     std::string text;
-    std::vector<CsvRow> rows;
-  } cases[] = {
-      {"LF line ends", "a,b\nc,d\n", {{"a", "b"}, {"c", "d"}}},
-      {"CR line ends", "a,b\rc,d", {{"a", "b"}, {"c", "d"}}},
-      {"byte-order mark", "\xEF\xBB\xBF" "a\r\n", {{"a"}}},
-      {"no final line end", "a,\"b\"", {{"a", "b"}}},
-      {"empty lines skipped", "a\r\n\r\n\nb\r\n", {{"a"}, {"b"}}},
-      {"trailing empty field", "a,\r\n", {{"a", ""}}},
-      {"stray quote inside a bare field", "5\" screen,x", {{"5\" screen", "x"}}},
-  };
-  for (const auto& c : cases) {
-    SCOPED_TRACE(c.name);
-    std::vector<CsvRow> rows;
+    std::vector<CsvRow> rows;  // expected when `message` is empty
     std::string message;
-    ASSERT_TRUE(ParseCsv(c.text, rows, message)) << message;
-    EXPECT_EQ(rows, c.rows);
-  }
-}
-
-TEST(Csv, NamesTheLineOfMalformedQuoting) {
-  const struct {
-    std::string text;
-    const char* message;
   } cases[] = {
-      {"a\r\nb,\"open\r\nstill open", "line 2: a quoted field is not closed"},
-      {"a\n\"x\"y,z", "line 2: text after the closing quote of a field"},
-      {"\"multi\nline\",ok\n\"bad\"x", "line 3: text after the closing quote of a field"},
+      {"a,b\nc,\"d\"", {{"a", "b"}, {"c", "d"}}, ""},  // LF line ends, none at the end
+      {"\xEF\xBB\xBF" "a,\r\n\r\n\nb\r\n", {{"a", ""}, {"b"}}, ""},  // byte-order mark, empty lines
+      {"5\" screen,x", {{"5\" screen", "x"}}, ""},
+      {"a\r\nb,\"open\r\nstill open", {}, "line 2: a quoted field is not closed"},
+      {"\"multi\nline\",ok\n\"bad\"x", {}, "line 3: text after the closing quote of a field"},
   };
   for (const auto& c : cases) {
     std::vector<CsvRow> rows;
     std::string message;
-    EXPECT_FALSE(ParseCsv(c.text, rows, message));
+    EXPECT_EQ(ParseCsv(c.text, rows, message), c.message.empty()) << c.text;
     EXPECT_EQ(message, c.message);
+    if (c.message.empty()) {
+      EXPECT_EQ(rows, c.rows);
+    }
   }
 }
 
@@ -103,47 +86,6 @@ TEST(Csv, MapsColumnsByName) {
   }
 }
 
-Inventory Sample() {
-  Inventory inv;
-  inv.SlideTemplate = 2;
-  inv.BackgroundImage = "Frame \"3\".jpg";
-  inv.Wallpaper = "back\\slash";
-  inv.ReportFont = "Times New Roman";
-  inv.Slides.push_back({"", "a.jpg", "line\r\nbreak\ttab\x01", "Café", " lead", "", "", "", "€5"});
-  inv.Slides.push_back({});
-  return inv;
-}
-
-TEST(Json, WritesAndReadsBack) {
-  for (auto tmpl : {std::optional<std::int32_t>(2), std::optional<std::int32_t>()}) {
-    Inventory inv = Sample();
-    inv.SlideTemplate = tmpl;
-    const std::string text = ExportJson(inv);
-    Inventory back;
-    std::string message;
-    ASSERT_TRUE(ImportJson(text, back, message)) << message << "\n" << text;
-    EXPECT_EQ(back.SlideTemplate, inv.SlideTemplate);
-    EXPECT_EQ(back.BackgroundImage, inv.BackgroundImage);
-    EXPECT_EQ(back.Wallpaper, inv.Wallpaper);
-    EXPECT_EQ(back.ReportFont, inv.ReportFont);
-    EXPECT_EQ(back.Slides, inv.Slides);
-  }
-  EXPECT_THAT(ExportJson(Sample()), HasSubstr("\"slideText\": \"line\\r\\nbreak\\ttab\\u0001\""));
-}
-
-TEST(Json, KeysFollowRecordOrder) {
-  const std::string text = ExportJson(Sample());
-  std::size_t at = text.find("\"template\"");
-  for (const char* key : {"\"backgroundImage\"", "\"wallpaper\"", "\"reportFont\"", "\"slides\"", "\"spare\"",
-                          "\"pictureFile\"", "\"slideText\"", "\"category\"", "\"location\"", "\"make\"",
-                          "\"model\"", "\"serial\"", "\"value\""}) {
-    const std::size_t next = text.find(key);
-    ASSERT_NE(next, std::string::npos) << key;
-    EXPECT_GT(next, at) << key;
-    at = next;
-  }
-}
-
 TEST(Json, RefusesWhatItCannotRead) {
   const struct {
     std::string text;
@@ -166,17 +108,6 @@ TEST(Json, RefusesWhatItCannotRead) {
     EXPECT_FALSE(ImportJson(c.text, inv, message)) << c.text;
     EXPECT_THAT(message, HasSubstr(c.message)) << c.text;
   }
-}
-
-TEST(Json, MissingAndNullAreEmpty) {
-  Inventory inv;
-  std::string message;
-  ASSERT_TRUE(ImportJson("{\"template\": null, \"slides\": [{\"pictureFile\": \"a.jpg\", \"make\": null}]}", inv,
-                         message))
-      << message;
-  EXPECT_FALSE(inv.SlideTemplate);
-  ASSERT_EQ(inv.Slides.size(), 1u);
-  EXPECT_EQ(inv.Slides[0], (SlideRow{"", "a.jpg", "", "", "", "", "", "", ""}));
 }
 
 }  // namespace

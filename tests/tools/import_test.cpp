@@ -45,7 +45,7 @@ TEST(Import, JsonExportGivesBackTheSameBytes) {
     ASSERT_EQ(exported.status, 0) << exported.err;
     const Outcome imported = RunInProcess({"import", dir / "out.json", "-o", dir / "back.sif"});
     ASSERT_EQ(imported.status, 0) << imported.err;
-    EXPECT_EQ(ReadBytes(dir / "back.sif"), original);
+    EXPECT_EQ(ReadFile(dir / "back.sif"), original);
   }
 }
 
@@ -59,7 +59,7 @@ TEST(Import, CsvExportGivesBackTheSameSlideRecords) {
     const Outcome imported = RunInProcess(
         {"import", "-", "-o", dir / "back.sif", "--template", std::to_string(f.header.slideTemplate)}, exported.out);
     ASSERT_EQ(imported.status, 0) << imported.err;
-    const std::string back = ReadBytes(dir / "back.sif");
+    const std::string back = ReadFile(dir / "back.sif");
     // CSV carries no settings: only the header's settings fields may differ.
     ASSERT_EQ(back.size(), original.size());
     EXPECT_EQ(back.substr(kRecordLength), original.substr(kRecordLength));
@@ -120,42 +120,41 @@ TEST(Import, RefusesWithRowAndFieldAndWritesNothing) {
     const Outcome r = RunInProcess({"import", "-", "--format", c.format, "-o", dir / "out.sif"}, c.input);
     EXPECT_EQ(r.status, 1);
     EXPECT_THAT(r.err, HasSubstr(c.message));
-    EXPECT_TRUE(dir.Names().empty());
+    EXPECT_TRUE(Names(dir).empty());
   }
 }
 
 TEST(Import, KeepsAnExistingFileUnlessForced) {
   Scratch dir;
-  WriteBytes(dir / "in.csv", "PictureFile\r\na.jpg\r\n");
-  WriteBytes(dir / "out.sif", "precious");
+  WriteFile(dir / "in.csv", "PictureFile\r\na.jpg\r\n");
+  WriteFile(dir / "out.sif", "precious");
   const std::vector<std::string> args{"import", dir / "in.csv", "-o", dir / "out.sif"};
 
   const Outcome refused = RunInProcess(args);
   EXPECT_EQ(refused.status, 1);
   EXPECT_THAT(refused.err, HasSubstr("already exists"));
-  EXPECT_EQ(ReadBytes(dir / "out.sif"), "precious");
+  EXPECT_EQ(ReadFile(dir / "out.sif"), "precious");
 
   auto forced = args;
   forced.push_back("--force");
   ASSERT_EQ(RunInProcess(forced).status, 0);
-  EXPECT_EQ(ReadBytes(dir / "out.sif").size(), 2 * kRecordLength);
-  EXPECT_THAT(dir.Names(), ::testing::UnorderedElementsAre("in.csv", "out.sif"));
+  EXPECT_EQ(ReadFile(dir / "out.sif").size(), 2 * kRecordLength);
+  EXPECT_THAT(Names(dir), ::testing::UnorderedElementsAre("in.csv", "out.sif"));
 }
 
 TEST(Import, TemplateComesFromTheOptionThenTheFileThenOne) {
   Scratch dir;
-  WriteBytes(dir / "t2.json", "{\"template\": 2}");
-  WriteBytes(dir / "none.json", "{}");
-  const auto templateOf = [&](const std::vector<std::string>& extra, const std::string& in) {
-    std::vector<std::string> args{"import", dir / in, "-o", dir / "out.sif", "--force"};
-    args.insert(args.end(), extra.begin(), extra.end());
-    EXPECT_EQ(RunInProcess(args).status, 0);
-    const Outcome shown = RunInProcess({"export", dir / "out.sif", "--format", "json"});
-    return shown.out.substr(0, shown.out.find(','));
-  };
-  EXPECT_THAT(templateOf({}, "t2.json"), HasSubstr("\"template\": 2"));
-  EXPECT_THAT(templateOf({"--template", "3"}, "t2.json"), HasSubstr("\"template\": 3"));
-  EXPECT_THAT(templateOf({}, "none.json"), HasSubstr("\"template\": 1"));
+  const struct {
+    std::string json;
+    std::vector<std::string> option;
+    const char* header;
+  } cases[] = {{"{\"template\": 2}", {}, "2"}, {"{\"template\": 2}", {"--template", "3"}, "3"}, {"{}", {}, "1"}};
+  for (const auto& c : cases) {
+    std::vector<std::string> args{"import", "-", "-o", dir / "out.sif", "--format", "json", "--force"};
+    args.insert(args.end(), c.option.begin(), c.option.end());
+    ASSERT_EQ(RunInProcess(args, c.json).status, 0);
+    EXPECT_THAT(RunInProcess({"show", dir / "out.sif"}).out, HasSubstr(std::string("Template:         ") + c.header));
+  }
 }
 
 }  // namespace

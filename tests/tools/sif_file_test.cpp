@@ -42,7 +42,7 @@ TEST(SifFile, ReadsWhatTheProgramsLoadReads) {
   for (const auto& c : kReadCases) {
     SCOPED_TRACE(c.name);
     const std::string path = app / "Files/case.sif";
-    WriteBytes(path, c.bytes(program));
+    WriteFile(path, c.bytes(program));
 
     ModGlobal g;
     MemorySettings settings;
@@ -77,39 +77,6 @@ TEST(SifFile, ReadingNeitherMakesNorChangesFiles) {
   EXPECT_NE(message.find("absent.sif"), std::string::npos);
   EXPECT_FALSE(fs::exists(dir / "absent.sif"));
   EXPECT_FALSE(ReadSif(dir.str(), doc, message));
-}
-
-TEST(SifFile, WritesTheBytesOfFileNewAndSaves) {
-  Scratch dir;
-  const Header header{3, "Frame3.jpg", "Clouds.jpg", "Arial"};
-  const std::string program = WriteAsProgram(dir / "program.sif", header, kSlides);
-  SifDocument doc;
-  std::string message;
-  ASSERT_TRUE(ReadSif(dir / "program.sif", doc, message)) << message;
-
-  const SifSettings settings{3, "Frame3.jpg", "Clouds.jpg", "Arial"};
-  ASSERT_TRUE(WriteSif(dir / "tool.sif", settings, doc.Slides, false, message)) << message;
-  EXPECT_EQ(ReadBytes(dir / "tool.sif"), program);
-}
-
-TEST(SifFile, ReplacesOnlyWhenAskedAndLeavesNoScratchFiles) {
-  Scratch dir;
-  const std::string path = dir / "out.sif";
-  WriteBytes(path, "keep me");
-  SlideArray slides(2);
-  slides[1].Set(Field::PictureFile, "a.jpg");
-  std::string message;
-
-  EXPECT_FALSE(WriteSif(path, {}, slides, false, message));
-  EXPECT_NE(message.find("--force"), std::string::npos);
-  EXPECT_EQ(ReadBytes(path), "keep me");
-
-  ASSERT_TRUE(WriteSif(path, {}, slides, true, message)) << message;
-  EXPECT_EQ(ReadBytes(path).size(), 2 * kRecordLength);  // no tail of the old file
-  EXPECT_EQ(dir.Names(), std::vector<std::string>{"out.sif"});
-
-  EXPECT_FALSE(WriteSif(dir / "no/such/dir.sif", {}, slides, false, message));
-  EXPECT_EQ(dir.Names(), std::vector<std::string>{"out.sif"});
 }
 
 }  // namespace

@@ -3,6 +3,8 @@
 #include <QCommandLineParser>
 
 #include <array>
+#include <cerrno>
+#include <cstring>
 #include <filesystem>
 #include <fstream>
 #include <iostream>
@@ -115,7 +117,7 @@ bool ReadInput(Io& io, const QString& name, std::string& bytes, std::string& mes
   }
   std::ifstream f(S(name), std::ios::binary);
   if (!f) {
-    message = S(name) + ": cannot be read";
+    message = S(name) + ": " + std::strerror(errno);
     return false;
   }
   bytes.assign(std::istreambuf_iterator<char>(f), std::istreambuf_iterator<char>());

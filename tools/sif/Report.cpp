@@ -51,6 +51,13 @@ bool ReadPage(const std::string& reports, std::string& page) {
 
 std::string FileText(const QString& q) { return Utf8ToCp1252Lossy(q.toStdString()); }
 
+// Locales that group digits with a thin or narrow blank get the no-break
+// space, the nearest that Windows-1252 holds.
+std::string SeparatorText(const QString& q) {
+  if (auto t = Utf8ToCp1252(q.toStdString())) return *t;
+  return q.size() == 1 && q[0].isSpace() ? std::string("\xA0") : FileText(q);
+}
+
 // The general date: short date, a blank, then the long time without a zone.
 QString GeneralDate() {
   const QLocale loc = QLocale::system();
@@ -98,7 +105,7 @@ bool MakeReport(const ReportRequest& request, const SifDocument& doc, const Repo
 ReportLocale SystemReportLocale() {
   const QLocale loc = QLocale::system();
   ReportLocale l;
-  l.thousandsSeparator = FileText(loc.groupSeparator());
+  l.thousandsSeparator = SeparatorText(loc.groupSeparator());
   l.decimalPoint = FileText(loc.decimalPoint());
   l.currencySymbol = FileText(loc.currencySymbol());
   l.generalDate = [] { return FileText(GeneralDate()); };
