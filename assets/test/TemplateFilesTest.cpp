@@ -1,0 +1,119 @@
+// The installation's template files, read back through the program's own
+// loader, and the pictures they and the chooser windows depend on.
+
+#include <gtest/gtest.h>
+
+#include <QDir>
+#include <QImageReader>
+
+#include <algorithm>
+#include <set>
+#include <string>
+
+#include "app/SettingsStore.h"
+#include "app/Text.h"
+#include "app/UIMainController.h"
+#include "app/modGlobal.h"
+#include "storage/SlideRecord.h"
+
+namespace cb {
+namespace {
+
+const std::string kAppDir = CHATTELBOOK_APPDIR;
+
+// Why a picture does not decode, or the empty string when it does at `size`.
+std::string PictureFault(const std::string& path, QSize size = {}) {
+  QImageReader reader(QString::fromStdString(path));
+  const QImage image = reader.read();
+  if (image.isNull()) return path + ": " + reader.errorString().toStdString();
+  if (size.isValid() && image.size() != size) return path + ": unexpected size";
+  return {};
+}
+
+std::string Trimmed(const SlideRecord& r, Field f) { return Trim(r.Get(f)); }
+
+struct TemplateFile {
+  const char* name;
+  int slideTemplate;
+};
+
+void PrintTo(const TemplateFile& file, std::ostream* os) { *os << file.name; }
+
+class TemplateFiles : public ::testing::TestWithParam<TemplateFile> {};
+
+TEST_P(TemplateFiles, LoadUnderTheirTemplateWithPicturesThatDecode) {
+  ModGlobal globals;
+  MemorySettings settings;
+  UIMainController controller(kAppDir, settings, globals);
+  ASSERT_TRUE(controller.SetRegistryKeys(kAppDir + "/Files/" + GetParam().name));
+  ErrorArray errors;
+  ASSERT_TRUE(controller.LoadSettings(errors)) << errors[2];
+
+  EXPECT_EQ(controller.SlideTemplate(), GetParam().slideTemplate);
+  EXPECT_EQ(PictureFault(kAppDir + controller.GetGraphicsDirectory() + controller.BackgroundImage()), "");
+  // The main window looks for its wallpaper under the lower-case spelling.
+  EXPECT_EQ(PictureFault(kAppDir + "/wallpaper/" + controller.Wallpaper()), "");
+  EXPECT_FALSE(controller.ReportFont().empty());
+
+  const int count = controller.NumberOfRecords();
+  EXPECT_GE(count, 12);
+  EXPECT_LE(count, 20);
+  ASSERT_EQ(globals.Slides.size(), static_cast<std::size_t>(count) + 1);
+  std::set<std::string> categories, locations;
+  for (int i = 1; i <= count; ++i) {
+    const SlideRecord& slide = globals.Slides[static_cast<std::size_t>(i)];
+    SCOPED_TRACE("slide " + std::to_string(i));
+    EXPECT_EQ(PictureFault(kAppDir + controller.GetGalleryDirectory() + Trimmed(slide, Field::PictureFile), {1024, 768}), "");
+    EXPECT_FALSE(Trimmed(slide, Field::SlideText).empty());
+    // Blanks inside a grouping would be underscored by the slide editor's first OK.
+    for (Field f : {Field::Category, Field::Location}) {
+      EXPECT_FALSE(Trimmed(slide, f).empty());
+      EXPECT_EQ(Trimmed(slide, f).find(' '), std::string::npos) << Trimmed(slide, f);
+    }
+    // The reports add up values; a value the editor would rewrite counts wrongly.
+    const std::string value = Trimmed(slide, Field::Value);
+    EXPECT_TRUE(!value.empty() && std::all_of(value.begin(), value.end(), ::isdigit)) << value;
+    categories.insert(Trimmed(slide, Field::Category));
+    locations.insert(Trimmed(slide, Field::Location));
+  }
+  // Reports group slides: most groups hold more than one.
+  EXPECT_LE(categories.size() * 2, static_cast<std::size_t>(count));
+  EXPECT_LE(locations.size() * 2, static_cast<std::size_t>(count));
+}
+
+INSTANTIATE_TEST_SUITE_P(Installation, TemplateFiles,
+                         ::testing::Values(TemplateFile{"HomeSecurity.sif", 1}, TemplateFile{"RealEstate.sif", 2},
+                                           TemplateFile{"CarYard.sif", 3}),
+                         [](const auto& info) {
+                           const std::string name = info.param.name;
+                           return name.substr(0, name.find('.'));
+                         });
+
+TEST(Installation, FilesHoldOnlyTheTemplates) {
+  const QStringList files = QDir(QString::fromStdString(kAppDir + "/Files")).entryList({"*.sif"}, QDir::Files, QDir::Name);
+  EXPECT_EQ(files, QStringList({"CarYard.sif", "HomeSecurity.sif", "RealEstate.sif"}));
+}
+
+TEST(Installation, EveryFrameIsOfferedByTheChooser) {
+  // The chooser offers the first fifteen "*.jpg" files that it finds.
+  const QDir dir(QString::fromStdString(kAppDir + "/Background"));
+  const QStringList frames = dir.entryList({"*.jpg"}, QDir::Files);
+  EXPECT_GE(frames.size(), 6);
+  EXPECT_LE(frames.size(), 15);
+  EXPECT_EQ(dir.entryList(QDir::Files).size(), frames.size());
+  for (const QString& frame : frames) EXPECT_EQ(PictureFault(dir.filePath(frame).toStdString()), "");
+}
+
+TEST(Installation, GalleryNamesFitTheirField) {
+  const QDir dir(QString::fromStdString(kAppDir + "/Gallery"));
+  const QStringList pictures = dir.entryList(QDir::Files);
+  EXPECT_FALSE(pictures.isEmpty());
+  for (const QString& name : pictures) {
+    EXPECT_LE(name.size(), static_cast<qsizetype>(Spec(Field::PictureFile).width)) << name.toStdString();
+    EXPECT_EQ(name, name.toLower());
+    EXPECT_TRUE(name.endsWith(".jpg")) << name.toStdString();
+  }
+}
+
+}  // namespace
+}  // namespace cb
