@@ -2,6 +2,7 @@
 
 #include <QRadialGradient>
 
+#include <algorithm>
 #include <cmath>
 
 #include "Assets.h"
@@ -17,10 +18,11 @@ const QRectF kCanvas(0, 0, kPictureWidth, kPictureHeight);
 void Kitchen(QPainter& p, double benchY, const QColor& tile, const QColor& cupboard) {
   p.fillRect(kCanvas, Vertical(kCanvas, Tone(tile, 1.02), Tone(tile, 0.9)));
   p.setPen(QPen(Tone(tile, 0.8), 2));
-  for (double y = 30, row = 0; y < benchY; y += 40, ++row) {
+  // Subway tiles: each course offset by half a tile.
+  for (int row = 0; row * 40 - 10 < benchY; ++row) {
+    const double y = row * 40 - 10;
     p.drawLine(QPointF(0, y), QPointF(kCanvas.width(), y));
-    for (double x = row * 40; x < kCanvas.width() + 80; x += 80)
-      p.drawLine(QPointF(fmod(x, kCanvas.width() + 80), y), QPointF(fmod(x, kCanvas.width() + 80), y + 40));
+    for (double x = (row % 2) * 40; x < kCanvas.width(); x += 80) p.drawLine(QPointF(x, y), QPointF(x, std::min(y + 40, benchY)));
   }
   const QRectF bench(0, benchY, kCanvas.width(), 26);
   p.fillRect(bench, Vertical(bench, QColor(226, 224, 220), QColor(176, 174, 170)));
@@ -63,9 +65,10 @@ void Digit(QPainter& p, QPointF at, double h, int digit, const QColor& lit) {
     if (kSegments[digit] & (1 << s)) p.fillRect(bars[s], lit);
 }
 
+// A chrome bar handle, shaded across its thickness.
 void Chrome(QPainter& p, const QRectF& r, bool upright) {
-  const QPointF a = upright ? r.topLeft() : r.topLeft(), b = upright ? r.topRight() : r.bottomLeft();
-  Fill(p, Box(r, std::min(r.width(), r.height()) / 2), Cylinder(a, b, QColor(200, 204, 208)));
+  const QPointF across = upright ? r.topRight() : r.bottomLeft();
+  Fill(p, Box(r, std::min(r.width(), r.height()) / 2), Cylinder(r.topLeft(), across, QColor(200, 204, 208)));
 }
 
 }  // namespace

@@ -222,10 +222,9 @@ void Extras(QPainter& p, const Body& b, const QRectF& box, bool front) {
     p.restore();
   }
   if (b.extras & kBullBar) {
-    p.setPen(QPen(black, 10, Qt::SolidLine, Qt::RoundCap));
-    p.drawLine(QPointF(96, 420), QPointF(96, 540));
-    p.drawLine(QPointF(96, 420), QPointF(130, 410));
-    p.drawLine(QPointF(96, 480), QPointF(130, 480));
+    p.setPen(QPen(black, 14, Qt::SolidLine, Qt::RoundCap));
+    p.drawLine(QPointF(100, 414), QPointF(100, 546));
+    for (double y : {414.0, 470.0, 530.0}) p.drawLine(QPointF(100, y), QPointF(136, y - 4));
   }
   if (b.extras & kSpare) {
     Fill(p, Box(QRectF(884, 330, 34, 150), 12), Horizontal(QRectF(884, 0, 34, 1), QColor(50, 50, 54), QColor(20, 20, 22)));

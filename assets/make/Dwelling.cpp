@@ -17,7 +17,7 @@ void CoveringLines(QPainter& p, const QPainterPath& shape, const QRectF& r, Cove
     for (double y = r.bottom(), row = 0; y > r.top() - 16; y -= 16, ++row) {
       p.fillRect(QRectF(r.left(), y - 4, r.width(), 4), WithAlpha(Tone(colour, 0.55), 150));
       p.setPen(QPen(WithAlpha(Tone(colour, 0.6), 120), 1.5));
-      for (double x = r.left() + fmod(row, 2) * 13; x < r.right(); x += 26) p.drawLine(QPointF(x, y - 16), QPointF(x, y - 4));
+      for (double x = r.left() + std::fmod(row, 2) * 13; x < r.right(); x += 26) p.drawLine(QPointF(x, y - 16), QPointF(x, y - 4));
     }
   } else {
     for (double x = r.left(); x < r.right(); x += 10) {
@@ -53,7 +53,7 @@ void WallFace(QPainter& p, const QPainterPath& shape, const QRectF& r, Cladding 
   switch (cladding) {
     case Cladding::Brick:
       for (double y = r.bottom(), row = 0; y > r.top() - 13; y -= 13, ++row) {
-        for (double x = r.left() - fmod(row, 2) * 18; x < r.right(); x += 36) {
+        for (double x = r.left() - std::fmod(row, 2) * 18; x < r.right(); x += 36) {
           p.fillRect(QRectF(x + 1, y - 12, 34, 11), Tone(colour, rng.Uniform(0.82, 1.1)));
         }
       }

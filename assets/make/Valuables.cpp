@@ -262,7 +262,6 @@ void DrawWatch(QPainter& p) {
 void DrawGuitar(QPainter& p) {
   RoomBackdrop(p, kCanvas, 640, QColor(214, 196, 170), QColor(120, 86, 60), Floor::Boards);
   GroundShadow(p, QRectF(560, 620, 220, 40), 150);
-  GroundShadow(p, QRectF(420, 40, 120, 60), 50);
   // Leaning against the wall: neck and head, then the body over the neck's heel.
   p.save();
   p.translate(600, 460);
