@@ -1,7 +1,20 @@
 #include "app/MDIMain.h"
 
+#include <QAction>
+#include <QApplication>
+#include <QCloseEvent>
+#include <QLabel>
+#include <QMdiSubWindow>
+#include <QMenu>
+#include <QMouseEvent>
 #include <QPainter>
+#include <QStatusBar>
+#include <QToolBar>
+#include <cmath>
 
+#include "app/Forms.h"
+#include "app/ToolbarIcons.h"
+#include "app/modGlobal.h"
 #include "dialogs/Twips.h"
 
 namespace cb {
@@ -24,15 +37,127 @@ MDIMain::MDIMain() : area_(new WallpaperArea(this)) {
   setWindowTitle("Chattelbook");
   area_->setObjectName("MDIClient");
   area_->setBackground(QColor(128, 128, 128));
+  area_->viewport()->installEventFilter(this);
   setCentralWidget(area_);
+  CreateMenus();
+  CreateToolBar();
+  CreateStatusBar();
+  ConnectMenuHandlers();
   resize(TwipsToPixelsX(14400), TwipsToPixelsY(10800));
+  CentreOnScreen(*this);
   MDIForm_Load();
 }
 
 void MDIMain::MDIForm_Load() { mnuFileGallery_Click(); }
 
-void MDIMain::mnuFileGallery_Click() {
-  // The gallery window arrives with the gallery; until then there is nothing to show.
+void MDIMain::CreateToolBar() {
+  toolbar_ = addToolBar("Toolbar1");
+  toolbar_->setObjectName("Toolbar1");
+  toolbar_->setMovable(false);
+  toolbar_->setToolButtonStyle(Qt::ToolButtonTextUnderIcon);
+  toolbar_->setIconSize(QSize(24, 24));
+  for (const auto& spec : kToolbarButtons) {
+    const QString key = QString::fromUtf8(spec.key.data(), static_cast<int>(spec.key.size()));
+    QAction* a = toolbar_->addAction(ToolbarIcon(QString::fromUtf8(spec.imageKey.data(), int(spec.imageKey.size()))), key);
+    a->setObjectName(key);
+    a->setToolTip(QString::fromUtf8(spec.tooltip.data(), static_cast<int>(spec.tooltip.size())));
+    a->setCheckable(key == "Zoom" || key == "Unzoom");
+    if (key == "Edit") a->setStatusTip("Edit Slide Details");
+    connect(a, &QAction::triggered, this, [this, key] { Toolbar1_ButtonClick(key); });
+    buttons_.insert(key, a);
+  }
+}
+
+void MDIMain::CreateStatusBar() {
+  statusBar()->setObjectName("StatusBar1");
+  simpleText_ = new QLabel(statusBar());
+  simpleText_->setObjectName("SimpleText");
+  statusBar()->addWidget(simpleText_, 1);
+}
+
+void MDIMain::SetStatusText(const QString& text) { simpleText_->setText(text); }
+QString MDIMain::StatusText() const { return simpleText_->text(); }
+
+void MDIMain::MDIForm_Activate() {
+  const bool slideOpen = FindOpenForm("frmSlide") != nullptr;
+  for (auto it = buttons_.cbegin(); it != buttons_.cend(); ++it)
+    it.value()->setEnabled(ToolbarButtonEnabled(it.key().toStdString(), slideOpen));
+  const bool zoom = buttons_["Zoom"]->isChecked();
+  buttons_["Zoom"]->setChecked(zoom);
+  buttons_["Unzoom"]->setChecked(!zoom);
+  buttons_["Report"]->setEnabled(true);
+  toolbar_->update();
+}
+
+void MDIMain::Toolbar1_ButtonClick(const QString& key) {
+  if (key == "New") {
+    mnuFileNew_Click();
+  } else if (key == "Open") {
+    mnuFileOpen_Click();
+  } else if (key == "Edit") {
+    // The slide editor opens here once the gallery's slide window lands.
+  } else if (key == "Report") {
+    if (FindOpenForm("frmReport")) return;  // nothing more, not even the refresh
+    // The report chooser opens here once the report windows land.
+  } else if (key == "Zoom" || key == "Unzoom") {
+    buttons_["Zoom"]->setChecked(key == "Zoom");
+    buttons_["Unzoom"]->setChecked(key == "Unzoom");
+  } else if (key == "Window") {
+    Arrange(NextArrangement(windowCounter_));
+  } else if (key == "Back") {
+    SetBackground();
+  } else if (key == "Help") {
+    mnuHelpContents_Click();
+  }
+  MDIForm_Activate();
+}
+
+void MDIMain::Arrange(Arrangement a) {
+  if (a == Arrangement::Cascade) {
+    area_->cascadeSubWindows();
+    return;
+  }
+  QList<QMdiSubWindow*> shown;
+  for (QMdiSubWindow* w : area_->subWindowList())
+    if (w->isVisible() && !w->isMinimized()) shown.append(w);
+  if (shown.isEmpty()) return;
+  const QRect r = area_->viewport()->rect();
+  const int n = static_cast<int>(shown.size());
+  for (int k = 0; k < n; ++k) {
+    QMdiSubWindow* w = shown[k];
+    if (w->isMaximized()) w->showNormal();
+    if (a == Arrangement::TileVertical)  // side by side
+      w->setGeometry(r.width() * k / n, 0, r.width() * (k + 1) / n - r.width() * k / n, r.height());
+    else
+      w->setGeometry(0, r.height() * k / n, r.width(), r.height() * (k + 1) / n - r.height() * k / n);
+  }
+}
+
+void MDIMain::changeEvent(QEvent* e) {
+  if (e->type() == QEvent::ActivationChange && isActiveWindow()) MDIForm_Activate();
+  QMainWindow::changeEvent(e);
+}
+
+void MDIMain::closeEvent(QCloseEvent* e) {
+  // Unloading the main window ends the program at once; every change is already saved.
+  e->accept();
+  QApplication::closeAllWindows();
+  QCoreApplication::quit();
+}
+
+bool MDIMain::eventFilter(QObject* watched, QEvent* e) {
+  if (watched != area_->viewport()) return false;
+  if (e->type() == QEvent::MouseButtonPress) {
+    const auto* m = static_cast<QMouseEvent*>(e);
+    ModGlobal& g = Globals();
+    g.MouseX = static_cast<std::int32_t>(std::lround(PixelsToTwipsX(m->position().toPoint().x())));
+    g.MouseY = static_cast<std::int32_t>(std::lround(PixelsToTwipsY(m->position().toPoint().y())));
+  } else if (e->type() == QEvent::MouseButtonRelease) {
+    const auto* m = static_cast<QMouseEvent*>(e);
+    lastRightButton_ = m->button() == Qt::RightButton;
+    if (lastRightButton_) menus_["mnuPopup2"]->popup(m->globalPosition().toPoint());
+  }
+  return false;
 }
 
 }  // namespace cb

@@ -8,11 +8,14 @@
 #include "app/MDIMain.h"
 #include "app/QtSettingsStore.h"
 #include "app/StartupErrors.h"
+#include "app/frmLogin.h"
 #include "app/frmSplash.h"
 #include "app/modGlobal.h"
+#include "dialogs/HelpRoutine.h"
 #include "dialogs/LoadPicture.h"
 #include "dialogs/MsgBox.h"
 #include "dialogs/Twips.h"
+#include "help/UIHelpController.h"
 
 namespace cb {
 namespace {
@@ -20,6 +23,10 @@ namespace {
 constexpr char kAppTitle[] = "Chattelbook";
 constexpr char kDefaultFile[] = "MyFiles.sif";
 constexpr char kWallpaperDir[] = "/wallpaper/";
+constexpr char kHelpFailed[] = "An error occurred while generating the help files.";
+constexpr char kInvalidPassword[] = "Invalid password.";
+constexpr char kErrorTitle[] = "Error";
+constexpr char kQuickStartPage[] = "help002.htm";
 
 int SecondOfDay(const QTime& t) { return t.hour() * 3600 + t.minute() * 60 + t.second(); }
 
@@ -62,16 +69,28 @@ bool Main(const std::string& appPath, SettingsStore& settings) {
   QCoreApplication::processEvents();
 
   if (mc.FirstRun) {
-    // The help pages are written here on a first use once the help generator lands.
+    g.HelpController = std::make_unique<UIHelpController>(appPath);
+    if (!g.HelpController->GenerateHelp()) MsgBox(kHelpFailed, vbOKOnly, kErrorTitle);
+    g.HelpController.reset();
     mc.SetRegistryKeys(appPath + mc.GetSIFDirectory() + kDefaultFile);
     mc.SlideTemplate(1);
   } else {
-    // The login of a password-guarded program is asked for here once the password file lands.
+    std::string password;
+    mc.GetPassword(password);
+    if (!password.empty()) {
+      frmLogin login(frmLogin::kLogin);
+      login.exec();
+      if (!login.LoginAccepted) {
+        MsgBox(kInvalidPassword, vbOKOnly, kErrorTitle);
+        if (frmSplash* open = OpenSplash()) open->close();
+        return false;
+      }
+    }
   }
 
   mc.LoadSettings(g.ErrorInfo);  // a missing default file starts an empty program
   WaitSeconds(mc.FirstRun ? 2 : 0);
-  // The file history is read here once its list file lands.
+  mc.GetFileHistoryList(g.History, g.ErrorInfo);  // a missing list leaves it empty
 
   MDIMain& main = TheMDIMain();
   QImage wallpaper;
@@ -82,7 +101,7 @@ bool Main(const std::string& appPath, SettingsStore& settings) {
     Report(e);
   main.show();
   if (frmSplash* open = OpenSplash()) open->close();
-  // A first use opens the quick start page here once the help viewer lands.
+  if (mc.FirstRun) OpenHelp(kQuickStartPage);
   return true;
 }
 

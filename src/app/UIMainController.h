@@ -26,6 +26,8 @@ class UIMainController {
   bool FirstRun = false;
 
   const std::string& AppPath() const { return appPath_; }
+  // The settings store, for windows that make a controller of their own.
+  SettingsStore& Settings() const { return settings_; }
 
   const std::string& SlideInformationPath() const { return slideInformationPath_; }
   void SlideInformationPath(std::string v) { slideInformationPath_ = std::move(v); }

@@ -8,6 +8,7 @@
 
 #include "app/RuntimeError.h"
 #include "app/UIMainController.h"
+#include "help/UIHelpController.h"
 #include "storage/SlideRecord.h"
 
 namespace cb {
@@ -29,8 +30,8 @@ struct ModGlobal {
   std::int32_t MouseX = 0;
   std::int32_t MouseY = 0;
   std::array<std::string, 16> BackgroundNames;
-  // The help page generator lives here while start-up runs it; it arrives
-  // with the help pages.
+  // The help page generator, alive only while a first start runs it.
+  std::unique_ptr<UIHelpController> HelpController;
 };
 
 // The process's one instance.

@@ -9,6 +9,7 @@
 #include "app/Main.h"
 #include "app/frmSplash.h"
 #include "app/modGlobal.h"
+#include "dialogs/HelpRoutine.h"
 #include "dialogs/MsgBox.h"
 #include "storage/DataAccess.h"
 #include "support/TempDir.h"
@@ -59,6 +60,7 @@ class StartupTest : public ::testing::Test {
 };
 
 TEST_F(StartupTest, FirstUseStoresTheDefaultFileAndOpensTheMainWindow) {
+  std::filesystem::create_directories(app / "Help");
   ClickSplashSoon();
   ASSERT_TRUE(Main(app.str(), settings));
   UIMainController& mc = *Globals().MainController;
@@ -72,6 +74,17 @@ TEST_F(StartupTest, FirstUseStoresTheDefaultFileAndOpensTheMainWindow) {
   QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
   EXPECT_EQ(OpenSplash(), nullptr);
   EXPECT_TRUE(messages.empty());
+  EXPECT_TRUE(std::filesystem::exists(app / "Help/help001.htm"));
+  EXPECT_EQ(HelpPage(), "help002.htm");  // the quick start page comes up
+}
+
+TEST_F(StartupTest, HelpThatCannotBeWrittenIsToldOnceAndTheStartGoesOn) {
+  ClickSplashSoon();
+  ASSERT_TRUE(Main(app.str(), settings));  // no Help folder to write into
+  ASSERT_EQ(messages.size(), 1u);
+  EXPECT_EQ(messages[0].text, "An error occurred while generating the help files.");
+  EXPECT_EQ(messages[0].title, "Error");
+  EXPECT_TRUE(TheMDIMain().isVisible());
 }
 
 TEST_F(StartupTest, LaterStartReadsTheDefaultFileAndItsWallpaper) {

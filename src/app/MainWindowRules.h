@@ -1,0 +1,46 @@
+#pragma once
+// The main window's tables and rules: its menus, its toolbar, which buttons
+// are live, the arrangement cycle and the file history's order.
+
+#include <array>
+#include <string>
+#include <string_view>
+
+namespace cb {
+
+enum class ItemState { Normal, Off, Hidden, Checked };
+
+// One item of a menu bar: depth 0 is a menu of the bar, 1 an item in it.
+// A caption "-" is a separator. Hidden menus of depth 0 are popups only.
+struct MenuItemSpec {
+  std::string_view name;
+  std::string_view caption;
+  int depth;
+  ItemState state;
+  int index = 0;  // the element of a control array (mnuFileHist 1..4), 0 for none
+};
+
+extern const std::array<MenuItemSpec, 42> kMainMenu;
+
+struct ToolbarButtonSpec {
+  std::string_view key;  // also the caption
+  std::string_view tooltip;
+  std::string_view imageKey;
+};
+
+extern const std::array<ToolbarButtonSpec, 9> kToolbarButtons;
+
+// Whether a toolbar button is live, by whether a slide window is open.
+bool ToolbarButtonEnabled(std::string_view key, bool slideOpen);
+
+enum class Arrangement { Cascade, TileVertical, TileHorizontal };
+
+// The arrangement the Window button makes for `counter`; advances the counter.
+Arrangement NextArrangement(int& counter);
+
+// Puts the open file `current` into the history (indexes 1 to 4). Returns
+// false when it already stood first and nothing needs writing. An entry
+// found fourth brings back the third in first place and keeps it fourth too.
+bool UpdateHistory(std::array<std::string, 5>& history, const std::string& current);
+
+}  // namespace cb

@@ -1,0 +1,104 @@
+#include "app/frmLogin.h"
+
+#include <QLabel>
+#include <QLineEdit>
+#include <QPushButton>
+
+#include "app/modGlobal.h"
+#include "dialogs/HelpRoutine.h"
+#include "dialogs/MsgBox.h"
+#include "dialogs/Twips.h"
+
+namespace cb {
+namespace {
+
+constexpr char kHelpPage[] = "help004.htm";
+constexpr char kMismatch[] = "The confirmation password is not the same as the password.  Please try again.";
+constexpr char kErrorTitle[] = "Error";
+
+// Design positions in twips: left, top, width, height.
+struct Place {
+  double left, top, width, height;
+};
+constexpr Place kPassword{1560, 120, 2505, 330};
+constexpr Place kPasswordLabel{120, 150, 1380, 270};
+constexpr Place kConfirm{1560, 540, 2505, 330};
+constexpr Place kConfirmLabel{120, 570, 1380, 270};
+constexpr double kButtonsTop = 1020;
+constexpr double kButtonsTopLogin = 496.3;
+constexpr double kButtonWidth = 1140, kButtonHeight = 390;
+constexpr double kButtonLefts[] = {600, 1815, 3030};
+constexpr double kClientWidth = 4245, kClientHeight = 1590;
+// The login's outer height of 1815 less a title bar.
+constexpr double kClientHeightLogin = 1815 - 420;
+
+void Put(QWidget* w, const Place& p) { w->setGeometry(TwipsRect(p.left, p.top, p.width, p.height)); }
+
+}  // namespace
+
+frmLogin::frmLogin(const QString& mode) : Mode(mode) {
+  setObjectName("frmLogin");
+  lblPassword = new QLabel("&Password:", this);
+  lblConfirm = new QLabel("&Confirm Password:", this);
+  lblPassword->setObjectName("lblLabels");
+  lblConfirm->setObjectName("lblLabels");
+  txtPassword = new QLineEdit(this);
+  txtPassword->setObjectName("txtPassword");
+  txtConfirmPassword = new QLineEdit(this);
+  txtConfirmPassword->setObjectName("txtConfirmPassword");
+  for (QLineEdit* t : {txtPassword, txtConfirmPassword}) t->setEchoMode(QLineEdit::Password);
+  lblPassword->setBuddy(txtPassword);
+  lblConfirm->setBuddy(txtConfirmPassword);
+  cmdOK = new QPushButton("OK", this);
+  cmdOK->setObjectName("cmdOK");
+  cmdOK->setDefault(true);
+  cmdCancel = new QPushButton("Cancel", this);
+  cmdCancel->setObjectName("cmdCancel");
+  cmdHelp = new QPushButton("Help", this);
+  cmdHelp->setObjectName("cmdHelp");
+  Put(txtPassword, kPassword);
+  Put(lblPassword, kPasswordLabel);
+  Put(txtConfirmPassword, kConfirm);
+  Put(lblConfirm, kConfirmLabel);
+  setFixedSize(TwipsToPixelsX(kClientWidth), TwipsToPixelsY(kClientHeight));
+  connect(cmdOK, &QPushButton::clicked, this, &frmLogin::cmdOK_Click);
+  connect(cmdCancel, &QPushButton::clicked, this, &QDialog::reject);
+  connect(cmdHelp, &QPushButton::clicked, this, [this] { CloseWithHelp(*this, kHelpPage); });
+  InstallF1(*this, kHelpPage);
+  Form_Load();
+}
+
+frmLogin::~frmLogin() = default;
+
+void frmLogin::Form_Load() {
+  const bool login = Mode == kLogin;
+  const double top = login ? kButtonsTopLogin : kButtonsTop;
+  QPushButton* buttons[] = {cmdOK, cmdCancel, cmdHelp};
+  for (int i = 0; i < 3; ++i) buttons[i]->setGeometry(TwipsRect(kButtonLefts[i], top, kButtonWidth, kButtonHeight));
+  if (login) {
+    lblConfirm->hide();
+    txtConfirmPassword->hide();
+    setFixedHeight(TwipsToPixelsY(kClientHeightLogin));
+  }
+  setWindowTitle(Mode);
+  const UIMainController& main = *Globals().MainController;
+  controller_ = std::make_unique<UIMainController>(main.AppPath(), main.Settings(), Globals());
+  CentreOnScreen(*this);
+}
+
+void frmLogin::cmdOK_Click() {
+  if (Mode == kLogin) {
+    std::string stored;
+    LoginAccepted = controller_->GetPassword(stored) && stored == FromQ(txtPassword->text());
+    accept();
+    return;
+  }
+  if (txtPassword->text() != txtConfirmPassword->text()) {
+    MsgBox(kMismatch, vbOKOnly, kErrorTitle);
+    return;
+  }
+  PasswordSet = controller_->PutPassword(FromQ(txtPassword->text()));
+  accept();
+}
+
+}  // namespace cb

@@ -1,0 +1,38 @@
+#include "dialogs/HelpRoutine.h"
+
+#include <QDialog>
+#include <QShortcut>
+
+namespace cb {
+namespace {
+QString& Page() {
+  static QString page;
+  return page;
+}
+}  // namespace
+
+const QString& HelpPage() { return Page(); }
+
+void OpenHelp(const QString& page) {
+  Page() = page;
+  // The help viewer shows HelpPage here once it lands; until then the page is only recorded.
+}
+
+void CloseWithHelp(QDialog& dialog, const QString& page) {
+  dialog.hide();
+  OpenHelp(page);
+  dialog.reject();
+}
+
+void InstallF1(QWidget& window, const QString& page) {
+  auto* f1 = new QShortcut(QKeySequence(Qt::Key_F1), &window);
+  f1->setContext(Qt::WindowShortcut);
+  QObject::connect(f1, &QShortcut::activated, &window, [&window, page] {
+    if (auto* dialog = qobject_cast<QDialog*>(&window))
+      CloseWithHelp(*dialog, page);
+    else
+      OpenHelp(page);
+  });
+}
+
+}  // namespace cb

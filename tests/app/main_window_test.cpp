@@ -1,0 +1,261 @@
+#include <gtest/gtest.h>
+
+#include <QAction>
+#include <QApplication>
+#include <QLineEdit>
+#include <QMdiSubWindow>
+#include <QMenu>
+#include <QMenuBar>
+#include <QPushButton>
+#include <QStatusBar>
+#include <QTimer>
+#include <QToolBar>
+
+#include "app/Forms.h"
+#include "app/MDIMain.h"
+#include "app/Main.h"
+#include "app/frmLogin.h"
+#include "app/modGlobal.h"
+#include "dialogs/MsgBox.h"
+#include "dialogs/dlgWhat.h"
+#include "support/TempDir.h"
+
+namespace cb {
+namespace {
+
+class MainWindowTest : public ::testing::Test {
+ protected:
+  MainWindowTest() {
+    setenv("XDG_CONFIG_HOME", config.str().c_str(), 1);
+    std::filesystem::create_directories(app / "Files");
+    Globals().MainController = std::make_unique<UIMainController>(app.str(), settings, Globals());
+    SetMsgBoxHook([this](const QString& text, int, const QString& title) {
+      messages.push_back(title + ": " + text);
+      return static_cast<int>(vbOK);
+    });
+  }
+  ~MainWindowTest() override {
+    SetMsgBoxHook({});
+    UnloadForms();
+    Globals() = ModGlobal();
+  }
+
+  // Answers the next modal dialog once it is up.
+  static void WhenModal(std::function<void(QWidget*)> act) {
+    auto* poll = new QTimer;
+    QObject::connect(poll, &QTimer::timeout, [poll, act] {
+      if (QWidget* w = QApplication::activeModalWidget()) {
+        poll->deleteLater();
+        poll->stop();
+        act(w);
+      }
+    });
+    poll->start(5);
+  }
+
+  // A child window with the given name, as the gallery or a slide window would be.
+  QMdiSubWindow* Child(const QString& name) {
+    auto* w = new QWidget;
+    w->setObjectName(name);
+    QMdiSubWindow* sub = TheMDIMain().MdiArea()->addSubWindow(w);
+    sub->resize(200, 150);
+    sub->show();
+    return sub;
+  }
+
+  testing::TempDir app, config;
+  MemorySettings settings;
+  QStringList messages;
+};
+
+TEST_F(MainWindowTest, MenuBarShowsTheTableAndHidesThePopups) {
+  MDIMain& m = TheMDIMain();
+  QStringList bar;
+  for (QAction* a : m.menuBar()->actions()) bar << a->text();
+  EXPECT_EQ(bar, QStringList({"&File", "&View", "&Slides", "&Window", "&Help"}));
+  EXPECT_FALSE(m.Item("mnuFileNew")->isEnabled());
+  EXPECT_FALSE(m.Item("mnuFileSaveAs")->isEnabled());
+  EXPECT_TRUE(m.Item("mnuFileOpen")->isEnabled());
+  EXPECT_FALSE(m.Item("mnuSlidesAdd")->isEnabled());
+  EXPECT_FALSE(m.Item("mnuFileHist(1)")->isVisible());
+  EXPECT_FALSE(m.Item("mnuBar4")->isVisible());
+  EXPECT_TRUE(m.Item("mnuViewToolbar")->isChecked());
+  EXPECT_EQ(m.Item("mnuWindowHorizontal")->text(), "T&ile Horizontally");
+  ASSERT_NE(m.Menu("mnuPopup2"), nullptr);
+  EXPECT_EQ(m.Menu("mnuPopup2")->actions().size(), 4);
+  EXPECT_EQ(m.windowTitle(), "Chattelbook");
+}
+
+TEST_F(MainWindowTest, ToolbarHasNineButtonsWithPicturesAndTips) {
+  MDIMain& m = TheMDIMain();
+  QStringList keys;
+  for (QAction* a : m.Toolbar1()->actions()) {
+    keys << a->text();
+    EXPECT_FALSE(a->icon().isNull()) << a->text().toStdString();
+  }
+  EXPECT_EQ(keys, QStringList({"New", "Open", "Edit", "Report", "Zoom", "Unzoom", "Window", "Back", "Help"}));
+  EXPECT_EQ(m.Button("Back")->toolTip(), "Change Slide Background");
+}
+
+TEST_F(MainWindowTest, ToolbarFollowsTheSlideWindow) {
+  MDIMain& m = TheMDIMain();
+  m.MDIForm_Activate();
+  EXPECT_TRUE(m.Button("New")->isEnabled());
+  EXPECT_FALSE(m.Button("Edit")->isEnabled());
+  EXPECT_TRUE(m.Button("Unzoom")->isChecked());
+  EXPECT_FALSE(m.Button("Zoom")->isChecked());
+  QMdiSubWindow* slide = Child("frmSlide");
+  m.MDIForm_Activate();
+  m.Button("Zoom")->trigger();
+  EXPECT_FALSE(m.Button("New")->isEnabled());
+  EXPECT_FALSE(m.Button("Open")->isEnabled());
+  EXPECT_FALSE(m.Button("Back")->isEnabled());
+  EXPECT_TRUE(m.Button("Edit")->isEnabled());
+  EXPECT_TRUE(m.Button("Zoom")->isChecked());
+  EXPECT_FALSE(m.Button("Unzoom")->isChecked());
+  delete slide;
+  m.MDIForm_Activate();
+  EXPECT_TRUE(m.Button("New")->isEnabled());
+  EXPECT_FALSE(m.Button("Zoom")->isEnabled());
+  EXPECT_TRUE(m.Button("Zoom")->isChecked());  // pressed stays pressed
+}
+
+TEST_F(MainWindowTest, WindowButtonArrangesInItsCycle) {
+  MDIMain& m = TheMDIMain();
+  m.resize(800, 600);
+  m.show();
+  QMdiSubWindow* a = Child("one");
+  QMdiSubWindow* b = Child("two");
+  const auto layout = [&] {
+    if (a->y() == b->y() && a->height() == b->height() && a->x() != b->x()) return "vertical";
+    if (a->x() == b->x() && a->width() == b->width() && a->y() != b->y()) return "horizontal";
+    return "cascade";
+  };
+  std::vector<std::string> seen;
+  for (int i = 0; i < 5; ++i) {
+    m.Button("Window")->trigger();
+    seen.push_back(layout());
+  }
+  EXPECT_EQ(seen, (std::vector<std::string>{"cascade", "vertical", "cascade", "horizontal", "vertical"}));
+}
+
+TEST_F(MainWindowTest, OpeningTheFourthEntryKeepsTheThirdTwice) {
+  UIMainController& mc = *Globals().MainController;
+  for (const char* name : {"a.sif", "b.sif", "c.sif", "d.sif"}) testing::WriteFile(app / (std::string("Files/") + name), "");
+  mc.SetRegistryKeys(app / "Files/a.sif");
+  Globals().History = {"", "a.sif", "b.sif", "c.sif", "d.sif"};
+  MDIMain& m = TheMDIMain();
+  m.mnuFileHist_Click(4);
+  EXPECT_EQ(mc.SlideInformationFile(), "d.sif");
+  EXPECT_EQ(settings.Get("Startup", "DefDir", ""), app / "Files/d.sif");
+  m.UpdateHistoryMenu();  // the gallery's activation
+  EXPECT_EQ(Globals().History, (std::array<std::string, 5>{"", "c.sif", "a.sif", "b.sif", "c.sif"}));
+  EXPECT_EQ(testing::ReadFile(app / "fhistlst.dat"), "\"c.sif\",\"a.sif\",\"b.sif\",\"c.sif\"\r\n");
+  EXPECT_EQ(m.Item("mnuFileHist(4)")->text(), "4 c.sif");
+  m.UpdateHistoryMenu();  // the next activation brings the open file in at the top
+  EXPECT_EQ(Globals().History, (std::array<std::string, 5>{"", "d.sif", "c.sif", "a.sif", "b.sif"}));
+  EXPECT_TRUE(messages.isEmpty());
+}
+
+TEST_F(MainWindowTest, HistoryEntryThatFailsToLoadIsTold) {
+  Globals().MainController->SetRegistryKeys(app / "Files/a.sif");
+  Globals().History = {"", "a.sif", "gone.sif", "", ""};
+  TheMDIMain().mnuFileHist_Click(2);
+  EXPECT_EQ(messages, QStringList({"Load Error: Invalid Slide Information File"}));
+}
+
+TEST_F(MainWindowTest, EmptyHistoryShowsTwoSeparatorsAndNoEntries) {
+  Globals().History = {"", "", "", "", ""};
+  MDIMain& m = TheMDIMain();
+  m.UpdateHistoryMenu();  // the open file has no name yet, like the empty first entry
+  EXPECT_TRUE(m.Item("mnuBar4")->isVisible());
+  EXPECT_TRUE(m.Item("mnuBar5")->isVisible());
+  for (int i = 1; i <= 4; ++i) EXPECT_FALSE(m.Item(QString("mnuFileHist(%1)").arg(i))->isVisible());
+  EXPECT_FALSE(std::filesystem::exists(app / "fhistlst.dat"));
+}
+
+TEST_F(MainWindowTest, ViewItemsHideAndShowTheBars) {
+  MDIMain& m = TheMDIMain();
+  m.show();
+  m.Item("mnuViewToolbar")->trigger();
+  EXPECT_FALSE(m.Item("mnuViewToolbar")->isChecked());
+  EXPECT_FALSE(m.Toolbar1()->isVisible());
+  m.Item("mnuViewToolbar")->trigger();
+  EXPECT_TRUE(m.Toolbar1()->isVisible());
+  m.Item("mnuViewStatusbar")->trigger();
+  EXPECT_FALSE(m.StatusBar1()->isVisible());
+}
+
+TEST_F(MainWindowTest, WallpaperNoteOpensAtTheLastPress) {
+  Globals().MouseX = 1500;
+  Globals().MouseY = 3000;
+  TheMDIMain().Item("mnuPopup2What")->trigger();
+  auto* what = qobject_cast<dlgWhat*>(FindOpenForm("dlgWhat"));
+  ASSERT_NE(what, nullptr);
+  EXPECT_EQ(what->WhatText,
+            "The wallpaper or background image.\nUse the 'Set Wallpaper' option to change the background.");
+  EXPECT_EQ(what->pos(), QPoint(100, 200));  // twips from the screen's corner at 96 dpi
+  what->close();
+}
+
+TEST_F(MainWindowTest, SetPasswordAsksForTheSameTextTwice) {
+  WhenModal([this](QWidget* w) {
+    auto* login = qobject_cast<frmLogin*>(w);
+    login->txtPassword->setText("Secret");
+    login->txtConfirmPassword->setText("secret");
+    login->cmdOK->click();
+    EXPECT_EQ(messages, QStringList({"Error: The confirmation password is not the same as the password.  Please try again."}));
+    EXPECT_TRUE(login->isVisible());
+    login->txtConfirmPassword->setText("Secret");
+    login->cmdOK->click();
+    EXPECT_TRUE(login->PasswordSet);
+  });
+  TheMDIMain().mnuFilePassword_Click();
+  std::string stored;
+  ASSERT_TRUE(Globals().MainController->GetPassword(stored));
+  EXPECT_EQ(stored, "Secret");
+}
+
+struct LoginRow {
+  const char* name;
+  const char* typed;  // null: Cancel
+  bool starts;
+};
+
+const LoginRow kLogins[] = {
+    {"right_password", "Secret", true},
+    {"other_case", "secret", false},
+    {"cancel", nullptr, false},
+};
+
+class LoginTest : public MainWindowTest, public ::testing::WithParamInterface<LoginRow> {};
+
+TEST_P(LoginTest, StoredPasswordIsAskedForOnceAtStart) {
+  ASSERT_TRUE(Globals().MainController->PutPassword("Secret"));
+  Globals().MainController->SetRegistryKeys(app / "Files/Home.sif");  // not a first use
+  const char* typed = GetParam().typed;
+  WhenModal([typed](QWidget* w) {
+    auto* login = qobject_cast<frmLogin*>(w);
+    ASSERT_NE(login, nullptr);
+    EXPECT_EQ(login->windowTitle(), "Login");
+    EXPECT_TRUE(login->txtConfirmPassword->isHidden());
+    if (!typed) return login->cmdCancel->click();
+    login->txtPassword->setText(typed);
+    login->cmdOK->click();
+  });
+  Globals().SplashDismissed = true;
+  EXPECT_EQ(Main(app.str(), settings), GetParam().starts);
+  if (GetParam().starts) {
+    EXPECT_TRUE(messages.isEmpty());
+    EXPECT_TRUE(TheMDIMain().isVisible());
+  } else {
+    EXPECT_EQ(messages, QStringList({"Error: Invalid password."}));
+    EXPECT_EQ(FindOpenForm("MDIMain"), nullptr);
+  }
+}
+
+INSTANTIATE_TEST_SUITE_P(Rows, LoginTest, ::testing::ValuesIn(kLogins),
+                         [](const auto& info) { return std::string(info.param.name); });
+
+}  // namespace
+}  // namespace cb
