@@ -1,24 +1,18 @@
 #include "storage/DataAccess.h"
 
-#include <array>
 #include <string>
 
-#include "app/Text.h"
 #include "app/UIMainController.h"
 #include "storage/FileSystem.h"
 #include "storage/RandomFile.h"
 #include "storage/Scramble.h"
+#include "storage/SifCodec.h"
 
 namespace cb {
 namespace {
 
 constexpr std::string_view kSource = "DataAccess";
 constexpr std::string_view kCannotFind = "Cannot find Slide Information File.";
-
-// The order in which the fields of a slide are scrambled and unscrambled.
-constexpr std::array<Field, 9> kFieldOrder{Field::Spare,  Field::Category, Field::PictureFile,
-                                           Field::Location, Field::Serial, Field::SlideText,
-                                           Field::Make,   Field::Model,    Field::Value};
 
 bool Fail(ErrorArray& errors, RtError e) {
   FillErrors(errors, e, kSource);
@@ -49,10 +43,7 @@ bool DataAccess::SaveSettings(ErrorArray& errors) {
   if (upper > kMaxRecords) return Fail(errors, RtError::Overflow);
   for (long i = 1; i <= upper; ++i) {
     SlideRecord& r = copy[static_cast<std::size_t>(i)];
-    for (Field f : kFieldOrder) {
-      const std::string plain = r.Get(f);
-      r.Set(f, ScrambleField(f == Field::Value ? Trim(plain) : plain));
-    }
+    EncodeSlide(r);
     if (auto e = file.Put(i + 1, r.bytes()); e != RtError::None) return Fail(errors, e);
   }
   return true;
@@ -79,17 +70,17 @@ bool DataAccess::LoadSettings(ErrorArray& errors) {
   SlideRecord& header = local[0];
   if (auto e = file.Get(1, header.bytes()); e != RtError::None) return fail(e);
 
-  const auto count = ToLong(LeadingDigitsValue(UnscrambleField(Trim(header.Get(Field::Serial)))));
-  if (count.error != RtError::None) return fail(count.error);
-  mc_.NumberOfRecords(count.value);
-  mc_.BackgroundImage(UnscrambleField(Trim(header.Get(Field::PictureFile))));
-  mc_.Wallpaper(UnscrambleField(Trim(header.Get(Field::SlideText))));
-  const auto tmpl = TextToLong(UnscrambleField(header.Get(Field::Spare)));
-  if (tmpl.error == RtError::None)
-    mc_.SlideTemplate(tmpl.value);
-  else if (tmpl.error != RtError::TypeMismatch)  // an unreadable template is passed over
-    return fail(tmpl.error);
-  mc_.ReportFont(UnscrambleField(header.Get(Field::Make)));
+  // The settings are stored one by one, so a failure keeps those stored before it.
+  SifHeader h = DecodeHeader(header);
+  if (h.NumberOfRecords.error != RtError::None) return fail(h.NumberOfRecords.error);
+  mc_.NumberOfRecords(h.NumberOfRecords.value);
+  mc_.BackgroundImage(std::move(h.BackgroundImage));
+  mc_.Wallpaper(std::move(h.Wallpaper));
+  if (h.SlideTemplate.error == RtError::None)
+    mc_.SlideTemplate(h.SlideTemplate.value);
+  else if (h.SlideTemplate.error != RtError::TypeMismatch)  // an unreadable template is passed over
+    return fail(h.SlideTemplate.error);
+  mc_.ReportFont(std::move(h.ReportFont));
 
   // Never allocate from a count the loop could not reach.
   const long upper = mc_.NumberOfRecords();
@@ -98,7 +89,7 @@ bool DataAccess::LoadSettings(ErrorArray& errors) {
   for (long i = 1; i <= upper; ++i) {
     SlideRecord& r = local[static_cast<std::size_t>(i)];
     if (auto e = file.Get(i + 1, r.bytes()); e != RtError::None) return fail(e);
-    for (Field f : kFieldOrder) r.Set(f, UnscrambleField(Trim(r.Get(f))));
+    DecodeSlide(r);
   }
   slides_ = std::move(local);
   return true;

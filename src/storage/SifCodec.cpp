@@ -20,4 +20,11 @@ void DecodeSlide(SlideRecord& record) {
   for (Field f : kCodecOrder) record.Set(f, UnscrambleField(Trim(record.Get(f))));
 }
 
+void EncodeSlide(SlideRecord& record) {
+  for (Field f : kCodecOrder) {
+    const std::string plain = record.Get(f);
+    record.Set(f, ScrambleField(f == Field::Value ? Trim(plain) : plain));
+  }
+}
+
 }  // namespace cb

@@ -1,7 +1,8 @@
 #pragma once
-// The decoding of Slide Information File records as a load performs it,
-// record by record, apart from where the file comes from. DataAccess and the
-// command-line companion both read records through these functions.
+// The coding of Slide Information File records as a load and a save perform
+// it, record by record, apart from where the file comes from. DataAccess and
+// the command-line companion both read and write records through these
+// functions.
 
 #include <array>
 #include <string>
@@ -34,5 +35,10 @@ SifHeader DecodeHeader(const SlideRecord& raw);
 // Replaces every field of a slide record as read from the file by its
 // unscrambled text, padded to the field's width.
 void DecodeSlide(SlideRecord& record);
+
+// Replaces every field of a slide record by its scrambled form, as a save
+// writes it. Value alone is trimmed first; the others lose as many characters
+// at their end as they have leading blanks.
+void EncodeSlide(SlideRecord& record);
 
 }  // namespace cb
