@@ -34,6 +34,8 @@ void Unload() {
 MDIMain& TheMDIMain() { return Instance<MDIMain>(); }
 frmLoading& TheLoading() { return Instance<frmLoading>(); }
 
+void UnloadLoading() { Unload<frmLoading>(); }
+
 frmSplash* OpenSplash() { return Slot<frmSplash>().data(); }
 void SetOpenSplash(frmSplash* splash) { Slot<frmSplash>() = splash; }
 

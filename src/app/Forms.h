@@ -16,6 +16,9 @@ class frmLoading;
 MDIMain& TheMDIMain();
 frmLoading& TheLoading();
 
+// Unloads the progress window; the next reference makes a new, hidden one.
+void UnloadLoading();
+
 // The open splash, or null once it is unloaded.
 frmSplash* OpenSplash();
 void SetOpenSplash(frmSplash* splash);

@@ -15,6 +15,7 @@
 #include "app/Forms.h"
 #include "app/ToolbarIcons.h"
 #include "app/modGlobal.h"
+#include "gallery/frmGallery.h"
 #include "dialogs/Twips.h"
 
 namespace cb {
@@ -38,6 +39,7 @@ MDIMain::MDIMain() : area_(new WallpaperArea(this)) {
   area_->setObjectName("MDIClient");
   area_->setBackground(QColor(128, 128, 128));
   area_->viewport()->installEventFilter(this);
+  connect(area_, &QMdiArea::subWindowActivated, this, &MDIMain::SubWindowActivated);
   setCentralWidget(area_);
   CreateMenus();
   CreateToolBar();
@@ -47,6 +49,9 @@ MDIMain::MDIMain() : area_(new WallpaperArea(this)) {
   CentreOnScreen(*this);
   MDIForm_Load();
 }
+
+// The children go down with the window; their last activations reach no one.
+MDIMain::~MDIMain() { disconnect(area_, nullptr, this, nullptr); }
 
 void MDIMain::MDIForm_Load() { mnuFileGallery_Click(); }
 
@@ -95,7 +100,7 @@ void MDIMain::Toolbar1_ButtonClick(const QString& key) {
   } else if (key == "Open") {
     mnuFileOpen_Click();
   } else if (key == "Edit") {
-    // The slide editor opens here once the gallery's slide window lands.
+    if (gallery_) gallery_->ShowEditSlide(Globals().MainController->SlideTemplate());
   } else if (key == "Report") {
     if (FindOpenForm("frmReport")) return;  // nothing more, not even the refresh
     // The report chooser opens here once the report windows land.

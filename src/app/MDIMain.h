@@ -10,6 +10,7 @@
 
 #include "app/MainWindowRules.h"
 #include "app/RuntimeError.h"
+#include "gallery/frmGallery.h"
 
 class QLabel;
 class QMenu;
@@ -17,6 +18,8 @@ class QAction;
 class QToolBar;
 
 namespace cb {
+
+class frmGallery;
 
 // The client area, painting the wallpaper centred on the background.
 class WallpaperArea : public QMdiArea {
@@ -37,6 +40,7 @@ class MDIMain : public QMainWindow {
   Q_OBJECT
  public:
   MDIMain();
+  ~MDIMain() override;
 
   WallpaperArea* MdiArea() const { return area_; }
   // A menu item by name, "mnuFileHist(2)" for an element of an array; null if none.
@@ -56,7 +60,21 @@ class MDIMain : public QMainWindow {
   // Puts the open file first in the history and shows the history in the menus.
   void UpdateHistoryMenu();
 
+  // The open gallery, or null.
+  frmGallery* fGallery() const { return gallery_; }
+  // Unloads the gallery and builds it afresh on the first page.
+  void RebuildGallery();
+  // What the gallery's unload leaves behind: Edit off, the Window commands off.
+  void GalleryUnloaded();
+  // The toolbar as the gallery's and the slide window's activations set it.
+  void SetGalleryToolbar();
+  void SetSlideToolbar();
+  void fGallery_SettingsChanged();
+
   void mnuFileGallery_Click();
+  void mnuWindowVertical_Click() { Arrange(Arrangement::TileVertical); }
+  void mnuWindowHorizontal_Click() { Arrange(Arrangement::TileHorizontal); }
+  void mnuWindowCascade_Click() { Arrange(Arrangement::Cascade); }
   void mnuFileHist_Click(int index);
   void mnuHelpContents_Click();
   void SetBackground();
@@ -90,6 +108,10 @@ class MDIMain : public QMainWindow {
   void FillWindowMenu();
   void ToggleBar(const QString& item, QWidget& bar);
   void MDIForm_Load();
+  void SubWindowActivated(class QMdiSubWindow* sub);
+  void SetMenuBar(const QList<QMenu*>& menus);
+  // The like-named item of the gallery's menu, when the gallery is open.
+  QAction* GalleryItem(const QString& name) const;
 
   WallpaperArea* area_;
   QToolBar* toolbar_ = nullptr;
@@ -98,6 +120,8 @@ class MDIMain : public QMainWindow {
   QHash<QString, QMenu*> menus_;
   QHash<QString, QAction*> buttons_;
   QList<QAction*> windowList_;
+  QList<QMenu*> ownBar_;
+  QPointer<frmGallery> gallery_;
   int windowCounter_ = 0;
   bool lastRightButton_ = false;  // recorded as the window always did; nothing reads it
   ErrorArray errors_;

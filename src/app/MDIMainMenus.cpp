@@ -8,6 +8,7 @@
 
 #include "app/Forms.h"
 #include "app/MDIMain.h"
+#include "app/MenuBuilder.h"
 #include "app/frmAbout.h"
 #include "app/frmLogin.h"
 #include "app/modGlobal.h"
@@ -26,12 +27,6 @@ constexpr char kLoadErrorTitle[] = "Load Error";
 constexpr char kWallpaperWhat1[] = "The wallpaper or background image.";
 constexpr char kWallpaperWhat2[] = "Use the 'Set Wallpaper' option to change the background.";
 constexpr long kWallpaperWhatHeight = 800, kWallpaperWhatWidth = 4000;
-
-QString Q(std::string_view s) { return QString::fromUtf8(s.data(), static_cast<int>(s.size())); }
-
-QString ItemKey(const MenuItemSpec& spec) {
-  return spec.index ? QString("%1(%2)").arg(Q(spec.name)).arg(spec.index) : Q(spec.name);
-}
 
 struct Handler {
   const char* item;
@@ -57,23 +52,11 @@ constexpr Handler kHandlers[] = {
 }  // namespace
 
 void MDIMain::CreateMenus() {
-  QMenu* current = nullptr;
-  for (const auto& spec : kMainMenu) {
-    if (spec.depth == 0) {
-      current = new QMenu(Q(spec.caption), this);
-      current->setObjectName(Q(spec.name));
-      menus_.insert(Q(spec.name), current);
-      if (spec.state != ItemState::Hidden) menuBar()->addMenu(current);
-      continue;
-    }
-    QAction* a = spec.caption == "-" ? current->addSeparator() : current->addAction(Q(spec.caption));
-    a->setObjectName(Q(spec.name));
-    a->setEnabled(spec.state != ItemState::Off);
-    a->setVisible(spec.state != ItemState::Hidden);
-    a->setCheckable(spec.state == ItemState::Checked);
-    a->setChecked(spec.state == ItemState::Checked);
-    items_.insert(ItemKey(spec), a);
-  }
+  BuiltMenus built = BuildMenus(this, kMainMenu);
+  items_ = built.items;
+  menus_ = built.menus;
+  ownBar_ = built.bar;
+  for (QMenu* m : ownBar_) menuBar()->addMenu(m);
   connect(menus_["mnuWindow"], &QMenu::aboutToShow, this, &MDIMain::FillWindowMenu);
 }
 
@@ -124,7 +107,12 @@ void MDIMain::UpdateHistoryMenu() {
     QAction* a = items_[QString("mnuFileHist(%1)").arg(i)];
     a->setText(QString("%1 %2").arg(i).arg(ToQ(g.History[static_cast<std::size_t>(i)])));
     a->setVisible(true);
-    // The gallery's own history items follow here once the gallery lands.
+    if (QAction* mirror = GalleryItem(a->objectName() + QString("(%1)").arg(i))) {
+      mirror->setText(a->text());
+      mirror->setVisible(true);
+      GalleryItem("mnuBar4")->setVisible(true);
+      GalleryItem("mnuBar5")->setVisible(true);
+    }
   }
 }
 
@@ -134,11 +122,7 @@ void MDIMain::mnuFileHist_Click(int index) {
   const std::string path = mc.SlideInformationPath() + g.History[static_cast<std::size_t>(index)];
   if (mc.SetRegistryKeys(path) && !mc.LoadSettings(errors_))
     MsgBox(kLoadErrorText, vbExclamation, kLoadErrorTitle);
-  mnuFileGallery_Click();
-}
-
-void MDIMain::mnuFileGallery_Click() {
-  // The gallery is built here once the gallery window lands.
+  RebuildGallery();
 }
 
 void MDIMain::mnuFileNew_Click() {
@@ -184,7 +168,7 @@ void MDIMain::ToggleBar(const QString& item, QWidget& bar) {
   QAction* a = items_[item];
   const bool show = !a->isChecked();
   a->setChecked(show);
-  // The gallery's item of the same name is set here too once the gallery lands.
+  if (QAction* mirror = GalleryItem(item)) mirror->setChecked(show);
   bar.setVisible(show);
 }
 

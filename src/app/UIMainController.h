@@ -95,6 +95,15 @@ class UIMainController {
   bool GetFileHistoryList(std::array<std::string, 5>& history, ErrorArray& errors);
   bool PutFileHistoryList(const std::array<std::string, 5>& history, ErrorArray& errors);
 
+  // The what's-this scaling of a mouse position on Image1(index); index 0
+  // leaves it as it is.
+  LongResult GetXCoord(std::int32_t value, std::int16_t index) const {
+    return globalController_->GetXCoord(value, index);
+  }
+  LongResult GetYCoord(std::int32_t value, std::int16_t index) const {
+    return globalController_->GetYCoord(value, index);
+  }
+
   UIGlobalController& GlobalController() { return *globalController_; }
 
  private:

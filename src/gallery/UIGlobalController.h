@@ -1,17 +1,36 @@
 #pragma once
 // Operations shared by the windows that work on the collection.
-// The directory scan of the collection editor and slide deletion join this
-// class as the gallery lands.
+// The directory scan of the collection editor joins this class with it.
 
 #include <cstdint>
+#include <string>
+
+#include "storage/SlideRecord.h"
 
 #include "app/Text.h"
 #include "gallery/GalleryLayout.h"
 
 namespace cb {
 
+class UIMainController;
+
 class UIGlobalController {
  public:
+  // Appends a slide naming the picture at `fullPath` (its name cut to the
+  // field) and copies the picture into the gallery directory unless it is
+  // already there; a picture of the same name there is overwritten. An empty
+  // collection is first reset to its header. False when the copy fails; the
+  // appended record stays.
+  bool AddSlide(const std::string& fullPath, UIMainController& mc, SlideArray& slides) const;
+
+  // Removes the slide in cell `index` of the page on show (record Base +
+  // index - 1); a number past the end removes the last slide all the same.
+  bool DeleteSlide(std::int32_t index, UIMainController& mc, SlideArray& slides) const;
+
+  // Removes the first slide whose picture is `fileName` (exact). The last
+  // slide goes when none matches, and the result is then false.
+  bool DeleteSlideMSC(const std::string& fileName, UIMainController& mc, SlideArray& slides) const;
+
   // A mouse position on Image1(index), relative to that element, turned into
   // a rough position in the grid for a what's-this note: multiplied by the
   // cell's one-based column (x) or row (y). Index 0 returns the value as is.

@@ -1,0 +1,34 @@
+#pragma once
+// An image element that stretches its picture to whatever size it is given,
+// and reports a press as mouse-down, then mouse-up followed by click.
+
+#include <QImage>
+#include <QWidget>
+
+namespace cb {
+
+class StretchImage : public QWidget {
+  Q_OBJECT
+ public:
+  explicit StretchImage(QWidget* parent = nullptr);
+
+  void SetPicture(QImage picture);
+  void ClearPicture() { SetPicture({}); }
+  bool HasPicture() const { return !picture_.isNull(); }
+  const QImage& Picture() const { return picture_; }
+
+ signals:
+  void MouseDown(Qt::MouseButton button, QPointF pos);
+  void MouseUp(Qt::MouseButton button, QPointF pos);
+  void Click();
+
+ protected:
+  void paintEvent(QPaintEvent* e) override;
+  void mousePressEvent(QMouseEvent* e) override;
+  void mouseReleaseEvent(QMouseEvent* e) override;
+
+ private:
+  QImage picture_;
+};
+
+}  // namespace cb

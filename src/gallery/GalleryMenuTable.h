@@ -1,0 +1,23 @@
+#pragma once
+// The gallery's own menu bar, which stands in for the main window's while
+// the gallery is active, its four popups, and its what's-this notes.
+
+#include <array>
+#include <string_view>
+
+#include "app/MainWindowRules.h"
+
+namespace cb {
+
+extern const std::array<MenuItemSpec, 52> kGalleryMenu;
+
+struct WhatNote {
+  std::string_view item;
+  long height;  // twips
+  long width;
+  std::string_view text;
+};
+
+extern const std::array<WhatNote, 3> kGalleryWhatNotes;
+
+}  // namespace cb

@@ -1,0 +1,101 @@
+#pragma once
+// The gallery: the open collection as a five-by-three grid of framed
+// pictures, scrolled sideways by one column. It never holds more than
+// fifteen slide pictures; scrolling reloads the same fifteen cells.
+
+#include <QHash>
+#include <QPointer>
+#include <QWidget>
+#include <array>
+#include <map>
+
+#include "app/RuntimeError.h"
+#include "dialogs/DecodePictures.h"
+#include "gallery/UIGlobalController.h"
+
+class QAction;
+class QMenu;
+class QScrollBar;
+
+namespace cb {
+
+class StretchImage;
+class frmSlide;
+struct ScrollStep;
+
+// The path of record `record`'s picture in the gallery directory.
+QString GalleryPicturePath(std::int32_t record);
+
+class frmGallery : public QWidget {
+  Q_OBJECT
+ public:
+  frmGallery();
+  ~frmGallery() override;
+
+  // The creation steps: caption, then the load of the first page.
+  void Create();
+  // Each activation: history, Roof repair, status text, toolbar.
+  void Form_Activate();
+
+  // Opens or reuses the slide window on cell `index`; false for an empty cell.
+  bool ShowSlide(std::int16_t index);
+  // Opens or reuses the slide window on record `record` for the reports.
+  bool ShowReportSlide(std::int32_t record);
+  void ShowEditSlide(std::int32_t slideTemplate);
+
+  void mnuSlidesAdd_Click();
+  void mnuPopup1Delete_Click();
+  void mnuPopupReset_Click();
+
+  // Image1(1..15) the slide images, Image1(16..30) their frames.
+  StretchImage* Image1(int index) const { return images_[static_cast<std::size_t>(index - 1)]; }
+  QScrollBar* FlatScrollBar1;
+  QWidget* Picture1;
+  QAction* Item(const QString& name) const { return items_.value(name); }
+  QMenu* Menu(const QString& name) const { return menus_.value(name); }
+  const QList<QMenu*>& MenuBarMenus() const { return bar_; }
+
+  bool WarnMissingSlides = true;
+  int WarnAnswer = 0;
+  std::int16_t PopupSlideIndex = -1;
+  bool SkipClick = false;
+  QString NewSlidePath;
+  QPointer<frmSlide> fSlide;
+
+ signals:
+  void SettingsChanged();
+
+ protected:
+  void resizeEvent(QResizeEvent* e) override;
+  void closeEvent(QCloseEvent* e) override;
+
+ private:
+  void CreateMenus();
+  void Load();
+  void LayOut();
+  void SetStatusText();
+  void ClearSlideImages();
+  void FlatScrollBar1_Change(int value);
+  void RefillCells(const ScrollStep& step);
+  void Image1_MouseUp(int index, Qt::MouseButton button, QPointF pos);
+  void Image1_Click(int index);
+  void ShowWhat(const QString& item);
+  // Loads record `record`'s picture into cell `cell` as a load does: a missing
+  // file goes through the missing-file protocol and is retried. False when
+  // the load must end (any other failure).
+  bool LoadCell(int cell, std::int32_t record);
+  // The missing-file protocol for record `record`; `warn` shows the question.
+  void MissingSlide(std::int32_t record);
+  RtError Picture(const QString& path, QImage& out);
+
+  std::array<StretchImage*, 30> images_{};
+  QHash<QString, QAction*> items_;
+  QHash<QString, QMenu*> menus_;
+  QList<QMenu*> bar_;
+  UIGlobalController GalleryController;
+  ErrorArray errors_;
+  // Pictures decoded ahead for the page being filled, by path.
+  std::map<QString, DecodedPicture> decoded_;
+};
+
+}  // namespace cb

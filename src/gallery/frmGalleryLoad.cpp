@@ -1,0 +1,172 @@
+// The gallery's load: frames first, then up to fifteen slides with the
+// missing-file protocol, tool tips, empty cells, the bar and the status text.
+#include <QLabel>
+#include <QMenu>
+#include <QProgressBar>
+#include <QScrollBar>
+
+#include "app/Forms.h"
+#include "app/MDIMain.h"
+#include "app/frmLoading.h"
+#include "app/modGlobal.h"
+#include "dialogs/LoadPicture.h"
+#include "dialogs/MsgBox.h"
+#include "dialogs/StretchImage.h"
+#include "dialogs/Twips.h"
+#include "gallery/GalleryLayout.h"
+#include "gallery/ScrollRules.h"
+#include "gallery/frmGallery.h"
+
+namespace cb {
+namespace {
+
+constexpr char kLoadingText[] = "Loading slides...";
+constexpr char kNotFoundTitle[] = "Slide Not Found";
+constexpr char kEmptyToolTip[] = "Empty";
+
+QString NotFoundText(const std::string& pictureFile) {
+  return "The file '" + ToQ(Trim(pictureFile)) +
+         "' referenced in the gallery could not be found on your hard drive.\n"
+         "The slide will be removed from the gallery.\n\n"
+         "Click 'Yes' to receive further warnings, otherwise click 'No'";
+}
+
+std::int32_t UpperBound() { return static_cast<std::int32_t>(Globals().Slides.size()) - 1; }
+
+}  // namespace
+
+void frmGallery::Create() {
+  setUpdatesEnabled(false);
+  items_["mnuFileGallery"]->setEnabled(false);
+  setWindowTitle("Gallery <" + ToQ(Globals().MainController->SlideInformationFilePath()) + ">");
+  Load();
+  setUpdatesEnabled(true);
+}
+
+QString GalleryPicturePath(std::int32_t record) {
+  const UIMainController& mc = *Globals().MainController;
+  return ToQ(mc.AppPath() + mc.GetGalleryDirectory() +
+             Trim(Globals().Slides[static_cast<std::size_t>(record)].Get(Field::PictureFile)));
+}
+
+RtError frmGallery::Picture(const QString& path, QImage& out) {
+  if (auto it = decoded_.find(path); it != decoded_.end()) {
+    out = it->second.image;
+    return it->second.error;
+  }
+  return LoadPicture(path, out, GalleryCellBound());
+}
+
+void frmGallery::Load() {
+  ModGlobal& g = Globals();
+  UIMainController& mc = *g.MainController;
+  frmLoading& loading = TheLoading();
+  loading.show();
+  loading.lblText->setText(kLoadingText);
+  loading.repaint();
+  WarnMissingSlides = true;
+  GalleryController = UIGlobalController();
+  if (QWidget* frame = parentWidget())
+    frame->resize(TwipsToPixelsX(mc.FormWidth()), TwipsToPixelsY(mc.FormHeight()));
+  const std::int32_t n = UpperBound();
+  const RecordWindow opening = OpeningWindow(n);
+  mc.CurrentlyActiveBase(opening.Base);
+  mc.CurrentlyActiveRoof(opening.Roof);
+  mc.CurrentImageNumber(opening.CurrentImageNumber);
+  loading.repaint();
+
+  QImage frame;
+  LoadPicture(ToQ(mc.AppPath() + mc.GetGraphicsDirectory() + mc.BackgroundImage()), frame, GalleryCellBound());
+  for (int i = 1; i <= kGalleryCells; ++i) Image1(FrameOf(i))->SetPicture(frame);
+
+  // The page's pictures decode together ahead of the loop, which keeps its order.
+  QStringList paths;
+  for (std::int32_t i = 1; i <= n && i < 16; ++i) paths << GalleryPicturePath(i);
+  const auto pictures = DecodePictures(paths, GalleryCellBound());
+  for (int k = 0; k < paths.size(); ++k) decoded_[paths[k]] = pictures[static_cast<std::size_t>(k)];
+
+  for (std::int32_t i = 1; i <= n && i < 16; ++i) {
+    if (!LoadCell(i, i) || RecordInCell(mc.CurrentlyActiveBase(), i) > UpperBound()) {
+      // Any other failure ends the load here, leaving the rest as it stands.
+      decoded_.clear();
+      UnloadLoading();
+      return;
+    }
+    Image1(i)->setToolTip(ToQ(SlideToolTip(
+        g.Slides[static_cast<std::size_t>(RecordInCell(mc.CurrentlyActiveBase(), i))].Get(Field::SlideText))));
+    loading.ProgressBar1->setValue(i);
+    loading.repaint();
+  }
+  decoded_.clear();
+
+  const std::int32_t now = UpperBound();
+  if (now - 1 < 15) {
+    FlatScrollBar1->setEnabled(false);
+    for (std::int32_t i = now + 1; i <= 15; ++i) {
+      Image1(i)->setToolTip(kEmptyToolTip);
+      Image1(FrameOf(i))->SetPicture(frame);
+    }
+  }
+  if (FlatScrollBar1->isEnabled()) {
+    const ToolkitBarRange range = MapToToolkitBar(GalleryScrollRange(now));
+    const QSignalBlocker setUp(FlatScrollBar1);
+    FlatScrollBar1->setRange(range.minimum, range.maximum);
+    FlatScrollBar1->setSingleStep(range.singleStep);
+    FlatScrollBar1->setPageStep(range.pageStep);
+    FlatScrollBar1->setValue(range.minimum);
+    g.GalleryScrollValue = 0;
+  }
+  TheMDIMain().Menu("mnuWindow")->menuAction()->setEnabled(true);
+  SetStatusText();
+  UnloadLoading();
+  PopupSlideIndex = -1;
+}
+
+bool frmGallery::LoadCell(int cell, std::int32_t record) {
+  for (;;) {
+    if (record > UpperBound()) return false;  // the collection shrank under the loop
+    QImage picture;
+    const RtError e = Picture(GalleryPicturePath(record), picture);
+    if (e == RtError::None) {
+      Image1(cell)->SetPicture(std::move(picture));
+      return true;
+    }
+    if (e == RtError::FileNotFound) {
+      MissingSlide(record);
+    } else if (e == RtError::InvalidPicture) {
+      GalleryController.DeleteSlide(record, *Globals().MainController, Globals().Slides);
+    } else {
+      return false;
+    }
+  }
+}
+
+void frmGallery::MissingSlide(std::int32_t record) {
+  ModGlobal& g = Globals();
+  UIMainController& mc = *g.MainController;
+  if (WarnMissingSlides) {
+    WarnAnswer = MsgBox(NotFoundText(g.Slides[static_cast<std::size_t>(record)].Get(Field::PictureFile)), vbYesNo,
+                        kNotFoundTitle);
+    if (WarnAnswer == vbNo) WarnMissingSlides = false;
+  }
+  // A record number stands where a cell index is expected: with Base above 1
+  // the slide removed is not always the one whose file is missing.
+  GalleryController.DeleteSlide(record, mc, g.Slides);
+  mc.CurrentlyActiveRoof(UpperBound() < 15 ? UpperBound() : 15);
+  mc.SaveSettings(errors_);
+}
+
+void frmGallery::ClearSlideImages() {
+  for (int i = 1; i <= kGalleryCells; ++i) {
+    Image1(i)->ClearPicture();
+    Image1(i)->setToolTip(kEmptyToolTip);
+  }
+}
+
+void frmGallery::SetStatusText() {
+  const UIMainController& mc = *Globals().MainController;
+  TheMDIMain().SetStatusText(
+      ToQ(GalleryStatusText(mc.CurrentlyActiveBase(), mc.CurrentlyActiveRoof(), UpperBound())));
+}
+
+}  // namespace cb

@@ -1,0 +1,90 @@
+// The gallery's scroll bar: each change re-decides the records on show and
+// reloads the fifteen slide cells; frames are never touched.
+#include <QLabel>
+#include <QProgressBar>
+#include <QScrollBar>
+
+#include "app/Forms.h"
+#include "app/MDIMain.h"
+#include "app/frmLoading.h"
+#include "app/modGlobal.h"
+#include "dialogs/StretchImage.h"
+#include "dialogs/Twips.h"
+#include "gallery/GalleryLayout.h"
+#include "gallery/ScrollRules.h"
+#include "gallery/frmGallery.h"
+
+namespace cb {
+namespace {
+
+constexpr char kRefreshingText[] = "Refreshing slides...";
+
+RecordWindow Window(const UIMainController& mc) {
+  return {mc.CurrentlyActiveBase(), mc.CurrentlyActiveRoof(), mc.CurrentImageNumber()};
+}
+
+void Store(UIMainController& mc, const RecordWindow& w) {
+  mc.CurrentlyActiveBase(w.Base);
+  mc.CurrentlyActiveRoof(w.Roof);
+  mc.CurrentImageNumber(w.CurrentImageNumber);
+}
+
+std::int32_t UpperBound() { return static_cast<std::int32_t>(Globals().Slides.size()) - 1; }
+
+}  // namespace
+
+void frmGallery::FlatScrollBar1_Change(int value) {
+  ModGlobal& g = Globals();
+  UIMainController& mc = *g.MainController;
+  frmLoading* loading = &TheLoading();
+  loading->show();
+  loading->lblText->setText(kRefreshingText);
+  loading->repaint();
+  const ScrollStep step = BeginScroll(Window(mc), g.GalleryScrollValue, HandlerValue(value), UpperBound());
+  if (step.refused) {
+    if (step.pushBack) FlatScrollBar1->setValue(*step.pushBack);  // runs the handler again, with D = 0
+    UnloadLoading();
+    g.GalleryScrollValue = step.scrollValue;
+    return;
+  }
+  Store(mc, step.window);
+  RefillCells(step);
+  const ScrollFinish finish = FinishScroll(step, Window(mc), UpperBound());
+  Store(mc, finish.window);
+  TheMDIMain().SetStatusText(ToQ(GalleryStatusText(finish.window.Base, finish.statusRoof, UpperBound())));
+  UnloadLoading();
+  g.GalleryScrollValue = step.scrollValue;
+}
+
+void frmGallery::RefillCells(const ScrollStep& step) {
+  if (step.refill.kind == RefillKind::None) return;
+  ClearSlideImages();
+  const auto& slides = Globals().Slides;
+  std::int32_t cell = 1;
+  for (; cell <= step.refill.Cells() && cell <= kGalleryCells; ++cell) {
+    const std::int32_t r = step.refill.RecordFor(cell);
+    const CellFill fill = FillFor(step.refill, r, UpperBound());
+    if (fill == CellFill::Load) {
+      for (;;) {
+        QImage picture;
+        const RtError e = Picture(GalleryPicturePath(r), picture);
+        if (e == RtError::FileNotFound && r <= UpperBound()) {
+          MissingSlide(r);  // then the same statement once more
+          if (r > UpperBound()) break;
+          continue;
+        }
+        if (e == RtError::None) Image1(cell)->SetPicture(std::move(picture));
+        else UnloadLoading();  // an invalid picture leaves the cell empty
+        break;
+      }
+      if (r <= UpperBound())
+        Image1(cell)->setToolTip(ToQ(SlideToolTip(slides[static_cast<std::size_t>(r)].Get(Field::SlideText))));
+    } else if (fill == CellFill::OutOfRange) {
+      UnloadLoading();
+    }
+    TheLoading().ProgressBar1->setValue(cell);
+    TheLoading().repaint();
+  }
+}
+
+}  // namespace cb

@@ -1,0 +1,87 @@
+// Opening slides from the gallery: a click on a cell, or a report's link.
+#include <QMdiSubWindow>
+
+#include "app/Forms.h"
+#include "app/MDIMain.h"
+#include "app/modGlobal.h"
+#include "dialogs/LoadPicture.h"
+#include "dialogs/StretchImage.h"
+#include "dialogs/Twips.h"
+#include "gallery/frmGallery.h"
+#include "slide/SlideNames.h"
+#include "slide/frmSlide.h"
+
+namespace cb {
+namespace {
+
+// The picture of record `record` by the slide window's file-name rule; a name
+// without a "." gives no picture.
+QImage SlidePicture(std::int32_t record) {
+  const UIMainController& mc = *Globals().MainController;
+  const auto name = SlidePictureName(Trim(Globals().Slides[static_cast<std::size_t>(record)].Get(Field::PictureFile)));
+  QImage picture;
+  if (name) LoadPicture(ToQ(mc.AppPath() + mc.GetGalleryDirectory() + *name), picture);
+  return picture;
+}
+
+// A new slide window filling the main window's client area.
+frmSlide* NewSlideWindow(const QImage& picture, const QString& tip) {
+  auto* slide = new frmSlide();
+  slide->Image1->SetPicture(picture);
+  slide->Image1->setToolTip(tip);
+  MDIMain& main = TheMDIMain();
+  QMdiSubWindow* sub = main.MdiArea()->addSubWindow(slide);
+  sub->setAttribute(Qt::WA_DeleteOnClose);
+  sub->setGeometry(main.MdiArea()->viewport()->rect());
+  sub->show();
+  return slide;
+}
+
+}  // namespace
+
+bool frmGallery::ShowSlide(std::int16_t index) {
+  auto* open = qobject_cast<frmSlide*>(FindOpenForm("frmSlide"));
+  if (index < 1 || index > 15 || !Image1(index)->HasPicture()) return false;
+  UIMainController& mc = *Globals().MainController;
+  mc.CurrentImageNumber(RecordInCell(mc.CurrentlyActiveBase(), index));
+  const std::int32_t record = mc.CurrentImageNumber();
+  if (record < 0 || record >= static_cast<std::int32_t>(Globals().Slides.size())) return true;
+  const QImage picture = SlidePicture(record);
+  if (!open) {
+    fSlide = NewSlideWindow(picture, Image1(index)->toolTip().trimmed());
+    return true;
+  }
+  open->setUpdatesEnabled(false);
+  if (!picture.isNull()) open->Image1->SetPicture(picture);
+  open->Image1->setToolTip(Image1(index)->toolTip().trimmed());
+  open->SetCaption();
+  open->setUpdatesEnabled(true);
+  open->setFocus();
+  fSlide = open;
+  return true;
+}
+
+bool frmGallery::ShowReportSlide(std::int32_t record) {
+  if (record < 0 || record >= static_cast<std::int32_t>(Globals().Slides.size())) return false;
+  const QImage picture = SlidePicture(record);
+  const QString tip = ToQ(Trim(Globals().Slides[static_cast<std::size_t>(record)].Get(Field::SlideText)));
+  if (auto* open = qobject_cast<frmSlide*>(FindOpenForm("frmSlide"))) {
+    if (!picture.isNull()) open->Image1->SetPicture(picture);
+    open->Image1->setToolTip(tip);
+    open->update();
+    fSlide = open;
+  } else {
+    fSlide = NewSlideWindow(picture, tip);
+  }
+  return false;
+}
+
+void frmGallery::ShowEditSlide(std::int32_t slideTemplate) {
+  if (auto* open = qobject_cast<frmSlide*>(FindOpenForm("frmSlide"))) open->ShowEditSlide(slideTemplate);
+}
+
+void frmGallery::mnuPopupReset_Click() {
+  if (auto* open = qobject_cast<frmSlide*>(FindOpenForm("frmSlide"))) open->Reset();
+}
+
+}  // namespace cb

@@ -1,0 +1,108 @@
+#include "slide/frmSlide.h"
+
+#include <QAction>
+#include <QCursor>
+#include <QMenu>
+#include <cmath>
+
+#include "app/Forms.h"
+#include "app/MDIMain.h"
+#include "app/modGlobal.h"
+#include "dialogs/HelpRoutine.h"
+#include "dialogs/StretchImage.h"
+#include "dialogs/Twips.h"
+#include "gallery/frmGallery.h"
+#include "slide/SlideNames.h"
+#include "slide/Zoom.h"
+
+namespace cb {
+namespace {
+constexpr char kHelpPage[] = "help009.htm";
+}  // namespace
+
+frmSlide::frmSlide() {
+  setObjectName("frmSlide");
+  setWindowTitle("Slide");
+  setAttribute(Qt::WA_DeleteOnClose);
+  Image1 = new StretchImage(this);
+  Image1->setObjectName("Image1");
+  connect(Image1, &StretchImage::MouseDown, this, [this](Qt::MouseButton, QPointF p) {
+    ClickX = static_cast<float>(PixelsToTwipsX(static_cast<int>(std::lround(p.x()))));
+    ClickY = static_cast<float>(PixelsToTwipsY(static_cast<int>(std::lround(p.y()))));
+  });
+  connect(Image1, &StretchImage::MouseUp, this, &frmSlide::Image1_MouseUp);
+  connect(Image1, &StretchImage::Click, this, &frmSlide::Image1_Click);
+  InstallF1(*this, kHelpPage);
+  resize(TwipsToPixelsX(7725), TwipsToPixelsY(5355));
+  Place({0, 0, 7095, 4575});
+  SetCaption();
+}
+
+double frmSlide::ScaleWidth() const { return PixelsToTwipsX(width()); }
+double frmSlide::ScaleHeight() const { return PixelsToTwipsY(height()); }
+
+void frmSlide::Place(const ElementRect& r) {
+  image_ = r;
+  Image1->setGeometry(TwipsRect(r.Left, r.Top, r.Width, r.Height));
+}
+
+void frmSlide::SetCaption() {
+  const ModGlobal& g = Globals();
+  const std::int32_t n = g.MainController->CurrentImageNumber();
+  const std::string text = (n >= 0 && n < static_cast<std::int32_t>(g.Slides.size()))
+                               ? g.Slides[static_cast<std::size_t>(n)].Get(Field::SlideText)
+                               : std::string();
+  setWindowTitle(ToQ(SlideCaption(text, n)));
+}
+
+void frmSlide::resizeEvent(QResizeEvent*) { Place(FitImage(image_, ScaleWidth(), ScaleHeight())); }
+
+void frmSlide::Image1_MouseUp(Qt::MouseButton button, QPointF pos) {
+  ModGlobal& g = Globals();
+  const auto x = g.MainController->GetXCoord(ToLong(PixelsToTwipsX(static_cast<int>(std::lround(pos.x())))).value, 0);
+  const auto y = g.MainController->GetYCoord(ToLong(PixelsToTwipsY(static_cast<int>(std::lround(pos.y())))).value, 0);
+  if (x.error == RtError::None) g.MouseX = x.value;
+  if (y.error == RtError::None) g.MouseY = y.value;
+  if (button != Qt::RightButton) return;
+  if (auto* gallery = qobject_cast<frmGallery*>(FindOpenForm("frmGallery")))
+    gallery->Menu("mnuPopup3")->popup(QCursor::pos());
+  SkipClick = true;
+}
+
+void frmSlide::Image1_Click() {
+  if (SkipClick) {
+    SkipClick = false;
+    return;
+  }
+  MDIMain& main = TheMDIMain();
+  const ZoomButtons pressed = ButtonsForClick(
+      {main.Button("Zoom")->isChecked() ? 1 : 0, main.Button("Unzoom")->isChecked() ? 1 : 0});
+  main.Button("Zoom")->setChecked(pressed.zoom == 1);
+  main.Button("Unzoom")->setChecked(pressed.unzoom == 1);
+  ZoomingIn = cb::ZoomingIn(pressed);
+  Image1->hide();
+  // An element is no larger than the toolkit takes; a larger write is refused.
+  Place(ZoomStep(image_, ScaleWidth(), ScaleHeight(), ClickX, ClickY, ZoomingIn, PixelsToTwipsX(QWIDGETSIZE_MAX)));
+  Image1->show();
+}
+
+void frmSlide::Reset() {
+  setUpdatesEnabled(false);
+  Place(ResetImage(ScaleWidth(), ScaleHeight()));
+  setUpdatesEnabled(true);
+}
+
+void frmSlide::Form_Activate() {
+  const ModGlobal& g = Globals();
+  const std::int32_t n = g.MainController->CurrentImageNumber();
+  if (n >= 0 && n < static_cast<std::int32_t>(g.Slides.size()))
+    Image1->setToolTip(ToQ(Trim(g.Slides[static_cast<std::size_t>(n)].Get(Field::SlideText))));
+  SkipClick = false;
+  TheMDIMain().SetSlideToolbar();
+}
+
+void frmSlide::ShowEditSlide(std::int32_t) {
+  // The slide editors of the three templates open here once they land.
+}
+
+}  // namespace cb

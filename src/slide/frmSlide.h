@@ -1,0 +1,49 @@
+#pragma once
+// One slide's picture as large as the main window's client area, zoomed
+// about the clicked point by a fixed step.
+
+#include <QWidget>
+
+#include "gallery/GalleryLayout.h"
+
+namespace cb {
+
+class StretchImage;
+
+class frmSlide : public QWidget {
+  Q_OBJECT
+ public:
+  frmSlide();
+
+  StretchImage* Image1;
+  bool SkipClick = false;
+  float ClickX = 0, ClickY = 0;
+  bool ZoomingIn = true;
+
+  // Opens the editor of the template on the current slide.
+  void ShowEditSlide(std::int32_t slideTemplate);
+  // The popup's Reset: the picture fills the window from its corner.
+  void Reset();
+  // The picture's place in twips.
+  ElementRect ImageRect() const { return image_; }
+  // The caption from the current slide.
+  void SetCaption();
+  void Form_Activate();
+
+ signals:
+  void SlideChanged();
+
+ protected:
+  void resizeEvent(QResizeEvent* e) override;
+
+ private:
+  void Image1_MouseUp(Qt::MouseButton button, QPointF pos);
+  void Image1_Click();
+  void Place(const ElementRect& r);
+  double ScaleWidth() const;
+  double ScaleHeight() const;
+
+  ElementRect image_;
+};
+
+}  // namespace cb
