@@ -125,18 +125,6 @@ void MDIMain::mnuFileHist_Click(int index) {
   RebuildGallery();
 }
 
-void MDIMain::mnuFileNew_Click() {
-  // New arrives with the file dialog.
-}
-
-void MDIMain::mnuFileOpen_Click() {
-  // Open arrives with the file dialog.
-}
-
-void MDIMain::mnuFileSaveAs_Click() {
-  // Save As arrives with the file dialog.
-}
-
 void MDIMain::mnuFileWallpaper_Click() {
   // Set Wallpaper arrives with the background chooser.
 }

@@ -36,6 +36,10 @@ bool Shrink(UIMainController& mc, SlideArray& slides) {
 
 bool UIGlobalController::AddSlide(const std::string& fullPath, UIMainController& mc, SlideArray& slides) const {
   if (mc.NumberOfRecords() == 0) slides.assign(1, slides.empty() ? SlideRecord() : slides[0]);
+  return AppendSlide(fullPath, mc, slides);
+}
+
+bool UIGlobalController::AppendSlide(const std::string& fullPath, UIMainController& mc, SlideArray& slides) const {
   slides.emplace_back();
   mc.NumberOfRecords(static_cast<std::int32_t>(slides.size()) - 1);
   const auto slash = fullPath.rfind('/');

@@ -22,6 +22,8 @@ class UIGlobalController {
   // collection is first reset to its header. False when the copy fails; the
   // appended record stays.
   bool AddSlide(const std::string& fullPath, UIMainController& mc, SlideArray& slides) const;
+  // The same without resetting an empty collection: what the Add Slide command does.
+  bool AppendSlide(const std::string& fullPath, UIMainController& mc, SlideArray& slides) const;
 
   // Removes the slide in cell `index` of the page on show (record Base +
   // index - 1); a number past the end removes the last slide all the same.

@@ -7,6 +7,7 @@
 #include <QScrollBar>
 #include <cmath>
 
+#include "app/FileCommands.h"
 #include "app/Forms.h"
 #include "app/MDIMain.h"
 #include "app/MenuBuilder.h"
@@ -16,6 +17,7 @@
 #include "dialogs/StretchImage.h"
 #include "dialogs/Twips.h"
 #include "dialogs/dlgWhat.h"
+#include "dialogs/frmCommonDialog.h"
 #include "gallery/GalleryLayout.h"
 #include "gallery/GalleryMenuTable.h"
 #include "gallery/ScrollRules.h"
@@ -185,7 +187,19 @@ void frmGallery::mnuPopup1Delete_Click() {
 }
 
 void frmGallery::mnuSlidesAdd_Click() {
-  // Adding a picture arrives with the file dialog.
+  ModGlobal& g = Globals();
+  UIMainController& mc = *g.MainController;
+  frmCommonDialog& d = RunCommonDialog("Add Slide", ToQ(mc.AppPath() + mc.GetGalleryDirectory()), "*.jpg",
+                                       {"Slides (*.jpg)", "All Files (*.*)"});
+  const QString selected = d.FileListBox1->FileName();
+  if (selected.isEmpty()) return;
+  NewSlidePath = d.FileListBox1->Path() + "/" + selected;
+  UnloadCommonDialog();
+  // A failed copy or save ends the command without a word; the new record stays in memory.
+  if (!GalleryController.AppendSlide(FromQ(NewSlidePath), mc, g.Slides)) return;
+  if (!mc.SaveSettings(errors_)) return;
+  NewSlidePath.clear();
+  TheMDIMain().RebuildGallery();
 }
 
 void frmGallery::closeEvent(QCloseEvent* e) {

@@ -12,6 +12,7 @@
 #include "app/MDIMain.h"
 #include "app/modGlobal.h"
 #include "dialogs/MsgBox.h"
+#include "dialogs/StretchImage.h"
 #include "gallery/frmGallery.h"
 #include "support/TempDir.h"
 
@@ -55,6 +56,7 @@ class GalleryFixture : public ::testing::Test {
       if (std::find(missing.begin(), missing.end(), i) == missing.end())
         picture.save(QString::fromStdString(app / ("Gallery/p" + std::to_string(i) + ".png")));
     }
+    mc.NumberOfRecords(n);
     ErrorArray errors;
     ASSERT_TRUE(mc.SaveSettings(errors));
     TheMDIMain().show();

@@ -1,0 +1,114 @@
+// New, Open and Save As: ask for a file, point the settings at it, read or
+// write it, and build the gallery afresh.
+#include "app/FileCommands.h"
+
+#include <QComboBox>
+#include <QLineEdit>
+#include <memory>
+
+#include "app/MDIMain.h"
+#include "app/modGlobal.h"
+#include "dialogs/MsgBox.h"
+#include "dialogs/Twips.h"
+#include "dialogs/frmCommonDialog.h"
+#include "storage/FileSystem.h"
+
+namespace cb {
+namespace {
+
+constexpr char kSifPattern[] = "*.sif";
+const QStringList kSifTypes{"Slide Info Files (*.sif)", "All Files (*.*)"};
+constexpr char kLoadErrorText[] = "Invalid Slide Information File";
+constexpr char kLoadErrorTitle[] = "Load Error";
+constexpr char kNewFileTitle[] = "New File";
+constexpr char kSaveAsTitle[] = "Save As";
+
+std::unique_ptr<frmCommonDialog>& CommonDialog() {
+  static std::unique_ptr<frmCommonDialog> dialog;
+  return dialog;
+}
+
+QString FilesFolder() {
+  const UIMainController& mc = *Globals().MainController;
+  return ToQ(mc.AppPath() + mc.GetSIFDirectory());
+}
+
+frmCommonDialog& RunSifDialog(const QString& title) { return RunCommonDialog(title, FilesFolder(), kSifPattern, kSifTypes); }
+
+// True when `name` stands in the dialog's folder under exactly that name.
+bool Exists(const frmCommonDialog& d, const QString& probe, const QString& name) {
+  if (name.isEmpty()) return false;
+  return DirEntryName(FromQ(d.Dir1->Path() + "/" + probe)) == FromQ(name);
+}
+
+bool OverwriteConfirmed(const QString& name, const char* title) {
+  return MsgBox("The file '" + name + "' already exists.\nAre you sure you want to overwrite this file?",
+                vbYesNo + vbQuestion, title) == vbYes;
+}
+
+std::string InFileList(const frmCommonDialog& d, const QString& name) {
+  return FromQ(d.FileListBox1->Path() + "/" + name);
+}
+
+}  // namespace
+
+frmCommonDialog& RunCommonDialog(const QString& title, const QString& folder, const QString& pattern,
+                                 const QStringList& types) {
+  CommonDialog() = std::make_unique<frmCommonDialog>();
+  frmCommonDialog& d = *CommonDialog();
+  d.DialogTitle = title;
+  d.Dir1->Path(folder);
+  d.FileListBox1->Pattern(pattern);
+  d.cboFileType->addItems(types);
+  d.cboFileType->setCurrentText(types.value(0));
+  d.exec();
+  return d;
+}
+
+void UnloadCommonDialog() { CommonDialog().reset(); }
+
+void MDIMain::mnuFileNew_Click() {
+  frmCommonDialog& d = RunSifDialog("New");
+  QString typed = d.txtFilename->text();
+  if (typed.isEmpty() || d.Cancelled) return;
+  const QString selected = d.FileListBox1->FileName();
+  if (Exists(d, selected, selected) && !OverwriteConfirmed(selected, kNewFileTitle)) return;
+  ModGlobal& g = Globals();
+  UIMainController& mc = *g.MainController;
+  g.Slides.assign(1, SlideRecord());
+  mc.NumberOfRecords(0);
+  if (!typed.contains('.')) typed += ".sif";
+  if (mc.SetRegistryKeys(InFileList(d, typed)) && mc.SaveSettings(errors_) && gallery_)
+    gallery_->setWindowTitle("Gallery " + ToQ(mc.SlideInformationFilePath()));
+  UnloadCommonDialog();
+  RebuildGallery();
+}
+
+void MDIMain::mnuFileOpen_Click() {
+  frmCommonDialog& d = RunSifDialog("Open");
+  const QString selected = d.FileListBox1->FileName();
+  if (selected.isEmpty() || d.Cancelled) return;
+  UIMainController& mc = *Globals().MainController;
+  if (mc.SetRegistryKeys(InFileList(d, selected))) {
+    if (!mc.LoadSettings(errors_))
+      MsgBox(kLoadErrorText, vbExclamation, kLoadErrorTitle);
+    else if (gallery_)
+      gallery_->setWindowTitle("Gallery " + ToQ(mc.SlideInformationFilePath()));
+  }
+  UnloadCommonDialog();
+  RebuildGallery();
+}
+
+void MDIMain::mnuFileSaveAs_Click() {
+  frmCommonDialog& d = RunSifDialog("Save As");
+  const QString typed = d.txtFilename->text();
+  if (typed.isEmpty() || d.Cancelled) return;
+  const QString selected = d.FileListBox1->FileName();
+  if (Exists(d, typed, selected) && !OverwriteConfirmed(selected, kSaveAsTitle)) return;
+  UIMainController& mc = *Globals().MainController;
+  if (mc.SetRegistryKeys(InFileList(d, typed)) && mc.SaveSettings(errors_) && gallery_)
+    gallery_->setWindowTitle("Gallery " + ToQ(mc.SlideInformationFilePath()));
+  UnloadCommonDialog();
+}
+
+}  // namespace cb

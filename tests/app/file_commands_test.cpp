@@ -1,0 +1,181 @@
+#include <QLineEdit>
+#include <QListWidget>
+#include <QPushButton>
+
+#include "app/Main.h"
+#include "dialogs/frmCommonDialog.h"
+#include "storage/DataAccess.h"
+#include "support/GalleryFixture.h"
+
+namespace cb {
+namespace {
+
+using testing::ReadFile;
+
+// Answers the file dialog once it is up: types `typed`, selects `selected`, presses OK.
+void AnswerDialog(QString typed, QString selected) {
+  auto* poll = new QTimer;
+  QObject::connect(poll, &QTimer::timeout, [poll, typed, selected] {
+    auto* d = qobject_cast<frmCommonDialog*>(QApplication::activeModalWidget());
+    if (!d) return;
+    poll->stop();
+    poll->deleteLater();
+    if (!selected.isEmpty()) {
+      const auto found = d->FileListBox1->findItems(selected, Qt::MatchExactly);
+      if (!found.isEmpty()) d->FileListBox1->setCurrentItem(found[0]);
+    } else {
+      d->FileListBox1->setCurrentRow(-1);
+      d->FileListBox1->clearSelection();
+    }
+    d->txtFilename->setText(typed);
+    d->cmdOK->click();
+  });
+  poll->start(5);
+}
+
+class FileCommandsTest : public testing::GalleryFixture {
+ protected:
+  std::string Files(const std::string& name) const { return app / ("Files/" + name); }
+  std::int32_t CountIn(const std::string& path) {
+    ModGlobal other;
+    MemorySettings s;
+    UIMainController mc(app.str(), s, other);
+    mc.SetRegistryKeys(path);
+    ErrorArray errors;
+    return mc.LoadSettings(errors) ? mc.NumberOfRecords() : -1;
+  }
+};
+
+TEST_F(FileCommandsTest, NewWithATypedNameOverwritesRecordByRecordWithoutAsking) {
+  Start(3);
+  const std::string before = ReadFile(Files("t.sif"));
+  AnswerDialog("t.sif", "");
+  TheMDIMain().mnuFileNew_Click();
+  EXPECT_TRUE(messages.isEmpty());
+  const std::string after = ReadFile(Files("t.sif"));
+  EXPECT_EQ(after.size(), before.size());           // the old tail stays
+  EXPECT_EQ(after.substr(278), before.substr(278));
+  EXPECT_EQ(Mc().NumberOfRecords(), 0);
+  EXPECT_EQ(CountIn(Files("t.sif")), 0);
+  EXPECT_EQ(TheMDIMain().StatusText(), "Slides: 0 to 0 of 0");
+}
+
+TEST_F(FileCommandsTest, NewAsksBeforeOverwritingTheSelectedFile) {
+  Start(3);
+  answer = vbNo;
+  AnswerDialog("other", "t.sif");
+  TheMDIMain().mnuFileNew_Click();
+  EXPECT_EQ(messages, QStringList({"New File: The file 't.sif' already exists.\n"
+                                   "Are you sure you want to overwrite this file?"}));
+  EXPECT_EQ(Mc().NumberOfRecords(), 3);  // No leaves everything as it was
+}
+
+struct NameRow {
+  const char* typed;
+  const char* stored;
+};
+
+const NameRow kNewNames[] = {{"a", "a.sif"}, {"a.b", "a.b"}, {"Cars.SIF", "Cars.SIF"}};
+
+class NewNameTest : public FileCommandsTest, public ::testing::WithParamInterface<NameRow> {};
+
+TEST_P(NewNameTest, ExtensionIsAddedOnlyWithoutADot) {
+  Start(2);
+  AnswerDialog(GetParam().typed, "");
+  TheMDIMain().mnuFileNew_Click();
+  EXPECT_TRUE(std::filesystem::exists(Files(GetParam().stored)));
+  EXPECT_EQ(settings.Get("Startup", "DefDir", ""), Files(GetParam().stored));
+}
+
+INSTANTIATE_TEST_SUITE_P(Rows, NewNameTest, ::testing::ValuesIn(kNewNames));
+
+TEST_F(FileCommandsTest, SaveAsWithoutADotWritesThereAndTheNextSaveToo) {
+  Start(3);
+  AnswerDialog("copy", "");
+  TheMDIMain().mnuFileSaveAs_Click();
+  ASSERT_TRUE(std::filesystem::exists(Files("copy")));
+  EXPECT_EQ(Gallery().windowTitle(), QString::fromStdString("Gallery " + Files("copy")));
+  Globals().Slides.pop_back();
+  ErrorArray errors;
+  ASSERT_TRUE(Mc().SaveSettings(errors));
+  EXPECT_EQ(CountIn(Files("copy")), 2);
+  EXPECT_EQ(CountIn(Files("t.sif")), 3);
+}
+
+TEST_F(FileCommandsTest, OpenOfABadFileTellsAndRebuildsFromWhatIsHeld) {
+  Start(3);
+  SlideRecord header;
+  header.Set(Field::Serial, "\xCC\xD0\xD0\xD0\xD0");  // "40000", scrambled
+  testing::WriteFile(Files("bad.sif"), std::string(header.bytes().data(), kRecordLength));
+  AnswerDialog("", "bad.sif");
+  TheMDIMain().mnuFileOpen_Click();
+  EXPECT_EQ(messages, QStringList({"Load Error: Invalid Slide Information File"}));
+  EXPECT_EQ(Globals().Slides.size(), 4u);
+  EXPECT_EQ(settings.Get("Startup", "DefDir", ""), Files("bad.sif"));  // the settings point at it all the same
+  ASSERT_NE(TheMDIMain().fGallery(), nullptr);
+}
+
+TEST_F(FileCommandsTest, NextStartOpensTheFileOpened) {
+  Start(3);
+  testing::WriteFile(Files("second.sif"), "");
+  AnswerDialog("", "second.sif");
+  TheMDIMain().mnuFileOpen_Click();
+  UnloadForms();
+  Globals() = ModGlobal();
+  Globals().SplashDismissed = true;
+  ASSERT_TRUE(Main(app.str(), settings));
+  EXPECT_EQ(Mc().SlideInformationFilePath(), Files("second.sif"));
+}
+
+struct AddRow {
+  const char* name;
+  std::string source;  // relative to the application directory
+  std::string stored;  // PictureFile, trimmed
+  bool copied;
+};
+
+const AddRow kAdds[] = {
+    {"from_the_gallery_itself", "Gallery/p1.png", "p1.png", false},
+    {"from_elsewhere", "Pictures/chair.jpg", "chair.jpg", true},
+    {"long_name_cut", "Pictures/abcdefghijklmnopqrstuvwxyz1234.jpg", "abcdefghijklmnopqrstuvwxyz", true},
+};
+
+class AddSlideTest : public FileCommandsTest, public ::testing::WithParamInterface<AddRow> {};
+
+TEST_P(AddSlideTest, AppendsTheRecordAndCopiesUnlessInPlace) {
+  Start(2);
+  const auto& row = GetParam();
+  const std::filesystem::path source = app / row.source;
+  if (!std::filesystem::exists(source)) {
+    std::filesystem::create_directories(source.parent_path());
+    QImage picture(5, 5, QImage::Format_RGB32);
+    picture.fill(Qt::red);
+    ASSERT_TRUE(picture.save(QString::fromStdString(source.string()), "JPG"));
+  }
+  const auto stamp = std::filesystem::last_write_time(app / "Gallery/p1.png");
+  auto* poll = new QTimer;
+  QObject::connect(poll, &QTimer::timeout, [poll, source] {
+    auto* d = qobject_cast<frmCommonDialog*>(QApplication::activeModalWidget());
+    if (!d) return;
+    poll->stop();
+    poll->deleteLater();
+    d->Dir1->Path(QString::fromStdString(source.parent_path().string()));
+    d->FileListBox1->Pattern("*.*");
+    const auto found = d->FileListBox1->findItems(QString::fromStdString(source.filename().string()), Qt::MatchExactly);
+    if (!found.isEmpty()) d->FileListBox1->setCurrentItem(found[0]);
+    d->cmdOK->click();
+  });
+  poll->start(5);
+  Gallery().mnuSlidesAdd_Click();
+  ASSERT_EQ(Mc().NumberOfRecords(), 3);
+  EXPECT_EQ(Trim(Globals().Slides[3].Get(Field::PictureFile)), row.stored);
+  EXPECT_EQ(std::filesystem::exists(app / ("Gallery/" + row.stored)), true);
+  if (!row.copied) EXPECT_EQ(std::filesystem::last_write_time(app / "Gallery/p1.png"), stamp);
+  EXPECT_EQ(CountIn(Files("t.sif")), 3);
+}
+
+INSTANTIATE_TEST_SUITE_P(Rows, AddSlideTest, ::testing::ValuesIn(kAdds),
+                         [](const auto& info) { return std::string(info.param.name); });
+
+}  // namespace
+}  // namespace cb
