@@ -5,6 +5,7 @@
 #include <QPushButton>
 
 #include "app/modGlobal.h"
+#include "dialogs/DialogButtons.h"
 #include "dialogs/HelpRoutine.h"
 #include "dialogs/MsgBox.h"
 #include "dialogs/Twips.h"
@@ -26,8 +27,6 @@ constexpr Place kConfirm{1560, 540, 2505, 330};
 constexpr Place kConfirmLabel{120, 570, 1380, 270};
 constexpr double kButtonsTop = 1020;
 constexpr double kButtonsTopLogin = 496.3;
-constexpr double kButtonWidth = 1140, kButtonHeight = 390;
-constexpr double kButtonLefts[] = {600, 1815, 3030};
 constexpr double kClientWidth = 4245, kClientHeight = 1590;
 // The login's outer height of 1815 less a title bar.
 constexpr double kClientHeightLogin = 1815 - 420;
@@ -49,13 +48,10 @@ frmLogin::frmLogin(const QString& mode) : Mode(mode) {
   for (QLineEdit* t : {txtPassword, txtConfirmPassword}) t->setEchoMode(QLineEdit::Password);
   lblPassword->setBuddy(txtPassword);
   lblConfirm->setBuddy(txtConfirmPassword);
-  cmdOK = new QPushButton("OK", this);
-  cmdOK->setObjectName("cmdOK");
-  cmdOK->setDefault(true);
-  cmdCancel = new QPushButton("Cancel", this);
-  cmdCancel->setObjectName("cmdCancel");
-  cmdHelp = new QPushButton("Help", this);
-  cmdHelp->setObjectName("cmdHelp");
+  const DialogButtons buttons = MakeDialogButtons(this, kButtonsTop);
+  cmdOK = buttons.ok;
+  cmdCancel = buttons.cancel;
+  cmdHelp = buttons.help;
   Put(txtPassword, kPassword);
   Put(lblPassword, kPasswordLabel);
   Put(txtConfirmPassword, kConfirm);
@@ -72,10 +68,8 @@ frmLogin::~frmLogin() = default;
 
 void frmLogin::Form_Load() {
   const bool login = Mode == kLogin;
-  const double top = login ? kButtonsTopLogin : kButtonsTop;
-  QPushButton* buttons[] = {cmdOK, cmdCancel, cmdHelp};
-  for (int i = 0; i < 3; ++i) buttons[i]->setGeometry(TwipsRect(kButtonLefts[i], top, kButtonWidth, kButtonHeight));
   if (login) {
+    PlaceDialogButtons({cmdOK, cmdCancel, cmdHelp}, kButtonsTopLogin);
     lblConfirm->hide();
     txtConfirmPassword->hide();
     setFixedHeight(TwipsToPixelsY(kClientHeightLogin));

@@ -3,6 +3,7 @@
 #include <QLabel>
 #include <QPushButton>
 
+#include "dialogs/DialogButtons.h"
 #include "dialogs/HelpRoutine.h"
 #include "dialogs/Twips.h"
 
@@ -18,16 +19,10 @@ dlgRemoveSlide::dlgRemoveSlide() {
   Label1 = new QLabel(kQuestion, this);
   Label1->setObjectName("Label1");
   Label1->setGeometry(TwipsRect(240, 240, 4200, 300));
-  cmdOK = new QPushButton("OK", this);
-  cmdOK->setObjectName("cmdOK");
-  cmdOK->setDefault(true);
-  cmdCancel = new QPushButton("Cancel", this);
-  cmdCancel->setObjectName("cmdCancel");
-  cmdHelp = new QPushButton("Help", this);
-  cmdHelp->setObjectName("cmdHelp");
-  const double lefts[] = {600, 1815, 3030};
-  QPushButton* buttons[] = {cmdOK, cmdCancel, cmdHelp};
-  for (int i = 0; i < 3; ++i) buttons[i]->setGeometry(TwipsRect(lefts[i], 840, 1140, 390));
+  const DialogButtons buttons = MakeDialogButtons(this, 840);
+  cmdOK = buttons.ok;
+  cmdCancel = buttons.cancel;
+  cmdHelp = buttons.help;
   setFixedSize(TwipsToPixelsX(4680), TwipsToPixelsY(1500));
   connect(cmdOK, &QPushButton::clicked, this, [this] {
     Confirmed = true;
