@@ -24,6 +24,7 @@ struct Message {
 class StartupTest : public ::testing::Test {
  protected:
   StartupTest() {
+    setenv("XDG_CONFIG_HOME", config.str().c_str(), 1);  // no password of the user's own
     SetMsgBoxHook([this](const QString& text, int, const QString& title) {
       messages.push_back({text, title});
       return static_cast<int>(vbOK);
@@ -54,7 +55,7 @@ class StartupTest : public ::testing::Test {
     });
   }
 
-  testing::TempDir app;
+  testing::TempDir app, config;
   MemorySettings settings;
   std::vector<Message> messages;
 };

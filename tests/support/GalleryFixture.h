@@ -21,6 +21,7 @@ namespace cb::testing {
 class GalleryFixture : public ::testing::Test {
  protected:
   GalleryFixture() {
+    setenv("XDG_CONFIG_HOME", config.str().c_str(), 1);  // no password of the user's own
     for (const char* dir : {"Files", "Gallery", "Background"}) std::filesystem::create_directories(app / dir);
     QImage frame(4, 4, QImage::Format_RGB32);
     frame.fill(Qt::darkYellow);
@@ -75,7 +76,7 @@ class GalleryFixture : public ::testing::Test {
     return out;
   }
 
-  TempDir app;
+  TempDir app, config;
   MemorySettings settings;
   QStringList messages;
   int answer = vbYes;
