@@ -2,7 +2,8 @@
 // The program's own open and save dialog. A caller sets DialogTitle, then
 // Dir1's path (the first touch, which loads the dialog), the file list's
 // pattern and the type combo's items and text; runs exec(); and reads the
-// controls, which stay as the user left them until the dialog is deleted.
+// controls. OK and Cancel leave them as the user did; Help, F1 and the
+// window's close unload the dialog, and they read empty.
 
 #include <QComboBox>
 #include <QDialog>
