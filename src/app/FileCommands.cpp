@@ -30,7 +30,7 @@ std::unique_ptr<frmCommonDialog>& CommonDialog() {
 
 QString FilesFolder() {
   const UIMainController& mc = *Globals().MainController;
-  return ToQ(mc.AppPath() + mc.GetSIFDirectory());
+  return PathToQ(mc.AppPath() + mc.GetSIFDirectory());
 }
 
 frmCommonDialog& RunSifDialog(const QString& title) { return RunCommonDialog(title, FilesFolder(), kSifPattern, kSifTypes); }
@@ -38,7 +38,7 @@ frmCommonDialog& RunSifDialog(const QString& title) { return RunCommonDialog(tit
 // True when `name` stands in the dialog's folder under exactly that name.
 bool Exists(const frmCommonDialog& d, const QString& probe, const QString& name) {
   if (name.isEmpty()) return false;
-  return DirEntryName(FromQ(d.Dir1->Path() + "/" + probe)) == FromQ(name);
+  return DirEntryName(PathFromQ(d.Dir1->Path() + "/" + probe)) == PathFromQ(name);
 }
 
 bool OverwriteConfirmed(const QString& name, const char* title) {
@@ -47,7 +47,7 @@ bool OverwriteConfirmed(const QString& name, const char* title) {
 }
 
 std::string InFileList(const frmCommonDialog& d, const QString& name) {
-  return FromQ(d.FileListBox1->Path() + "/" + name);
+  return PathFromQ(d.FileListBox1->Path() + "/" + name);
 }
 
 }  // namespace
@@ -79,7 +79,7 @@ void MDIMain::mnuFileNew_Click() {
   mc.NumberOfRecords(0);
   if (!typed.contains('.')) typed += ".sif";
   if (mc.SetRegistryKeys(InFileList(d, typed)) && mc.SaveSettings(errors_) && gallery_)
-    gallery_->setWindowTitle("Gallery " + ToQ(mc.SlideInformationFilePath()));
+    gallery_->setWindowTitle("Gallery " + PathToQ(mc.SlideInformationFilePath()));
   UnloadCommonDialog();
   RebuildGallery();
 }
@@ -93,7 +93,7 @@ void MDIMain::mnuFileOpen_Click() {
     if (!mc.LoadSettings(errors_))
       MsgBox(kLoadErrorText, vbExclamation, kLoadErrorTitle);
     else if (gallery_)
-      gallery_->setWindowTitle("Gallery " + ToQ(mc.SlideInformationFilePath()));
+      gallery_->setWindowTitle("Gallery " + PathToQ(mc.SlideInformationFilePath()));
   }
   UnloadCommonDialog();
   RebuildGallery();
@@ -107,7 +107,7 @@ void MDIMain::mnuFileSaveAs_Click() {
   if (Exists(d, typed, selected) && !OverwriteConfirmed(selected, kSaveAsTitle)) return;
   UIMainController& mc = *Globals().MainController;
   if (mc.SetRegistryKeys(InFileList(d, typed)) && mc.SaveSettings(errors_) && gallery_)
-    gallery_->setWindowTitle("Gallery " + ToQ(mc.SlideInformationFilePath()));
+    gallery_->setWindowTitle("Gallery " + PathToQ(mc.SlideInformationFilePath()));
   UnloadCommonDialog();
 }
 

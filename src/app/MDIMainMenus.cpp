@@ -105,7 +105,7 @@ void MDIMain::UpdateHistoryMenu() {
   for (int i = 1; i <= 4; ++i) {
     if (g.History[static_cast<std::size_t>(i)].empty()) continue;
     QAction* a = items_[QString("mnuFileHist(%1)").arg(i)];
-    a->setText(QString("%1 %2").arg(i).arg(ToQ(g.History[static_cast<std::size_t>(i)])));
+    a->setText(QString("%1 %2").arg(i).arg(PathToQ(g.History[static_cast<std::size_t>(i)])));
     a->setVisible(true);
     if (QAction* mirror = GalleryItem(a->objectName() + QString("(%1)").arg(i))) {
       mirror->setText(a->text());

@@ -36,7 +36,7 @@ void Report(RtError e) {
 }
 
 std::string ApplicationDirectory() {
-  return FromQ(QCoreApplication::applicationDirPath());
+  return PathFromQ(QCoreApplication::applicationDirPath());
 }
 
 }  // namespace
@@ -94,7 +94,7 @@ bool Main(const std::string& appPath, SettingsStore& settings) {
 
   MDIMain& main = TheMDIMain();
   QImage wallpaper;
-  const RtError e = LoadPicture(ToQ(appPath + kWallpaperDir + mc.Wallpaper()), wallpaper);
+  const RtError e = LoadPicture(FilePath(appPath + kWallpaperDir, mc.Wallpaper()), wallpaper);
   if (e == RtError::None)
     main.MdiArea()->SetPicture(std::move(wallpaper));
   else

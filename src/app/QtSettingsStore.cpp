@@ -13,11 +13,11 @@ QtSettingsStore::QtSettingsStore() : settings_(QSettings::IniFormat, QSettings::
 
 std::string QtSettingsStore::Get(const std::string& section, const std::string& key, const std::string& fallback) const {
   const QVariant v = settings_.value(KeyOf(section, key));
-  return v.isValid() ? FromQ(v.toString()) : fallback;
+  return v.isValid() ? PathFromQ(v.toString()) : fallback;
 }
 
 bool QtSettingsStore::Put(const std::string& section, const std::string& key, const std::string& value) {
-  settings_.setValue(KeyOf(section, key), ToQ(value));
+  settings_.setValue(KeyOf(section, key), PathToQ(value));
   settings_.sync();
   return settings_.status() == QSettings::NoError;
 }

@@ -1,5 +1,6 @@
 #pragma once
 // The settings store of the program: QSettings under the program's title.
+// Both settings are paths, kept in the file system's own encoding.
 
 #include <QSettings>
 

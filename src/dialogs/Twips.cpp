@@ -41,5 +41,8 @@ void CentreOnScreen(QWidget& w) {
 
 QString ToQ(const std::string& cp1252) { return QString::fromStdString(Cp1252ToUtf8(cp1252)); }
 std::string FromQ(const QString& text) { return Utf8ToCp1252Lossy(text.toStdString()); }
+QString PathToQ(const std::string& path) { return QString::fromStdString(path); }
+std::string PathFromQ(const QString& path) { return path.toStdString(); }
+QString FilePath(const std::string& dir, const std::string& fieldName) { return PathToQ(dir) + ToQ(fieldName); }
 
 }  // namespace cb

@@ -26,4 +26,10 @@ void CentreOnScreen(QWidget& w);
 QString ToQ(const std::string& cp1252);
 std::string FromQ(const QString& text);
 
+// Paths are the file system's own bytes (UTF-8), not the files' code page.
+QString PathToQ(const std::string& path);
+std::string PathFromQ(const QString& path);
+// The file named by a record's field (Windows-1252) in directory `dir`.
+QString FilePath(const std::string& dir, const std::string& fieldName);
+
 }  // namespace cb

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <filesystem>
 
+#include "app/Cp1252.h"
 #include "app/UIMainController.h"
 
 namespace cb {
@@ -44,8 +45,9 @@ bool UIGlobalController::AppendSlide(const std::string& fullPath, UIMainControll
   mc.NumberOfRecords(static_cast<std::int32_t>(slides.size()) - 1);
   const auto slash = fullPath.rfind('/');
   SlideRecord& r = slides.back();
-  r.Set(Field::PictureFile, Trim(slash == std::string::npos ? fullPath : fullPath.substr(slash + 1)));
-  const std::string destination = mc.AppPath() + mc.GetGalleryDirectory() + Trim(r.Get(Field::PictureFile));
+  // The record keeps the name in the files' code page; the disk keeps the system's.
+  r.Set(Field::PictureFile, Utf8ToCp1252Lossy(Trim(slash == std::string::npos ? fullPath : fullPath.substr(slash + 1))));
+  const std::string destination = mc.AppPath() + mc.GetGalleryDirectory() + Cp1252ToUtf8(Trim(r.Get(Field::PictureFile)));
   if (Upper(fullPath) == Upper(destination)) return true;
   std::error_code ec;
   std::filesystem::copy_file(fullPath, destination, std::filesystem::copy_options::overwrite_existing, ec);

@@ -16,7 +16,7 @@ class UIMainController;
 
 class UIGlobalController {
  public:
-  // Appends a slide naming the picture at `fullPath` (its name cut to the
+  // Appends a slide naming the picture at `fullPath` (a UTF-8 path; its name cut to the
   // field) and copies the picture into the gallery directory unless it is
   // already there; a picture of the same name there is overwritten. An empty
   // collection is first reset to its header. False when the copy fails; the

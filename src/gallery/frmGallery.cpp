@@ -189,14 +189,14 @@ void frmGallery::mnuPopup1Delete_Click() {
 void frmGallery::mnuSlidesAdd_Click() {
   ModGlobal& g = Globals();
   UIMainController& mc = *g.MainController;
-  frmCommonDialog& d = RunCommonDialog("Add Slide", ToQ(mc.AppPath() + mc.GetGalleryDirectory()), "*.jpg",
+  frmCommonDialog& d = RunCommonDialog("Add Slide", PathToQ(mc.AppPath() + mc.GetGalleryDirectory()), "*.jpg",
                                        {"Slides (*.jpg)", "All Files (*.*)"});
   const QString selected = d.FileListBox1->FileName();
   if (selected.isEmpty()) return;
   NewSlidePath = d.FileListBox1->Path() + "/" + selected;
   UnloadCommonDialog();
   // A failed copy or save ends the command without a word; the new record stays in memory.
-  if (!GalleryController.AppendSlide(FromQ(NewSlidePath), mc, g.Slides)) return;
+  if (!GalleryController.AppendSlide(PathFromQ(NewSlidePath), mc, g.Slides)) return;
   if (!mc.SaveSettings(errors_)) return;
   NewSlidePath.clear();
   TheMDIMain().RebuildGallery();

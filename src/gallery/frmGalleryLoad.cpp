@@ -38,15 +38,15 @@ std::int32_t UpperBound() { return static_cast<std::int32_t>(Globals().Slides.si
 void frmGallery::Create() {
   setUpdatesEnabled(false);
   items_["mnuFileGallery"]->setEnabled(false);
-  setWindowTitle("Gallery <" + ToQ(Globals().MainController->SlideInformationFilePath()) + ">");
+  setWindowTitle("Gallery <" + PathToQ(Globals().MainController->SlideInformationFilePath()) + ">");
   Load();
   setUpdatesEnabled(true);
 }
 
 QString GalleryPicturePath(std::int32_t record) {
   const UIMainController& mc = *Globals().MainController;
-  return ToQ(mc.AppPath() + mc.GetGalleryDirectory() +
-             Trim(Globals().Slides[static_cast<std::size_t>(record)].Get(Field::PictureFile)));
+  return FilePath(mc.AppPath() + mc.GetGalleryDirectory(),
+                  Trim(Globals().Slides[static_cast<std::size_t>(record)].Get(Field::PictureFile)));
 }
 
 RtError frmGallery::Picture(const QString& path, QImage& out) {
@@ -76,7 +76,7 @@ void frmGallery::Load() {
   loading.repaint();
 
   QImage frame;
-  LoadPicture(ToQ(mc.AppPath() + mc.GetGraphicsDirectory() + mc.BackgroundImage()), frame, GalleryCellBound());
+  LoadPicture(FilePath(mc.AppPath() + mc.GetGraphicsDirectory(), mc.BackgroundImage()), frame, GalleryCellBound());
   for (int i = 1; i <= kGalleryCells; ++i) Image1(FrameOf(i))->SetPicture(frame);
 
   // The page's pictures decode together ahead of the loop, which keeps its order.

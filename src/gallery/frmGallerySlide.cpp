@@ -20,7 +20,7 @@ QImage SlidePicture(std::int32_t record) {
   const UIMainController& mc = *Globals().MainController;
   const auto name = SlidePictureName(Trim(Globals().Slides[static_cast<std::size_t>(record)].Get(Field::PictureFile)));
   QImage picture;
-  if (name) LoadPicture(ToQ(mc.AppPath() + mc.GetGalleryDirectory() + *name), picture);
+  if (name) LoadPicture(FilePath(mc.AppPath() + mc.GetGalleryDirectory(), *name), picture);
   return picture;
 }
 

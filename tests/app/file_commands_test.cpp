@@ -2,6 +2,7 @@
 #include <QListWidget>
 #include <QPushButton>
 
+#include "app/Cp1252.h"
 #include "app/Main.h"
 #include "dialogs/frmCommonDialog.h"
 #include "storage/DataAccess.h"
@@ -138,6 +139,8 @@ const AddRow kAdds[] = {
     {"from_the_gallery_itself", "Gallery/p1.png", "p1.png", false},
     {"from_elsewhere", "Pictures/chair.jpg", "chair.jpg", true},
     {"long_name_cut", "Pictures/abcdefghijklmnopqrstuvwxyz1234.jpg", "abcdefghijklmnopqrstuvwxyz", true},
+    // The record holds the name in Windows-1252, the disk in UTF-8.
+    {"accented_name", "Pictures/caf\u00e9.jpg", "caf\xE9.jpg", true},
 };
 
 class AddSlideTest : public FileCommandsTest, public ::testing::WithParamInterface<AddRow> {};
@@ -169,7 +172,7 @@ TEST_P(AddSlideTest, AppendsTheRecordAndCopiesUnlessInPlace) {
   Gallery().mnuSlidesAdd_Click();
   ASSERT_EQ(Mc().NumberOfRecords(), 3);
   EXPECT_EQ(Trim(Globals().Slides[3].Get(Field::PictureFile)), row.stored);
-  EXPECT_EQ(std::filesystem::exists(app / ("Gallery/" + row.stored)), true);
+  EXPECT_TRUE(std::filesystem::exists(app / ("Gallery/" + Cp1252ToUtf8(row.stored))));
   if (!row.copied) EXPECT_EQ(std::filesystem::last_write_time(app / "Gallery/p1.png"), stamp);
   EXPECT_EQ(CountIn(Files("t.sif")), 3);
 }
