@@ -95,27 +95,41 @@ void MDIMain::MDIForm_Activate() {
 }
 
 void MDIMain::Toolbar1_ButtonClick(const QString& key) {
-  if (key == "New") {
-    mnuFileNew_Click();
-  } else if (key == "Open") {
-    mnuFileOpen_Click();
-  } else if (key == "Edit") {
-    if (gallery_) gallery_->ShowEditSlide(Globals().MainController->SlideTemplate());
-  } else if (key == "Report") {
+  struct ButtonAction {
+    const char* key;
+    void (MDIMain::*action)();
+  };
+  static constexpr ButtonAction kActions[] = {
+      {"New", &MDIMain::mnuFileNew_Click},    {"Open", &MDIMain::mnuFileOpen_Click},
+      {"Edit", &MDIMain::EditSlide},          {"Zoom", &MDIMain::PressZoom},
+      {"Unzoom", &MDIMain::PressUnzoom},      {"Window", &MDIMain::ArrangeNext},
+      {"Back", &MDIMain::SetBackground},      {"Help", &MDIMain::mnuHelpContents_Click},
+  };
+  if (key == "Report") {
     if (FindOpenForm("frmReport")) return;  // nothing more, not even the refresh
     // The report chooser opens here once the report windows land.
-  } else if (key == "Zoom" || key == "Unzoom") {
-    buttons_["Zoom"]->setChecked(key == "Zoom");
-    buttons_["Unzoom"]->setChecked(key == "Unzoom");
-  } else if (key == "Window") {
-    Arrange(NextArrangement(windowCounter_));
-  } else if (key == "Back") {
-    SetBackground();
-  } else if (key == "Help") {
-    mnuHelpContents_Click();
   }
+  for (const auto& a : kActions)
+    if (key == a.key) (this->*a.action)();
   MDIForm_Activate();
 }
+
+void MDIMain::EditSlide() {
+  if (gallery_) gallery_->ShowEditSlide(Globals().MainController->SlideTemplate());
+}
+
+// Zoom and Unzoom only choose the sense of the next clicks on a slide, like radio buttons.
+void MDIMain::PressZoom() {
+  buttons_["Zoom"]->setChecked(true);
+  buttons_["Unzoom"]->setChecked(false);
+}
+
+void MDIMain::PressUnzoom() {
+  buttons_["Zoom"]->setChecked(false);
+  buttons_["Unzoom"]->setChecked(true);
+}
+
+void MDIMain::ArrangeNext() { Arrange(NextArrangement(windowCounter_)); }
 
 void MDIMain::Arrange(Arrangement a) {
   if (a == Arrangement::Cascade) {

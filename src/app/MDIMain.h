@@ -108,6 +108,10 @@ class MDIMain : public QMainWindow {
   void FillWindowMenu();
   void ToggleBar(const QString& item, QWidget& bar);
   void MDIForm_Load();
+  void EditSlide();
+  void PressZoom();
+  void PressUnzoom();
+  void ArrangeNext();
   void SubWindowActivated(class QMdiSubWindow* sub);
   void SetMenuBar(const QList<QMenu*>& menus);
   // The like-named item of the gallery's menu, when the gallery is open.

@@ -121,7 +121,6 @@ void frmGallery::resizeEvent(QResizeEvent*) {
 }
 
 void frmGallery::LayOut() {
-  const QSignalBlocker noRepaint(this);
   setUpdatesEnabled(false);
   Picture1->setGeometry(rect());
   const int bar = TwipsToPixelsY(kScrollBarHeight);
