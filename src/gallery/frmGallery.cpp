@@ -14,6 +14,7 @@
 #include "app/modGlobal.h"
 #include "dialogs/HelpRoutine.h"
 #include "dialogs/MsgBox.h"
+#include "dialogs/DrawingLock.h"
 #include "dialogs/StretchImage.h"
 #include "dialogs/Twips.h"
 #include "dialogs/dlgWhat.h"
@@ -121,7 +122,7 @@ void frmGallery::resizeEvent(QResizeEvent*) {
 }
 
 void frmGallery::LayOut() {
-  setUpdatesEnabled(false);
+  const DrawingLock lock(this);
   Picture1->setGeometry(rect());
   const int bar = TwipsToPixelsY(kScrollBarHeight);
   FlatScrollBar1->setGeometry(0, height() - bar, width(), bar);
@@ -133,7 +134,6 @@ void frmGallery::LayOut() {
       Image1(i)->setGeometry(TwipsRect(r.Left, r.Top, r.Width, r.Height));
     }
   }
-  setUpdatesEnabled(true);
 }
 
 void frmGallery::Image1_MouseUp(int index, Qt::MouseButton button, QPointF pos) {

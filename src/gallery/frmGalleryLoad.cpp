@@ -11,6 +11,7 @@
 #include "app/modGlobal.h"
 #include "dialogs/LoadPicture.h"
 #include "dialogs/MsgBox.h"
+#include "dialogs/DrawingLock.h"
 #include "dialogs/StretchImage.h"
 #include "dialogs/Twips.h"
 #include "gallery/GalleryLayout.h"
@@ -36,11 +37,10 @@ std::int32_t UpperBound() { return static_cast<std::int32_t>(Globals().Slides.si
 }  // namespace
 
 void frmGallery::Create() {
-  setUpdatesEnabled(false);
+  const DrawingLock lock(this);
   items_["mnuFileGallery"]->setEnabled(false);
   setWindowTitle("Gallery <" + PathToQ(Globals().MainController->SlideInformationFilePath()) + ">");
   Load();
-  setUpdatesEnabled(true);
 }
 
 QString GalleryPicturePath(std::int32_t record) {

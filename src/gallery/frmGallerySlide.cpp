@@ -5,6 +5,7 @@
 #include "app/MDIMain.h"
 #include "app/modGlobal.h"
 #include "dialogs/LoadPicture.h"
+#include "dialogs/DrawingLock.h"
 #include "dialogs/StretchImage.h"
 #include "dialogs/Twips.h"
 #include "gallery/frmGallery.h"
@@ -51,11 +52,12 @@ bool frmGallery::ShowSlide(std::int16_t index) {
     fSlide = NewSlideWindow(picture, Image1(index)->toolTip().trimmed());
     return true;
   }
-  open->setUpdatesEnabled(false);
-  if (!picture.isNull()) open->Image1->SetPicture(picture);
-  open->Image1->setToolTip(Image1(index)->toolTip().trimmed());
-  open->SetCaption();
-  open->setUpdatesEnabled(true);
+  {
+    const DrawingLock lock(open);
+    if (!picture.isNull()) open->Image1->SetPicture(picture);
+    open->Image1->setToolTip(Image1(index)->toolTip().trimmed());
+    open->SetCaption();
+  }
   open->setFocus();
   fSlide = open;
   return true;

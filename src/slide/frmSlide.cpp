@@ -9,6 +9,7 @@
 #include "app/MDIMain.h"
 #include "app/modGlobal.h"
 #include "dialogs/HelpRoutine.h"
+#include "dialogs/DrawingLock.h"
 #include "dialogs/StretchImage.h"
 #include "dialogs/Twips.h"
 #include "gallery/frmGallery.h"
@@ -87,9 +88,8 @@ void frmSlide::Image1_Click() {
 }
 
 void frmSlide::Reset() {
-  setUpdatesEnabled(false);
+  const DrawingLock lock(this);
   Place(ResetImage(ScaleWidth(), ScaleHeight()));
-  setUpdatesEnabled(true);
 }
 
 void frmSlide::Form_Activate() {
