@@ -52,7 +52,7 @@ constexpr Handler kHandlers[] = {
 }  // namespace
 
 void MDIMain::CreateMenus() {
-  BuiltMenus built = BuildMenus(this, kMainMenu);
+  BuiltMenus built = BuildMenus(this, MainMenu());
   items_ = built.items;
   menus_ = built.menus;
   ownBar_ = built.bar;

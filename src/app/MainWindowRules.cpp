@@ -6,7 +6,38 @@ namespace cb {
 
 using S = ItemState;
 
-const std::array<MenuItemSpec, 42> kMainMenu{{
+const std::array<MenuItemSpec, 7> kHistoryItems{{
+    {"mnuBar4", "-", 1, S::Hidden},
+    {"mnuFileHist", "1 Hist1", 1, S::Hidden, 1},
+    {"mnuFileHist", "2 Hist2", 1, S::Hidden, 2},
+    {"mnuFileHist", "3 Hist3", 1, S::Hidden, 3},
+    {"mnuFileHist", "4 Hist4", 1, S::Hidden, 4},
+    {"mnuBar5", "-", 1, S::Hidden},
+    {"mnuFileExit", "&Exit", 1, S::Normal},
+}};
+
+const std::array<MenuItemSpec, 3> kViewMenu{{
+    {"mnuView", "&View", 0, S::Normal},
+    {"mnuViewToolbar", "&Toolbar", 1, S::Checked},
+    {"mnuViewStatusbar", "&Statusbar", 1, S::Checked},
+}};
+
+const std::array<MenuItemSpec, 4> kHelpMenu{{
+    {"mnuHelp", "&Help", 0, S::Normal},
+    {"mnuHelpContents", "&Contents", 1, S::Normal},
+    {"mnuBar6", "-", 1, S::Normal},
+    {"mnuHelpAbout", "&About", 1, S::Normal},
+}};
+
+std::vector<MenuItemSpec> JoinMenus(std::initializer_list<std::span<const MenuItemSpec>> parts) {
+  std::vector<MenuItemSpec> out;
+  for (const auto& part : parts) out.insert(out.end(), part.begin(), part.end());
+  return out;
+}
+
+namespace {
+
+constexpr MenuItemSpec kMainFile[] = {
     {"mnuFile", "&File", 0, S::Normal},
     {"mnuFileNew", "&New", 1, S::Off},
     {"mnuFileOpen", "&Open", 1, S::Normal},
@@ -17,16 +48,9 @@ const std::array<MenuItemSpec, 42> kMainMenu{{
     {"mnuFileWallpaper", "&Set Wallpaper", 1, S::Normal},
     {"mnuBar3", "-", 1, S::Normal},
     {"mnuFilePassword", "&Password", 1, S::Normal},
-    {"mnuBar4", "-", 1, S::Hidden},
-    {"mnuFileHist", "1 Hist1", 1, S::Hidden, 1},
-    {"mnuFileHist", "2 Hist2", 1, S::Hidden, 2},
-    {"mnuFileHist", "3 Hist3", 1, S::Hidden, 3},
-    {"mnuFileHist", "4 Hist4", 1, S::Hidden, 4},
-    {"mnuBar5", "-", 1, S::Hidden},
-    {"mnuFileExit", "&Exit", 1, S::Normal},
-    {"mnuView", "&View", 0, S::Normal},
-    {"mnuViewToolbar", "&Toolbar", 1, S::Checked},
-    {"mnuViewStatusbar", "&Statusbar", 1, S::Checked},
+};
+
+constexpr MenuItemSpec kMainSlidesAndWindow[] = {
     {"mnuSlides", "&Slides", 0, S::Normal},
     {"mnuSlidesAdd", "&Add Slide", 1, S::Off},
     {"mnuSlidesModify", "&Modify Slide Collection", 1, S::Off},
@@ -35,10 +59,9 @@ const std::array<MenuItemSpec, 42> kMainMenu{{
     {"mnuWindowVertical", "&Tile Vertically", 1, S::Normal},
     {"mnuWindowHorizontal", "T&ile Horizontally", 1, S::Normal},
     {"mnuWindowCascade", "&Cascade", 1, S::Normal},
-    {"mnuHelp", "&Help", 0, S::Normal},
-    {"mnuHelpContents", "&Contents", 1, S::Normal},
-    {"mnuBar6", "-", 1, S::Normal},
-    {"mnuHelpAbout", "&About", 1, S::Normal},
+};
+
+constexpr MenuItemSpec kMainPopups[] = {
     {"mnuPopup1", "&Popup1", 0, S::Hidden},
     {"mnuPopup1Reset", "&Reset", 1, S::Normal},
     {"mnuPopup1What", "&What's this?", 1, S::Normal},
@@ -49,7 +72,15 @@ const std::array<MenuItemSpec, 42> kMainMenu{{
     {"mnuPopup2What", "&What's this?", 1, S::Normal},
     {"mnuBar8", "-", 1, S::Normal},
     {"mnuPopup2Help", "&Help", 1, S::Normal},
-}};
+};
+
+}  // namespace
+
+const std::vector<MenuItemSpec>& MainMenu() {
+  static const std::vector<MenuItemSpec> menu =
+      JoinMenus({kMainFile, kHistoryItems, kViewMenu, kMainSlidesAndWindow, kHelpMenu, kMainPopups});
+  return menu;
+}
 
 const std::array<ToolbarButtonSpec, 9> kToolbarButtons{{
     {"New", "New File", "New"},

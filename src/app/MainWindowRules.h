@@ -3,6 +3,9 @@
 // are live, the arrangement cycle and the file history's order.
 
 #include <array>
+#include <initializer_list>
+#include <span>
+#include <vector>
 #include <string>
 #include <string_view>
 
@@ -20,7 +23,16 @@ struct MenuItemSpec {
   int index = 0;  // the element of a control array (mnuFileHist 1..4), 0 for none
 };
 
-extern const std::array<MenuItemSpec, 42> kMainMenu;
+// The items both menu bars share, in their places.
+extern const std::array<MenuItemSpec, 7> kHistoryItems;  // mnuBar4, mnuFileHist(1..4), mnuBar5, mnuFileExit
+extern const std::array<MenuItemSpec, 3> kViewMenu;
+extern const std::array<MenuItemSpec, 4> kHelpMenu;
+
+// Tables joined in order.
+std::vector<MenuItemSpec> JoinMenus(std::initializer_list<std::span<const MenuItemSpec>> parts);
+
+// The main window's menu bar and its two popups.
+const std::vector<MenuItemSpec>& MainMenu();
 
 struct ToolbarButtonSpec {
   std::string_view key;  // also the caption

@@ -4,7 +4,10 @@ namespace cb {
 
 using S = ItemState;
 
-const std::array<MenuItemSpec, 52> kGalleryMenu{{
+namespace {
+
+// The gallery's File menu has New and Save As live and its own Gallery off.
+constexpr MenuItemSpec kGalleryFile[] = {
     {"mnuFile", "&File", 0, S::Normal},
     {"mnuFileNew", "&New", 1, S::Normal},
     {"mnuFileOpen", "&Open", 1, S::Normal},
@@ -15,16 +18,9 @@ const std::array<MenuItemSpec, 52> kGalleryMenu{{
     {"mnuFileWallpaper", "&Set Wallpaper", 1, S::Normal},
     {"mnuBar3", "-", 1, S::Normal},
     {"mnuFilePassword", "&Password", 1, S::Normal},
-    {"mnuBar4", "-", 1, S::Hidden},
-    {"mnuFileHist", "1 Hist1", 1, S::Hidden, 1},
-    {"mnuFileHist", "2 Hist2", 1, S::Hidden, 2},
-    {"mnuFileHist", "3 Hist3", 1, S::Hidden, 3},
-    {"mnuFileHist", "4 Hist4", 1, S::Hidden, 4},
-    {"mnuBar5", "-", 1, S::Hidden},
-    {"mnuFileExit", "&Exit", 1, S::Normal},
-    {"mnuView", "&View", 0, S::Normal},
-    {"mnuViewToolbar", "&Toolbar", 1, S::Checked},
-    {"mnuViewStatusbar", "&Statusbar", 1, S::Checked},
+};
+
+constexpr MenuItemSpec kGallerySlidesAndWindow[] = {
     {"mnuSlides", "&Slides", 0, S::Normal},
     {"mnuSlidesAdd", "&Add Slide", 1, S::Normal},
     {"mnuSlidesModify", "&Modify Slide Collection", 1, S::Normal},
@@ -33,10 +29,9 @@ const std::array<MenuItemSpec, 52> kGalleryMenu{{
     {"mnuWindowTileV", "&Tile Vertically", 1, S::Normal},
     {"mnuWindowTileH", "T&ile Horizontally", 1, S::Normal},
     {"mnuWindowCascade", "&Cascade", 1, S::Normal},
-    {"mnuHelp", "&Help", 0, S::Normal},
-    {"mnuHelpContents", "&Contents", 1, S::Normal},
-    {"mnuBar6", "-", 1, S::Normal},
-    {"mnuHelpAbout", "&About", 1, S::Normal},
+};
+
+constexpr MenuItemSpec kGalleryPopups[] = {
     {"mnuPopup1", "&Popup1", 0, S::Hidden},
     {"mnuPopup1Delete", "&Remove Slide", 1, S::Normal},
     {"mnuPopup1What", "&What's this?", 1, S::Normal},
@@ -57,7 +52,15 @@ const std::array<MenuItemSpec, 52> kGalleryMenu{{
     {"mnuPopup4What", "&What's this?", 1, S::Normal},
     {"mnuBar10", "-", 1, S::Normal},
     {"mnuPopup4Help", "&Help", 1, S::Normal},
-}};
+};
+
+}  // namespace
+
+const std::vector<MenuItemSpec>& GalleryMenu() {
+  static const std::vector<MenuItemSpec> menu =
+      JoinMenus({kGalleryFile, kHistoryItems, kViewMenu, kGallerySlidesAndWindow, kHelpMenu, kGalleryPopups});
+  return menu;
+}
 
 const std::array<WhatNote, 3> kGalleryWhatNotes{{
     {"mnuPopup1What", 1000, 4700,

@@ -9,7 +9,7 @@
 
 namespace cb {
 
-extern const std::array<MenuItemSpec, 52> kGalleryMenu;
+const std::vector<MenuItemSpec>& GalleryMenu();
 
 struct WhatNote {
   std::string_view item;

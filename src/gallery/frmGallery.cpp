@@ -86,7 +86,7 @@ frmGallery::frmGallery() {
 frmGallery::~frmGallery() = default;
 
 void frmGallery::CreateMenus() {
-  BuiltMenus built = BuildMenus(this, kGalleryMenu);
+  BuiltMenus built = BuildMenus(this, GalleryMenu());
   items_ = built.items;
   menus_ = built.menus;
   bar_ = built.bar;
