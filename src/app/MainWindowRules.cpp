@@ -22,6 +22,14 @@ const std::array<MenuItemSpec, 3> kViewMenu{{
     {"mnuViewStatusbar", "&Statusbar", 1, S::Checked},
 }};
 
+const std::array<MenuItemSpec, 5> kWallpaperPopup{{
+    {"mnuPopup2", "&Popup2", 0, S::Hidden},
+    {"mnuPopup2SetWallpaper", "&Set Wallpaper", 1, S::Normal},
+    {"mnuPopup2What", "&What's this?", 1, S::Normal},
+    {"mnuBar8", "-", 1, S::Normal},
+    {"mnuPopup2Help", "&Help", 1, S::Normal},
+}};
+
 const std::array<MenuItemSpec, 4> kHelpMenu{{
     {"mnuHelp", "&Help", 0, S::Normal},
     {"mnuHelpContents", "&Contents", 1, S::Normal},
@@ -67,18 +75,13 @@ constexpr MenuItemSpec kMainPopups[] = {
     {"mnuPopup1What", "&What's this?", 1, S::Normal},
     {"mnuBar7", "-", 1, S::Normal},
     {"mnuPopup1Help", "&Help", 1, S::Normal},
-    {"mnuPopup2", "&Popup2", 0, S::Hidden},
-    {"mnuPopup2SetWallpaper", "&Set Wallpaper", 1, S::Normal},
-    {"mnuPopup2What", "&What's this?", 1, S::Normal},
-    {"mnuBar8", "-", 1, S::Normal},
-    {"mnuPopup2Help", "&Help", 1, S::Normal},
 };
 
 }  // namespace
 
 const std::vector<MenuItemSpec>& MainMenu() {
   static const std::vector<MenuItemSpec> menu =
-      JoinMenus({kMainFile, kHistoryItems, kViewMenu, kMainSlidesAndWindow, kHelpMenu, kMainPopups});
+      JoinMenus({kMainFile, kHistoryItems, kViewMenu, kMainSlidesAndWindow, kHelpMenu, kMainPopups, kWallpaperPopup});
   return menu;
 }
 

@@ -27,6 +27,7 @@ struct MenuItemSpec {
 extern const std::array<MenuItemSpec, 7> kHistoryItems;  // mnuBar4, mnuFileHist(1..4), mnuBar5, mnuFileExit
 extern const std::array<MenuItemSpec, 3> kViewMenu;
 extern const std::array<MenuItemSpec, 4> kHelpMenu;
+extern const std::array<MenuItemSpec, 5> kWallpaperPopup;  // mnuPopup2
 
 // Tables joined in order.
 std::vector<MenuItemSpec> JoinMenus(std::initializer_list<std::span<const MenuItemSpec>> parts);

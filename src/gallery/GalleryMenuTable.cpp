@@ -37,11 +37,6 @@ constexpr MenuItemSpec kGalleryPopups[] = {
     {"mnuPopup1What", "&What's this?", 1, S::Normal},
     {"mnuBar7", "-", 1, S::Normal},
     {"mnuPopup1Help", "&Help", 1, S::Normal},
-    {"mnuPopup2", "&Popup2", 0, S::Hidden},
-    {"mnuPopup2SetWallpaper", "&Set Wallpaper", 1, S::Normal},
-    {"mnuPopup2What", "&What's this?", 1, S::Normal},
-    {"mnuBar8", "-", 1, S::Normal},
-    {"mnuPopup2Help", "&Help", 1, S::Normal},
     {"mnuPopup3", "&Popup3", 0, S::Hidden},
     {"mnuPopupReset", "&Reset", 1, S::Normal},
     {"mnuPopup3What", "&What's this?", 1, S::Normal},
@@ -58,7 +53,8 @@ constexpr MenuItemSpec kGalleryPopups[] = {
 
 const std::vector<MenuItemSpec>& GalleryMenu() {
   static const std::vector<MenuItemSpec> menu =
-      JoinMenus({kGalleryFile, kHistoryItems, kViewMenu, kGallerySlidesAndWindow, kHelpMenu, kGalleryPopups});
+      JoinMenus({kGalleryFile, kHistoryItems, kViewMenu, kGallerySlidesAndWindow, kHelpMenu, kGalleryPopups,
+                 kWallpaperPopup});
   return menu;
 }
 
