@@ -127,12 +127,21 @@ void frmGallery::LayOut() {
   const int bar = TwipsToPixelsY(kScrollBarHeight);
   FlatScrollBar1->setGeometry(0, height() - bar, width(), bar);
   const GalleryLayout layout = LayOutGallery(PixelsToTwipsX(width()), PixelsToTwipsY(height()), kScrollBarHeight);
-  // Writes the layout refuses (a window too small for the insets) keep the old places.
-  if (layout.refusedAt == WriteOrder().size()) {
-    for (int i = 1; i <= kGalleryElements; ++i) {
-      const ElementRect& r = layout.Image1(i);
-      Image1(i)->setGeometry(TwipsRect(r.Left, r.Top, r.Width, r.Height));
+  // The writes run in order until an element refuses one; the rest keep their places.
+  for (std::size_t k = 0; k < layout.refusedAt; ++k) {
+    const ElementWrite& w = WriteOrder()[k];
+    ElementRect& to = placed_[static_cast<std::size_t>(w.index - 1)];
+    const ElementRect& from = layout.Image1(w.index);
+    switch (w.property) {
+      case ElementProperty::Width: to.Width = from.Width; break;
+      case ElementProperty::Left: to.Left = from.Left; break;
+      case ElementProperty::Height: to.Height = from.Height; break;
+      case ElementProperty::Top: to.Top = from.Top; break;
     }
+  }
+  for (int i = 1; i <= kGalleryElements; ++i) {
+    const ElementRect& r = placed_[static_cast<std::size_t>(i - 1)];
+    Image1(i)->setGeometry(TwipsRect(r.Left, r.Top, r.Width, r.Height));
   }
 }
 

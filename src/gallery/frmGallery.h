@@ -89,6 +89,8 @@ class frmGallery : public QWidget {
   RtError Picture(const QString& path, QImage& out);
 
   std::array<StretchImage*, 30> images_{};
+  // Where the elements stand, in twips: the design's until the first resize.
+  std::array<ElementRect, 30> placed_ = DesignLayout().elements;
   QHash<QString, QAction*> items_;
   QHash<QString, QMenu*> menus_;
   QList<QMenu*> bar_;

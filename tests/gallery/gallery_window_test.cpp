@@ -157,6 +157,14 @@ TEST_F(GalleryWindowTest, RemovingCellThreeOnThePageFromSixteenRemovesEighteen) 
   EXPECT_EQ(Mc().CurrentlyActiveBase(), 1);  // a new gallery on the first page
 }
 
+TEST_F(GalleryWindowTest, TooSmallWindowMovesTheFramesAndLeavesThePictures) {
+  Start(3);
+  const QRect picture = Gallery().Image1(1)->geometry();
+  Gallery().resize(60, 60);  // cells narrower than the picture's insets
+  EXPECT_EQ(Gallery().Image1(16)->width(), 12);
+  EXPECT_EQ(Gallery().Image1(1)->geometry(), picture);
+}
+
 TEST_F(GalleryWindowTest, LargestCollectionOpensAndScrollsToTheEnd) {
   QImage picture(6, 4, QImage::Format_RGB32);
   picture.fill(Qt::darkCyan);
