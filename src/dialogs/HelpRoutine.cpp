@@ -26,7 +26,8 @@ void CloseWithHelp(QDialog& dialog, const QString& page) {
 
 void InstallF1(QWidget& window, const QString& page) {
   auto* f1 = new QShortcut(QKeySequence(Qt::Key_F1), &window);
-  f1->setContext(Qt::WindowShortcut);
+  // MDI children share their frame's window: each F1 keeps to its own widget.
+  f1->setContext(Qt::WidgetWithChildrenShortcut);
   QObject::connect(f1, &QShortcut::activated, &window, [&window, page] {
     if (auto* dialog = qobject_cast<QDialog*>(&window))
       CloseWithHelp(*dialog, page);

@@ -78,6 +78,7 @@ frmGallery::frmGallery() {
   FlatScrollBar1->setTracking(false);
   connect(FlatScrollBar1, &QScrollBar::valueChanged, this, &frmGallery::FlatScrollBar1_Change);
   CreateMenus();
+  setFocusPolicy(Qt::StrongFocus);  // so the window has the keyboard, and F1, when it is active
   InstallF1(*this, kHelpPage);
   resize(TwipsToPixelsX(kOpeningClientWidth), TwipsToPixelsY(kOpeningClientHeight));
   LayOut();

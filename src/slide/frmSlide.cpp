@@ -33,6 +33,7 @@ frmSlide::frmSlide() {
   });
   connect(Image1, &StretchImage::MouseUp, this, &frmSlide::Image1_MouseUp);
   connect(Image1, &StretchImage::Click, this, &frmSlide::Image1_Click);
+  setFocusPolicy(Qt::StrongFocus);  // so the window has the keyboard, and F1, when it is active
   InstallF1(*this, kHelpPage);
   resize(TwipsToPixelsX(7725), TwipsToPixelsY(5355));
   Place({0, 0, 7095, 4575});

@@ -1,8 +1,10 @@
+#include <QMdiSubWindow>
 #include <QMenu>
 #include <QPushButton>
 #include <QScrollBar>
 #include <QTest>
 
+#include "dialogs/HelpRoutine.h"
 #include "dialogs/StretchImage.h"
 #include "gallery/dlgRemoveSlide.h"
 #include "slide/frmSlide.h"
@@ -155,6 +157,22 @@ TEST_F(GalleryWindowTest, RemovingCellThreeOnThePageFromSixteenRemovesEighteen) 
   EXPECT_EQ(Trim(Globals().Slides[18].Get(Field::SlideText)), "Slide 19");
   EXPECT_EQ(Trim(Globals().Slides[17].Get(Field::SlideText)), "Slide 17");
   EXPECT_EQ(Mc().CurrentlyActiveBase(), 1);  // a new gallery on the first page
+}
+
+TEST_F(GalleryWindowTest, F1OpensEachWindowsOwnPage) {
+  Start(3);
+  QTest::mouseClick(Gallery().Image1(1), Qt::LeftButton);  // a slide window beside the gallery
+  auto* slide = qobject_cast<frmSlide*>(FindOpenForm("frmSlide"));
+  ASSERT_NE(slide, nullptr);
+  QApplication::setActiveWindow(&TheMDIMain());
+  TheMDIMain().MdiArea()->setActiveSubWindow(qobject_cast<QMdiSubWindow*>(slide->parentWidget()));
+  slide->setFocus();
+  QTest::keyClick(slide, Qt::Key_F1);
+  EXPECT_EQ(HelpPage(), "help009.htm");
+  TheMDIMain().MdiArea()->setActiveSubWindow(qobject_cast<QMdiSubWindow*>(Gallery().parentWidget()));
+  Gallery().setFocus();
+  QTest::keyClick(&Gallery(), Qt::Key_F1);
+  EXPECT_EQ(HelpPage(), "help011.htm");
 }
 
 TEST_F(GalleryWindowTest, TooSmallWindowMovesTheFramesAndLeavesThePictures) {
