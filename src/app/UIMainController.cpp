@@ -86,6 +86,9 @@ std::string UIMainController::GetGraphicsDirectory() const { return TailFor(appP
 std::string UIMainController::GetReportsDirectory() const { return TailFor(appPath_, kReports); }
 std::string UIMainController::GetRootDirectory() const { return TailFor(appPath_, kRoot); }
 
+std::int32_t UIMainController::GetCategories(KeyList& list) const { return cb::GetCategories(globals_.Slides, list); }
+std::int32_t UIMainController::GetLocations(KeyList& list) const { return cb::GetLocations(globals_.Slides, list); }
+
 bool UIMainController::LoadSettings(ErrorArray& errors) {
   const bool ok = DataAccess(*this, globals_.Slides).LoadSettings(errors);
   if (ok) globals_.SlidesChanged = false;

@@ -11,6 +11,7 @@
 #include "app/RuntimeError.h"
 #include "app/SettingsStore.h"
 #include "gallery/UIGlobalController.h"
+#include "slide/Categories.h"
 
 namespace cb {
 
@@ -82,6 +83,11 @@ class UIMainController {
   std::string GetGraphicsDirectory() const;
   std::string GetReportsDirectory() const;
   std::string GetRootDirectory() const;
+
+  // The distinct categories and locations of the open collection, in order
+  // of first appearance, from index 1; the count added.
+  std::int32_t GetCategories(KeyList& list) const;
+  std::int32_t GetLocations(KeyList& list) const;
 
   // Read or write the open file through a fresh DataAccess; a success clears
   // SlidesChanged, a failure fills `errors`.
