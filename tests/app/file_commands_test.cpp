@@ -116,6 +116,17 @@ TEST_F(FileCommandsTest, OpenOfABadFileTellsAndRebuildsFromWhatIsHeld) {
   ASSERT_NE(TheMDIMain().fGallery(), nullptr);
 }
 
+TEST_F(FileCommandsTest, GalleryMenuReachesTheCommandsThatRebuildIt) {
+  Start(3);
+  testing::WriteFile(Files("second.sif"), "");
+  AnswerDialog("", "second.sif");
+  QPointer<frmGallery> old = &Gallery();
+  old->Item("mnuFileOpen")->trigger();  // the gallery goes down under its own menu
+  EXPECT_TRUE(old.isNull());
+  EXPECT_EQ(Mc().SlideInformationFile(), "second.sif");
+  ASSERT_NE(TheMDIMain().fGallery(), nullptr);
+}
+
 TEST_F(FileCommandsTest, NextStartOpensTheFileOpened) {
   Start(3);
   testing::WriteFile(Files("second.sif"), "");
