@@ -1,4 +1,4 @@
-// New, Open and Save As: ask for a file, point the settings at it, read or
+// New, Open, Save As and the history entries: ask for a file, point the settings at it, read or
 // write it, and build the gallery afresh.
 #include "app/FileCommands.h"
 
@@ -78,24 +78,37 @@ void MDIMain::mnuFileNew_Click() {
   g.Slides.assign(1, SlideRecord());
   mc.NumberOfRecords(0);
   if (!typed.contains('.')) typed += ".sif";
-  if (mc.SetRegistryKeys(InFileList(d, typed)) && mc.SaveSettings(errors_) && gallery_)
-    gallery_->setWindowTitle("Gallery " + PathToQ(mc.SlideInformationFilePath()));
+  if (mc.SetRegistryKeys(InFileList(d, typed)) && mc.SaveSettings(errors_)) CaptionGallery();
   UnloadCommonDialog();
   RebuildGallery();
+}
+
+void MDIMain::CaptionGallery() {
+  if (gallery_) gallery_->setWindowTitle("Gallery " + PathToQ(Globals().MainController->SlideInformationFilePath()));
+}
+
+// Points the settings at `path` and reads it; a file that does not load is told.
+void MDIMain::OpenFile(const std::string& path) {
+  UIMainController& mc = *Globals().MainController;
+  if (!mc.SetRegistryKeys(path)) return;
+  if (mc.LoadSettings(errors_))
+    CaptionGallery();
+  else
+    MsgBox(kLoadErrorText, vbExclamation, kLoadErrorTitle);
 }
 
 void MDIMain::mnuFileOpen_Click() {
   frmCommonDialog& d = RunSifDialog("Open");
   const QString selected = d.FileListBox1->FileName();
   if (selected.isEmpty() || d.Cancelled) return;
-  UIMainController& mc = *Globals().MainController;
-  if (mc.SetRegistryKeys(InFileList(d, selected))) {
-    if (!mc.LoadSettings(errors_))
-      MsgBox(kLoadErrorText, vbExclamation, kLoadErrorTitle);
-    else if (gallery_)
-      gallery_->setWindowTitle("Gallery " + PathToQ(mc.SlideInformationFilePath()));
-  }
+  OpenFile(InFileList(d, selected));
   UnloadCommonDialog();
+  RebuildGallery();
+}
+
+void MDIMain::mnuFileHist_Click(int index) {
+  ModGlobal& g = Globals();
+  OpenFile(g.MainController->SlideInformationPath() + g.History[static_cast<std::size_t>(index)]);
   RebuildGallery();
 }
 
@@ -106,8 +119,7 @@ void MDIMain::mnuFileSaveAs_Click() {
   const QString selected = d.FileListBox1->FileName();
   if (Exists(d, typed, selected) && !OverwriteConfirmed(selected, kSaveAsTitle)) return;
   UIMainController& mc = *Globals().MainController;
-  if (mc.SetRegistryKeys(InFileList(d, typed)) && mc.SaveSettings(errors_) && gallery_)
-    gallery_->setWindowTitle("Gallery " + PathToQ(mc.SlideInformationFilePath()));
+  if (mc.SetRegistryKeys(InFileList(d, typed)) && mc.SaveSettings(errors_)) CaptionGallery();
   UnloadCommonDialog();
 }
 

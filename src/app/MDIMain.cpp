@@ -35,7 +35,7 @@ void WallpaperArea::paintEvent(QPaintEvent* e) {
 
 MDIMain::MDIMain() : area_(new WallpaperArea(this)) {
   setObjectName("MDIMain");
-  setWindowTitle("Chattelbook");
+  setWindowTitle(kAppTitle);
   area_->setObjectName("MDIClient");
   area_->setBackground(QColor(128, 128, 128));
   area_->viewport()->installEventFilter(this);

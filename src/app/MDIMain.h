@@ -112,6 +112,8 @@ class MDIMain : public QMainWindow {
   void PressZoom();
   void PressUnzoom();
   void ArrangeNext();
+  void CaptionGallery();
+  void OpenFile(const std::string& path);
   void SubWindowActivated(class QMdiSubWindow* sub);
   void SetMenuBar(const QList<QMenu*>& menus);
   // The like-named item of the gallery's menu, when the gallery is open.

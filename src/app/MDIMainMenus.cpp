@@ -21,9 +21,6 @@ namespace cb {
 namespace {
 
 constexpr char kContentsPage[] = "help001.htm";
-constexpr char kQuickStartPage[] = "help002.htm";
-constexpr char kLoadErrorText[] = "Invalid Slide Information File";
-constexpr char kLoadErrorTitle[] = "Load Error";
 constexpr char kWallpaperWhat1[] = "The wallpaper or background image.";
 constexpr char kWallpaperWhat2[] = "Use the 'Set Wallpaper' option to change the background.";
 constexpr long kWallpaperWhatHeight = 800, kWallpaperWhatWidth = 4000;
@@ -114,15 +111,6 @@ void MDIMain::UpdateHistoryMenu() {
       GalleryItem("mnuBar5")->setVisible(true);
     }
   }
-}
-
-void MDIMain::mnuFileHist_Click(int index) {
-  ModGlobal& g = Globals();
-  UIMainController& mc = *g.MainController;
-  const std::string path = mc.SlideInformationPath() + g.History[static_cast<std::size_t>(index)];
-  if (mc.SetRegistryKeys(path) && !mc.LoadSettings(errors_))
-    MsgBox(kLoadErrorText, vbExclamation, kLoadErrorTitle);
-  RebuildGallery();
 }
 
 void MDIMain::mnuFileWallpaper_Click() {

@@ -20,13 +20,11 @@
 namespace cb {
 namespace {
 
-constexpr char kAppTitle[] = "Chattelbook";
 constexpr char kDefaultFile[] = "MyFiles.sif";
 constexpr char kWallpaperDir[] = "/wallpaper/";
 constexpr char kHelpFailed[] = "An error occurred while generating the help files.";
 constexpr char kInvalidPassword[] = "Invalid password.";
 constexpr char kErrorTitle[] = "Error";
-constexpr char kQuickStartPage[] = "help002.htm";
 
 int SecondOfDay(const QTime& t) { return t.hour() * 3600 + t.minute() * 60 + t.second(); }
 

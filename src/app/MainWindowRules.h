@@ -11,6 +11,9 @@
 
 namespace cb {
 
+// The program's title: the main window's caption and the title of its messages.
+inline constexpr char kAppTitle[] = "Chattelbook";
+
 enum class ItemState { Normal, Off, Hidden, Checked };
 
 // One item of a menu bar: depth 0 is a menu of the bar, 1 an item in it.

@@ -6,13 +6,14 @@
 #include <QScreen>
 #include <QVBoxLayout>
 
+#include "app/MainWindowRules.h"
 #include "dialogs/Twips.h"
 
 namespace cb {
 
 frmLoading::frmLoading() : QDialog(nullptr, Qt::Tool | Qt::CustomizeWindowHint | Qt::WindowTitleHint) {
   setObjectName("frmLoading");
-  setWindowTitle("Chattelbook");
+  setWindowTitle(kAppTitle);
   lblText = new QLabel(this);
   lblText->setObjectName("lblText");
   ProgressBar1 = new QProgressBar(this);

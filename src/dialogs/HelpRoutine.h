@@ -9,6 +9,9 @@ class QDialog;
 
 namespace cb {
 
+// The quick start page, opened at a first start and by the main window's popups.
+inline constexpr char kQuickStartPage[] = "help002.htm";
+
 // The page the help viewer opens on when it loads (its HelpPage).
 const QString& HelpPage();
 

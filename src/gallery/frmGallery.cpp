@@ -30,6 +30,8 @@ namespace cb {
 namespace {
 
 constexpr char kHelpPage[] = "help011.htm";
+constexpr char kCannotSave[] = "Could not save sif file.";
+constexpr char kErrorTitle[] = "Error";
 
 // Items that forward to the main window's command of the same purpose.
 struct Forward {
@@ -189,7 +191,7 @@ void frmGallery::mnuPopup1Delete_Click() {
   if (!question.Confirmed) return;
   ModGlobal& g = Globals();
   if (GalleryController.DeleteSlide(PopupSlideIndex, *g.MainController, g.Slides)) {
-    if (!g.MainController->SaveSettings(errors_)) MsgBox("Could not save sif file.", vbCritical, "Error");
+    if (!g.MainController->SaveSettings(errors_)) MsgBox(kCannotSave, vbCritical, kErrorTitle);
     PopupSlideIndex = -1;
   }
   TheMDIMain().RebuildGallery();

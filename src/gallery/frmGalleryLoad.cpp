@@ -23,7 +23,6 @@ namespace {
 
 constexpr char kLoadingText[] = "Loading slides...";
 constexpr char kNotFoundTitle[] = "Slide Not Found";
-constexpr char kEmptyToolTip[] = "Empty";
 
 QString NotFoundText(const std::string& pictureFile) {
   return "The file '" + ToQ(Trim(pictureFile)) +
@@ -103,7 +102,7 @@ void frmGallery::Load() {
   if (now - 1 < 15) {
     FlatScrollBar1->setEnabled(false);
     for (std::int32_t i = now + 1; i <= 15; ++i) {
-      Image1(i)->setToolTip(kEmptyToolTip);
+      Image1(i)->setToolTip(kEmptyCellToolTip.data());
       Image1(FrameOf(i))->SetPicture(frame);
     }
   }
@@ -159,7 +158,7 @@ void frmGallery::MissingSlide(std::int32_t record) {
 void frmGallery::ClearSlideImages() {
   for (int i = 1; i <= kGalleryCells; ++i) {
     Image1(i)->ClearPicture();
-    Image1(i)->setToolTip(kEmptyToolTip);
+    Image1(i)->setToolTip(kEmptyCellToolTip.data());
   }
 }
 
