@@ -57,12 +57,5 @@ TEST(MainWindowRulesTest, ToolbarFollowsTheSlideWindow) {
   }
 }
 
-TEST(MainWindowRulesTest, EveryButtonHasAPictureKeyAndTooltip) {
-  for (const auto& b : kToolbarButtons) {
-    EXPECT_FALSE(b.imageKey.empty()) << b.key;
-    EXPECT_FALSE(b.tooltip.empty()) << b.key;
-  }
-}
-
 }  // namespace
 }  // namespace cb

@@ -1,5 +1,6 @@
 #include <QMdiSubWindow>
 #include <QMenu>
+#include <QMenuBar>
 #include <QPushButton>
 #include <QScrollBar>
 #include <QTest>
@@ -173,6 +174,17 @@ TEST_F(GalleryWindowTest, F1OpensEachWindowsOwnPage) {
   Gallery().setFocus();
   QTest::keyClick(&Gallery(), Qt::Key_F1);
   EXPECT_EQ(HelpPage(), "help011.htm");
+}
+
+TEST_F(GalleryWindowTest, ActiveGalleryBringsItsOwnMenuBar) {
+  Start(3);
+  QMenuBar* bar = TheMDIMain().menuBar();
+  TheMDIMain().MdiArea()->setActiveSubWindow(qobject_cast<QMdiSubWindow*>(Gallery().parentWidget()));
+  EXPECT_EQ(bar->actions().value(0), Gallery().Menu("mnuFile")->menuAction());
+  QTest::mouseClick(Gallery().Image1(1), Qt::LeftButton);  // a slide window comes to the front
+  EXPECT_EQ(bar->actions().value(0), TheMDIMain().Menu("mnuFile")->menuAction());
+  EXPECT_TRUE(Gallery().Item("mnuFileSaveAs")->isEnabled());
+  EXPECT_FALSE(TheMDIMain().Item("mnuFileSaveAs")->isEnabled());
 }
 
 TEST_F(GalleryWindowTest, TooSmallWindowMovesTheFramesAndLeavesThePictures) {
