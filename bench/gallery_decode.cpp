@@ -20,8 +20,8 @@
 #include <cstdio>
 #include <memory>
 
-#include "dialogs/DecodePictures.h"
-#include "dialogs/LoadPicture.h"
+#include "qt/DecodePictures.h"
+#include "qt/LoadPicture.h"
 
 namespace {
 

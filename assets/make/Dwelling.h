@@ -4,7 +4,7 @@
 
 #include <QPainter>
 
-#include "Paint.h"
+#include "artwork/Paint.h"
 
 namespace cb::assets {
 

@@ -11,7 +11,7 @@
 #include <iterator>
 
 #include "Assets.h"
-#include "Paint.h"
+#include "artwork/Paint.h"
 
 namespace cb::assets {
 namespace {

@@ -6,7 +6,7 @@
 
 #include "Assets.h"
 #include "Drawings.h"
-#include "Paint.h"
+#include "artwork/Paint.h"
 
 namespace cb::assets {
 namespace {

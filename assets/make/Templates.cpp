@@ -8,7 +8,7 @@
 #include <optional>
 
 #include "Assets.h"
-#include "app/Cp1252.h"
+#include "base/Cp1252.h"
 #include "app/SettingsStore.h"
 #include "app/UIMainController.h"
 #include "app/modGlobal.h"

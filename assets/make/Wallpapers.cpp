@@ -7,7 +7,7 @@
 #include <iterator>
 
 #include "Assets.h"
-#include "Paint.h"
+#include "artwork/Paint.h"
 
 namespace cb::assets {
 namespace {

@@ -11,7 +11,7 @@
 #include <string>
 
 #include "app/SettingsStore.h"
-#include "app/Text.h"
+#include "base/Text.h"
 #include "app/UIMainController.h"
 #include "app/modGlobal.h"
 #include "storage/SlideRecord.h"
@@ -84,8 +84,8 @@ TEST_P(TemplateFiles, LoadUnderTheirTemplateWithPicturesThatDecode) {
 INSTANTIATE_TEST_SUITE_P(Installation, TemplateFiles,
                          ::testing::Values(TemplateFile{"HomeSecurity.sif", 1}, TemplateFile{"RealEstate.sif", 2},
                                            TemplateFile{"CarYard.sif", 3}),
-                         [](const auto& info) {
-                           const std::string name = info.param.name;
+                         [](const auto& row) {
+                           const std::string name = row.param.name;
                            return name.substr(0, name.find('.'));
                          });
 

@@ -13,10 +13,10 @@
 #include <cmath>
 
 #include "app/Forms.h"
-#include "app/ToolbarIcons.h"
+#include "artwork/ToolbarIcons.h"
 #include "app/modGlobal.h"
 #include "gallery/frmGallery.h"
-#include "dialogs/Twips.h"
+#include "qt/Twips.h"
 
 namespace cb {
 

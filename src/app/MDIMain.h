@@ -8,8 +8,8 @@
 #include <QMdiArea>
 #include <QPointer>
 
-#include "app/MainWindowRules.h"
-#include "app/RuntimeError.h"
+#include "app/MDIMainRules.h"
+#include "base/RuntimeError.h"
 #include "gallery/frmGallery.h"
 
 class QLabel;

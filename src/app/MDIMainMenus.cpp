@@ -8,13 +8,13 @@
 
 #include "app/Forms.h"
 #include "app/MDIMain.h"
-#include "app/MenuBuilder.h"
+#include "app/MDIMainMenuBuilder.h"
 #include "app/frmAbout.h"
 #include "app/frmLogin.h"
 #include "app/modGlobal.h"
 #include "dialogs/HelpRoutine.h"
-#include "dialogs/MsgBox.h"
-#include "dialogs/Twips.h"
+#include "qt/MsgBox.h"
+#include "qt/Twips.h"
 #include "dialogs/dlgWhat.h"
 
 namespace cb {

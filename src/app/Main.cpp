@@ -6,15 +6,15 @@
 
 #include "app/Forms.h"
 #include "app/MDIMain.h"
-#include "app/QtSettingsStore.h"
+#include "qt/QtSettingsStore.h"
 #include "app/StartupErrors.h"
 #include "app/frmLogin.h"
 #include "app/frmSplash.h"
 #include "app/modGlobal.h"
 #include "dialogs/HelpRoutine.h"
-#include "dialogs/LoadPicture.h"
-#include "dialogs/MsgBox.h"
-#include "dialogs/Twips.h"
+#include "qt/LoadPicture.h"
+#include "qt/MsgBox.h"
+#include "qt/Twips.h"
 #include "help/UIHelpController.h"
 
 namespace cb {

@@ -5,7 +5,7 @@
 #include <optional>
 #include <string>
 
-#include "app/RuntimeError.h"
+#include "base/RuntimeError.h"
 
 namespace cb {
 

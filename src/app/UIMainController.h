@@ -8,7 +8,7 @@
 #include <memory>
 #include <string>
 
-#include "app/RuntimeError.h"
+#include "base/RuntimeError.h"
 #include "app/SettingsStore.h"
 #include "gallery/UIGlobalController.h"
 #include "slide/Categories.h"

@@ -3,8 +3,8 @@
 #include <QLabel>
 #include <QPushButton>
 
-#include "app/Artwork.h"
-#include "dialogs/Twips.h"
+#include "artwork/Artwork.h"
+#include "qt/Twips.h"
 
 namespace cb {
 

@@ -6,8 +6,8 @@
 #include <QScreen>
 #include <QVBoxLayout>
 
-#include "app/MainWindowRules.h"
-#include "dialogs/Twips.h"
+#include "app/MDIMainRules.h"
+#include "qt/Twips.h"
 
 namespace cb {
 

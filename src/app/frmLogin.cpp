@@ -7,8 +7,8 @@
 #include "app/modGlobal.h"
 #include "dialogs/DialogButtons.h"
 #include "dialogs/HelpRoutine.h"
-#include "dialogs/MsgBox.h"
-#include "dialogs/Twips.h"
+#include "qt/MsgBox.h"
+#include "qt/Twips.h"
 
 namespace cb {
 namespace {

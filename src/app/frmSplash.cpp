@@ -1,8 +1,8 @@
 #include "app/frmSplash.h"
 
-#include "app/Artwork.h"
+#include "artwork/Artwork.h"
 #include "app/modGlobal.h"
-#include "dialogs/Twips.h"
+#include "qt/Twips.h"
 
 namespace cb {
 

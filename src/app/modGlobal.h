@@ -6,7 +6,7 @@
 #include <memory>
 #include <string>
 
-#include "app/RuntimeError.h"
+#include "base/RuntimeError.h"
 #include "app/UIMainController.h"
 #include "help/UIHelpController.h"
 #include "storage/SlideRecord.h"

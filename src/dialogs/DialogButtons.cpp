@@ -2,7 +2,7 @@
 
 #include <QPushButton>
 
-#include "dialogs/Twips.h"
+#include "qt/Twips.h"
 
 namespace cb {
 namespace {

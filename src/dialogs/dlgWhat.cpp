@@ -4,7 +4,7 @@
 #include <QLabel>
 
 #include "app/modGlobal.h"
-#include "dialogs/Twips.h"
+#include "qt/Twips.h"
 
 namespace cb {
 namespace {

@@ -13,9 +13,9 @@
 #include <type_traits>
 #include <vector>
 
-#include "dialogs/FileListing.h"
+#include "base/FileListing.h"
 #include "dialogs/HelpRoutine.h"
-#include "dialogs/Twips.h"
+#include "qt/Twips.h"
 
 namespace cb {
 namespace {

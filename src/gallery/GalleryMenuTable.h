@@ -5,7 +5,7 @@
 #include <array>
 #include <string_view>
 
-#include "app/MainWindowRules.h"
+#include "app/MDIMainRules.h"
 
 namespace cb {
 

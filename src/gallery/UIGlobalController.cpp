@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <filesystem>
 
-#include "app/Cp1252.h"
+#include "base/Cp1252.h"
 #include "app/UIMainController.h"
 
 namespace cb {

@@ -7,7 +7,7 @@
 
 #include "storage/SlideRecord.h"
 
-#include "app/Text.h"
+#include "base/Text.h"
 #include "gallery/GalleryLayout.h"
 
 namespace cb {

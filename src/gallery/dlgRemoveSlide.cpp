@@ -5,7 +5,7 @@
 
 #include "dialogs/DialogButtons.h"
 #include "dialogs/HelpRoutine.h"
-#include "dialogs/Twips.h"
+#include "qt/Twips.h"
 
 namespace cb {
 namespace {

@@ -7,16 +7,16 @@
 #include <QScrollBar>
 #include <cmath>
 
-#include "app/FileCommands.h"
+#include "app/MDIMainFiles.h"
 #include "app/Forms.h"
 #include "app/MDIMain.h"
-#include "app/MenuBuilder.h"
+#include "app/MDIMainMenuBuilder.h"
 #include "app/modGlobal.h"
 #include "dialogs/HelpRoutine.h"
-#include "dialogs/MsgBox.h"
-#include "dialogs/DrawingLock.h"
-#include "dialogs/StretchImage.h"
-#include "dialogs/Twips.h"
+#include "qt/MsgBox.h"
+#include "qt/DrawingLock.h"
+#include "qt/StretchImage.h"
+#include "qt/Twips.h"
 #include "dialogs/dlgWhat.h"
 #include "dialogs/frmCommonDialog.h"
 #include "gallery/GalleryLayout.h"

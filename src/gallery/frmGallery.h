@@ -9,8 +9,8 @@
 #include <array>
 #include <map>
 
-#include "app/RuntimeError.h"
-#include "dialogs/DecodePictures.h"
+#include "base/RuntimeError.h"
+#include "qt/DecodePictures.h"
 #include "gallery/UIGlobalController.h"
 
 class QAction;

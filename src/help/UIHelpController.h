@@ -4,7 +4,7 @@
 
 #include <string>
 
-#include "app/RuntimeError.h"
+#include "base/RuntimeError.h"
 
 namespace cb {
 

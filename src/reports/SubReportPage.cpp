@@ -2,7 +2,7 @@
 
 #include <cmath>
 
-#include "app/Text.h"
+#include "base/Text.h"
 
 namespace cb {
 namespace {

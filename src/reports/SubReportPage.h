@@ -4,7 +4,7 @@
 
 #include <string>
 
-#include "app/RuntimeError.h"
+#include "base/RuntimeError.h"
 #include "reports/NumberRules.h"
 #include "reports/SummaryPage.h"
 #include "storage/SlideRecord.h"

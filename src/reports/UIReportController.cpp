@@ -2,7 +2,7 @@
 
 #include <array>
 
-#include "app/Text.h"
+#include "base/Text.h"
 #include "app/UIMainController.h"
 #include "reports/SubReportPage.h"
 #include "reports/ValueMatrix.h"

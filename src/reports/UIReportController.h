@@ -8,7 +8,7 @@
 #include <string>
 #include <string_view>
 
-#include "app/RuntimeError.h"
+#include "base/RuntimeError.h"
 #include "reports/NumberRules.h"
 #include "reports/ReportPages.h"
 #include "reports/SummaryPage.h"

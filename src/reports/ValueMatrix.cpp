@@ -4,7 +4,7 @@
 #include <string_view>
 #include <unordered_map>
 
-#include "app/Text.h"
+#include "base/Text.h"
 #include "reports/NumberRules.h"
 
 namespace cb {

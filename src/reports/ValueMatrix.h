@@ -6,7 +6,7 @@
 #include <string>
 #include <vector>
 
-#include "app/RuntimeError.h"
+#include "base/RuntimeError.h"
 #include "slide/Categories.h"
 #include "storage/SlideRecord.h"
 

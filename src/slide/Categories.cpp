@@ -2,7 +2,7 @@
 
 #include <unordered_set>
 
-#include "app/Text.h"
+#include "base/Text.h"
 
 namespace cb {
 namespace {

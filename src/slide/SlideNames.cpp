@@ -1,6 +1,6 @@
 #include "slide/SlideNames.h"
 
-#include "app/Text.h"
+#include "base/Text.h"
 
 namespace cb {
 namespace {

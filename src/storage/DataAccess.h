@@ -5,7 +5,7 @@
 #include <array>
 #include <string>
 
-#include "app/RuntimeError.h"
+#include "base/RuntimeError.h"
 #include "storage/SlideRecord.h"
 
 namespace cb {

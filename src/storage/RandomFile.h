@@ -6,7 +6,7 @@
 #include <span>
 #include <string>
 
-#include "app/RuntimeError.h"
+#include "base/RuntimeError.h"
 
 namespace cb {
 

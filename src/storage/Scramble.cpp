@@ -1,6 +1,6 @@
 #include "storage/Scramble.h"
 
-#include "app/Text.h"
+#include "base/Text.h"
 
 namespace cb {
 namespace {

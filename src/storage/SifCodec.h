@@ -7,7 +7,7 @@
 #include <array>
 #include <string>
 
-#include "app/Text.h"
+#include "base/Text.h"
 #include "storage/SlideRecord.h"
 
 namespace cb {

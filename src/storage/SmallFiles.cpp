@@ -6,7 +6,7 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
-#include "app/Text.h"
+#include "base/Text.h"
 #include "app/UIMainController.h"
 #include "storage/DataAccess.h"
 #include "storage/RandomFile.h"

@@ -2,7 +2,8 @@
 #include <QListWidget>
 #include <QPushButton>
 
-#include "app/Cp1252.h"
+#include "support/RowName.h"
+#include "base/Cp1252.h"
 #include "app/Main.h"
 #include "dialogs/frmCommonDialog.h"
 #include "storage/DataAccess.h"
@@ -191,7 +192,7 @@ TEST_P(AddSlideTest, AppendsTheRecordAndCopiesUnlessInPlace) {
 }
 
 INSTANTIATE_TEST_SUITE_P(Rows, AddSlideTest, ::testing::ValuesIn(kAdds),
-                         [](const auto& info) { return std::string(info.param.name); });
+                         cb::testing::RowName());
 
 }  // namespace
 }  // namespace cb

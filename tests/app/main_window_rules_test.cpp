@@ -1,6 +1,7 @@
 #include <gtest/gtest.h>
 
-#include "app/MainWindowRules.h"
+#include "support/RowName.h"
+#include "app/MDIMainRules.h"
 
 namespace cb {
 namespace {
@@ -34,7 +35,7 @@ TEST_P(HistoryTest, MovesTheOpenFileByItsPlace) {
 }
 
 INSTANTIATE_TEST_SUITE_P(Rows, HistoryTest, ::testing::ValuesIn(kHistoryRows),
-                         [](const auto& info) { return std::string(info.param.name); });
+                         cb::testing::RowName());
 
 TEST(MainWindowRulesTest, WindowButtonCyclesThroughTheArrangements) {
   const Arrangement expected[] = {Arrangement::Cascade, Arrangement::TileVertical, Arrangement::Cascade,

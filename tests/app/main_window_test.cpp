@@ -11,12 +11,13 @@
 #include <QTimer>
 #include <QToolBar>
 
+#include "support/RowName.h"
 #include "app/Forms.h"
 #include "app/MDIMain.h"
 #include "app/Main.h"
 #include "app/frmLogin.h"
 #include "app/modGlobal.h"
-#include "dialogs/MsgBox.h"
+#include "qt/MsgBox.h"
 #include "dialogs/dlgWhat.h"
 #include "support/TempDir.h"
 
@@ -255,7 +256,7 @@ TEST_P(LoginTest, StoredPasswordIsAskedForOnceAtStart) {
 }
 
 INSTANTIATE_TEST_SUITE_P(Rows, LoginTest, ::testing::ValuesIn(kLogins),
-                         [](const auto& info) { return std::string(info.param.name); });
+                         cb::testing::RowName());
 
 }  // namespace
 }  // namespace cb

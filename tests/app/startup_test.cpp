@@ -4,13 +4,14 @@
 #include <QTest>
 #include <QTimer>
 
+#include "support/RowName.h"
 #include "app/Forms.h"
 #include "app/MDIMain.h"
 #include "app/Main.h"
 #include "app/frmSplash.h"
 #include "app/modGlobal.h"
 #include "dialogs/HelpRoutine.h"
-#include "dialogs/MsgBox.h"
+#include "qt/MsgBox.h"
 #include "storage/DataAccess.h"
 #include "support/TempDir.h"
 
@@ -133,7 +134,7 @@ TEST_P(WallpaperStartupTest, BadWallpaperNeverStopsTheStart) {
 }
 
 INSTANTIATE_TEST_SUITE_P(Rows, WallpaperStartupTest, ::testing::ValuesIn(kWallpapers),
-                         [](const auto& info) { return std::string(info.param.name); });
+                         cb::testing::RowName());
 
 TEST_F(StartupTest, WaitEndsWhenTheClockSecondPasses) {
   Globals().SplashDismissed = true;

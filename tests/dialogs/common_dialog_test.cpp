@@ -7,6 +7,7 @@
 #include <QTimer>
 #include <functional>
 
+#include "support/RowName.h"
 #include "dialogs/HelpRoutine.h"
 #include "dialogs/frmCommonDialog.h"
 #include "support/TempDir.h"
@@ -187,7 +188,7 @@ TEST_P(CommonDialogExitTest, CallerReadsWhatTheWayOutLeft) {
 }
 
 INSTANTIATE_TEST_SUITE_P(Rows, CommonDialogExitTest, ::testing::ValuesIn(kExits),
-                         [](const auto& info) { return std::string(info.param.name); });
+                         cb::testing::RowName());
 
 }  // namespace
 }  // namespace cb

@@ -1,5 +1,6 @@
 #include <gtest/gtest.h>
 
+#include "support/RowName.h"
 #include "gallery/UIGlobalController.h"
 #include "support/SifFixture.h"
 
@@ -50,7 +51,7 @@ TEST_P(DeleteSlideTest, RemovesTheRecordOfTheCell) {
 }
 
 INSTANTIATE_TEST_SUITE_P(Rows, DeleteSlideTest, ::testing::ValuesIn(kDeletes),
-                         [](const auto& info) { return std::string(info.param.name); });
+                         cb::testing::RowName());
 
 TEST_F(DeleteSlideTest, ByFileNameDropsTheLastWhenNoneMatches) {
   UIMainController& mc = Start();

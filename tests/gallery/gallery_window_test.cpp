@@ -5,8 +5,9 @@
 #include <QScrollBar>
 #include <QTest>
 
+#include "support/RowName.h"
 #include "dialogs/HelpRoutine.h"
-#include "dialogs/StretchImage.h"
+#include "qt/StretchImage.h"
 #include "gallery/dlgRemoveSlide.h"
 #include "slide/frmSlide.h"
 #include "support/GalleryFixture.h"
@@ -84,7 +85,7 @@ TEST_P(GalleryScrollTest, BarStepsMoveTheRecordsOnShow) {
 }
 
 INSTANTIATE_TEST_SUITE_P(Rows, GalleryScrollTest, ::testing::ValuesIn(kScrolls),
-                         [](const auto& info) { return std::string(info.param.name); });
+                         cb::testing::RowName());
 
 TEST_F(GalleryWindowTest, RefusedColumnStepPushesTheBarBack) {
   Start(20);

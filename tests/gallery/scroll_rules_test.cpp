@@ -6,6 +6,7 @@
 #include <sstream>
 #include <string>
 
+#include "support/RowName.h"
 #include "gallery/ScrollRules.h"
 
 namespace cb {
@@ -128,7 +129,7 @@ TEST_P(ScrollTest, Moves) {
 }
 
 INSTANTIATE_TEST_SUITE_P(Rows, ScrollTest, ::testing::ValuesIn(kScrollRows),
-                         [](const auto& info) { return std::string(info.param.name); });
+                         cb::testing::RowName());
 
 TEST(ScrollBarTest, RangeRoundsUpToWholePages) {
   const std::pair<std::int32_t, std::int32_t> rows[] = {{16, 30}, {30, 30}, {31, 45}, {32767, 32775}};

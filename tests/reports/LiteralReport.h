@@ -8,7 +8,7 @@
 #include <string>
 #include <vector>
 
-#include "app/Text.h"
+#include "base/Text.h"
 #include "reports/NumberRules.h"
 #include "reports/ValueMatrix.h"
 #include "slide/Categories.h"

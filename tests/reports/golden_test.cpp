@@ -66,7 +66,7 @@ TEST_P(GoldenPage, WritesThePageByteForByte) {
 }
 
 INSTANTIATE_TEST_SUITE_P(Cases, GoldenPage, ::testing::ValuesIn(Cases()),
-                         [](const auto& info) { return info.param; });
+                         [](const auto& row) { return row.param; });
 
 }  // namespace
 }  // namespace cb::testing

@@ -2,6 +2,7 @@
 
 #include <random>
 
+#include "support/RowName.h"
 #include "storage/DataAccess.h"
 #include "storage/Scramble.h"
 #include "support/SifFixture.h"
@@ -67,7 +68,7 @@ TEST_P(BadHeaderTest, TakesTheLoadsResultOrFailurePath) {
 }
 
 INSTANTIATE_TEST_SUITE_P(Rows, BadHeaderTest, ::testing::ValuesIn(kBadHeaders),
-                         [](const auto& info) { return info.param.name; });
+                         cb::testing::RowName());
 
 TEST(SifLimits, SavingMoreThanTheLoopCanCountFails) {
   testing::TempDir app;

@@ -11,8 +11,8 @@
 #include "app/Forms.h"
 #include "app/MDIMain.h"
 #include "app/modGlobal.h"
-#include "dialogs/MsgBox.h"
-#include "dialogs/StretchImage.h"
+#include "qt/MsgBox.h"
+#include "qt/StretchImage.h"
 #include "gallery/frmGallery.h"
 #include "support/TempDir.h"
 

@@ -6,7 +6,7 @@
 #include <initializer_list>
 #include <utility>
 
-#include "app/Text.h"
+#include "base/Text.h"
 #include "app/UIMainController.h"
 #include "app/modGlobal.h"
 #include "support/TempDir.h"

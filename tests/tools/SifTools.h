@@ -15,7 +15,7 @@
 #include <QStringList>
 
 #include "Commands.h"
-#include "app/Cp1252.h"
+#include "base/Cp1252.h"
 #include "app/UIMainController.h"
 #include "app/modGlobal.h"
 #include "storage/DataAccess.h"

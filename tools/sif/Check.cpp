@@ -6,8 +6,8 @@
 #include <filesystem>
 #include <fstream>
 
-#include "app/Cp1252.h"
-#include "app/Text.h"
+#include "base/Cp1252.h"
+#include "base/Text.h"
 #include "storage/DataAccess.h"
 #include "storage/FileSystem.h"
 #include "storage/SifCodec.h"

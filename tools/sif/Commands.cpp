@@ -12,7 +12,7 @@
 #include <sstream>
 
 #include "Check.h"
-#include "app/Cp1252.h"
+#include "base/Cp1252.h"
 #include "Formats.h"
 #include "Inventory.h"
 #include "Report.h"

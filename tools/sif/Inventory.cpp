@@ -2,8 +2,8 @@
 
 #include <cstdio>
 
-#include "app/Cp1252.h"
-#include "app/Text.h"
+#include "base/Cp1252.h"
+#include "base/Text.h"
 #include "storage/DataAccess.h"
 
 namespace cb::sif {

@@ -9,7 +9,7 @@
 #include <fstream>
 #include <iterator>
 
-#include "app/Cp1252.h"
+#include "base/Cp1252.h"
 #include "app/UIMainController.h"
 #include "app/modGlobal.h"
 #include "reports/UIReportController.h"

@@ -1,6 +1,6 @@
-#include "app/QtSettingsStore.h"
+#include "qt/QtSettingsStore.h"
 
-#include "dialogs/Twips.h"
+#include "qt/Twips.h"
 
 namespace cb {
 namespace {

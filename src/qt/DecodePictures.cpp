@@ -1,10 +1,10 @@
-#include "dialogs/DecodePictures.h"
+#include "qt/DecodePictures.h"
 
 #include <QGuiApplication>
 #include <QScreen>
 #include <QtConcurrent/QtConcurrentMap>
 
-#include "dialogs/LoadPicture.h"
+#include "qt/LoadPicture.h"
 
 namespace cb {
 

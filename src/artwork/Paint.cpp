@@ -1,4 +1,4 @@
-#include "Paint.h"
+#include "artwork/Paint.h"
 
 #include <QImageWriter>
 #include <QLinearGradient>

@@ -1,6 +1,6 @@
 // New, Open, Save As and the history entries: ask for a file, point the settings at it, read or
 // write it, and build the gallery afresh.
-#include "app/FileCommands.h"
+#include "app/MDIMainFiles.h"
 
 #include <QComboBox>
 #include <QLineEdit>
@@ -8,8 +8,8 @@
 
 #include "app/MDIMain.h"
 #include "app/modGlobal.h"
-#include "dialogs/MsgBox.h"
-#include "dialogs/Twips.h"
+#include "qt/MsgBox.h"
+#include "qt/Twips.h"
 #include "dialogs/frmCommonDialog.h"
 #include "storage/FileSystem.h"
 

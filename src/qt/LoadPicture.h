@@ -5,7 +5,7 @@
 #include <QSize>
 #include <QString>
 
-#include "app/RuntimeError.h"
+#include "base/RuntimeError.h"
 
 namespace cb {
 

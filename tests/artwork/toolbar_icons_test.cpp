@@ -1,4 +1,4 @@
-#include "app/ToolbarIcons.h"
+#include "artwork/ToolbarIcons.h"
 
 #include <gtest/gtest.h>
 

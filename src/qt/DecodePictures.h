@@ -6,7 +6,7 @@
 #include <QStringList>
 #include <vector>
 
-#include "app/RuntimeError.h"
+#include "base/RuntimeError.h"
 
 namespace cb {
 

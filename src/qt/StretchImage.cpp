@@ -1,4 +1,4 @@
-#include "dialogs/StretchImage.h"
+#include "qt/StretchImage.h"
 
 #include <QMouseEvent>
 #include <QPainter>

@@ -1,4 +1,4 @@
-#include "dialogs/FileListing.h"
+#include "base/FileListing.h"
 
 #include <algorithm>
 #include <filesystem>

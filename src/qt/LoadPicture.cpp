@@ -1,4 +1,4 @@
-#include "dialogs/LoadPicture.h"
+#include "qt/LoadPicture.h"
 
 #include <QDir>
 #include <QFileInfo>

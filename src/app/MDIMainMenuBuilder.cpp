@@ -1,4 +1,4 @@
-#include "app/MenuBuilder.h"
+#include "app/MDIMainMenuBuilder.h"
 
 #include <QAction>
 #include <QMenu>

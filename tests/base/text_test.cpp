@@ -1,8 +1,8 @@
 #include <gtest/gtest.h>
 
-#include "app/Cp1252.h"
+#include "base/Cp1252.h"
 #include "app/StartupErrors.h"
-#include "app/Text.h"
+#include "base/Text.h"
 
 namespace cb {
 namespace {

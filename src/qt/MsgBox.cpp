@@ -1,4 +1,4 @@
-#include "dialogs/MsgBox.h"
+#include "qt/MsgBox.h"
 
 #include <QApplication>
 #include <QMessageBox>

@@ -5,7 +5,7 @@
 #include <QList>
 #include <span>
 
-#include "app/MainWindowRules.h"
+#include "app/MDIMainRules.h"
 
 class QAction;
 class QMenu;

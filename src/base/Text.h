@@ -7,7 +7,7 @@
 #include <string>
 #include <string_view>
 
-#include "app/RuntimeError.h"
+#include "base/RuntimeError.h"
 
 namespace cb {
 

@@ -3,7 +3,7 @@
 
 #include <filesystem>
 
-#include "dialogs/FileListing.h"
+#include "base/FileListing.h"
 #include "support/TempDir.h"
 
 namespace cb {

@@ -1,4 +1,4 @@
-#include "app/MainWindowRules.h"
+#include "app/MDIMainRules.h"
 
 #include <utility>
 

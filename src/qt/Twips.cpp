@@ -1,11 +1,11 @@
-#include "dialogs/Twips.h"
+#include "qt/Twips.h"
 
 #include <QGuiApplication>
 #include <QScreen>
 #include <QWidget>
 #include <cmath>
 
-#include "app/Cp1252.h"
+#include "base/Cp1252.h"
 
 namespace cb {
 namespace {
