@@ -1,6 +1,7 @@
 #!/usr/bin/env bash
 # Installs what is missing from Debian's packages, then configures and builds
 # the program, its tests and benchmarks into build/ (the program in build/app).
+# Arguments are passed on to CMake's configure step.
 set -euo pipefail
 cd "$(dirname "$0")/.."
 
@@ -17,5 +18,5 @@ if ((${#missing[@]})); then
   $sudo env DEBIAN_FRONTEND=noninteractive apt-get install -y -qq "${missing[@]}"
 fi
 
-cmake -S . -B build -G Ninja -DCMAKE_BUILD_TYPE=RelWithDebInfo
+cmake -S . -B build -G Ninja -DCMAKE_BUILD_TYPE=RelWithDebInfo "$@"
 cmake --build build
