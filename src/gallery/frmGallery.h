@@ -10,7 +10,6 @@
 #include <map>
 
 #include "base/RuntimeError.h"
-#include "qt/DecodePictures.h"
 #include "gallery/UIGlobalController.h"
 
 class QAction;
@@ -87,6 +86,8 @@ class frmGallery : public QWidget {
   // The missing-file protocol for record `record`; `warn` shows the question.
   void MissingSlide(std::int32_t record);
   RtError Picture(const QString& path, QImage& out);
+  // Decodes, on a worker, the columns a one-column step either way will show.
+  void LookAround();
 
   std::array<StretchImage*, 30> images_{};
   // Where the elements stand, in twips: the design's until the first resize.
@@ -96,8 +97,6 @@ class frmGallery : public QWidget {
   QList<QMenu*> bar_;
   UIGlobalController GalleryController;
   ErrorArray errors_;
-  // Pictures decoded ahead for the page being filled, by path.
-  std::map<QString, DecodedPicture> decoded_;
 };
 
 }  // namespace cb

@@ -9,6 +9,7 @@
 #include "app/MDIMain.h"
 #include "app/frmLoading.h"
 #include "app/modGlobal.h"
+#include "qt/GalleryPictures.h"
 #include "qt/LoadPicture.h"
 #include "qt/MsgBox.h"
 #include "qt/DrawingLock.h"
@@ -49,11 +50,17 @@ QString GalleryPicturePath(std::int32_t record) {
 }
 
 RtError frmGallery::Picture(const QString& path, QImage& out) {
-  if (auto it = decoded_.find(path); it != decoded_.end()) {
-    out = it->second.image;
-    return it->second.error;
-  }
-  return LoadPicture(path, out, GalleryCellBound());
+  return GalleryPictures::Instance().Get(path, out, GalleryCellBound());
+}
+
+void frmGallery::LookAround() {
+  const UIMainController& mc = *Globals().MainController;
+  QStringList paths;
+  for (std::int32_t r = mc.CurrentlyActiveRoof() + 1; r <= mc.CurrentlyActiveRoof() + 3 && r <= UpperBound(); ++r)
+    paths << GalleryPicturePath(r);
+  for (std::int32_t r = std::max(1, mc.CurrentlyActiveBase() - 3); r < mc.CurrentlyActiveBase(); ++r)
+    paths << GalleryPicturePath(r);
+  GalleryPictures::Instance().LookAhead(paths, GalleryCellBound());
 }
 
 void frmGallery::Load() {
@@ -81,13 +88,11 @@ void frmGallery::Load() {
   // The page's pictures decode together ahead of the loop, which keeps its order.
   QStringList paths;
   for (std::int32_t i = 1; i <= n && i < 16; ++i) paths << GalleryPicturePath(i);
-  const auto pictures = DecodePictures(paths, GalleryCellBound());
-  for (int k = 0; k < paths.size(); ++k) decoded_[paths[k]] = pictures[static_cast<std::size_t>(k)];
+  GalleryPictures::Instance().Fill(paths, GalleryCellBound());
 
   for (std::int32_t i = 1; i <= n && i < 16; ++i) {
     if (!LoadCell(i, i) || RecordInCell(mc.CurrentlyActiveBase(), i) > UpperBound()) {
       // Any other failure ends the load here, leaving the rest as it stands.
-      decoded_.clear();
       UnloadLoading();
       return;
     }
@@ -96,7 +101,6 @@ void frmGallery::Load() {
     loading.ProgressBar1->setValue(i);
     loading.repaint();
   }
-  decoded_.clear();
 
   const std::int32_t now = UpperBound();
   if (now - 1 < 15) {
@@ -119,6 +123,7 @@ void frmGallery::Load() {
   SetStatusText();
   UnloadLoading();
   PopupSlideIndex = -1;
+  LookAround();
 }
 
 bool frmGallery::LoadCell(int cell, std::int32_t record) {

@@ -8,6 +8,7 @@
 #include "app/MDIMain.h"
 #include "app/frmLoading.h"
 #include "app/modGlobal.h"
+#include "qt/GalleryPictures.h"
 #include "qt/StretchImage.h"
 #include "qt/Twips.h"
 #include "gallery/GalleryLayout.h"
@@ -54,12 +55,20 @@ void frmGallery::FlatScrollBar1_Change(int value) {
   TheMDIMain().SetStatusText(ToQ(GalleryStatusText(finish.window.Base, finish.statusRoof, UpperBound())));
   UnloadLoading();
   g.GalleryScrollValue = step.scrollValue;
+  LookAround();
 }
 
 void frmGallery::RefillCells(const ScrollStep& step) {
   if (step.refill.kind == RefillKind::None) return;
   ClearSlideImages();
   const auto& slides = Globals().Slides;
+  // What the page does not hold yet decodes on every core before the loop.
+  QStringList paths;
+  for (int c = 1; c <= step.refill.Cells() && c <= kGalleryCells; ++c) {
+    const std::int32_t r = step.refill.RecordFor(c);
+    if (FillFor(step.refill, r, UpperBound()) == CellFill::Load) paths << GalleryPicturePath(r);
+  }
+  GalleryPictures::Instance().Fill(paths, GalleryCellBound());
   std::int32_t cell = 1;
   for (; cell <= step.refill.Cells() && cell <= kGalleryCells; ++cell) {
     const std::int32_t r = step.refill.RecordFor(cell);

@@ -1,17 +1,37 @@
 #include "qt/LoadPicture.h"
 
+#include <QBuffer>
 #include <QDir>
+#include <QFile>
 #include <QFileInfo>
 #include <QImageReader>
 
+#include "qt/JpegDecode.h"
+
 namespace cb {
 
-RtError LoadPicture(const QString& path, QImage& out, QSize bound) {
+RtError PictureFileError(const QString& path) {
   const QFileInfo info(path);
   if (path.isEmpty() || path.endsWith('/')) return info.isDir() ? RtError::PathFileAccess : RtError::PathNotFound;
   if (!info.exists()) return info.dir().exists() ? RtError::FileNotFound : RtError::PathNotFound;
   if (info.isDir() || !info.isReadable()) return RtError::PathFileAccess;
-  QImageReader reader(path);
+  return RtError::None;
+}
+
+RtError LoadPicture(const QString& path, QImage& out, QSize bound) {
+  if (const RtError e = PictureFileError(path); e != RtError::None) return e;
+  QFile file(path);
+  if (!file.open(QIODevice::ReadOnly)) return RtError::PathFileAccess;
+  const QByteArray data = file.readAll();
+  if (bound.isValid()) {
+    if (QImage fast = DecodeJpegCovering(data, bound); !fast.isNull()) {
+      out = std::move(fast);
+      return RtError::None;
+    }
+  }
+  QBuffer buffer;
+  buffer.setData(data);
+  QImageReader reader(&buffer);
   reader.setAutoTransform(true);
   if (bound.isValid() && reader.size().isValid()) {
     const QSize scaled = reader.size().scaled(bound, Qt::KeepAspectRatioByExpanding);

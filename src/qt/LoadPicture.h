@@ -14,4 +14,8 @@ namespace cb {
 // With a valid `bound` the decoder may reduce the picture to about that size.
 RtError LoadPicture(const QString& path, QImage& out, QSize bound = {});
 
+// The failure that loading `path` meets before any decoding: None when the
+// file is there to be read.
+RtError PictureFileError(const QString& path);
+
 }  // namespace cb

@@ -1,10 +1,15 @@
-// Runs GoogleTest inside a QApplication, offscreen unless the environment names a platform.
+// Runs GoogleTest inside a QApplication, offscreen unless the environment names a
+// platform, with a cache folder of its own.
 #include <gtest/gtest.h>
 
 #include <QApplication>
+#include <QTemporaryDir>
 
 int main(int argc, char** argv) {
   if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM")) qputenv("QT_QPA_PLATFORM", "offscreen");
+  // Thumbnails the windows write stay out of the user's own cache.
+  const QTemporaryDir cache;
+  qputenv("XDG_CACHE_HOME", cache.path().toLocal8Bit());
   QApplication app(argc, argv);
   ::testing::InitGoogleTest(&argc, argv);
   return RUN_ALL_TESTS();

@@ -1,0 +1,138 @@
+#include "qt/GalleryPictures.h"
+
+#include <QFileInfo>
+#include <QGuiApplication>
+#include <QScreen>
+#include <QtConcurrent/QtConcurrentMap>
+
+#include "qt/LoadPicture.h"
+
+namespace cb {
+namespace {
+
+QString KeyOf(const QFileInfo& info, QSize bound) {
+  return info.absoluteFilePath() + QChar(0) + QString::number(info.size()) + QChar(0) +
+         QString::number(info.lastModified().toMSecsSinceEpoch()) + QChar(0) + QString::number(bound.width()) + 'x' +
+         QString::number(bound.height());
+}
+
+std::size_t Bytes(const QImage& image) { return static_cast<std::size_t>(image.sizeInBytes()); }
+
+}  // namespace
+
+GalleryPictures::GalleryPictures(std::size_t memoryLimit, Thumbnails thumbnails)
+    : limit_(memoryLimit), thumbnails_(std::move(thumbnails)) {
+  ahead_.setMaxThreadCount(1);
+  writer_.setMaxThreadCount(1);
+}
+
+GalleryPictures::~GalleryPictures() {
+  ahead_.clear();
+  WaitForIdle();
+}
+
+GalleryPictures& GalleryPictures::Instance() {
+  static GalleryPictures pictures;
+  return pictures;
+}
+
+RtError GalleryPictures::Get(const QString& path, QImage& out, QSize bound) {
+  if (const RtError e = PictureFileError(path); e != RtError::None) return e;
+  const QString key = KeyOf(QFileInfo(path), bound);
+  {
+    std::unique_lock lock(mutex_);
+    // A picture another thread is decoding is waited for, not decoded twice.
+    done_.wait(lock, [&] { return !inFlight_.count(key); });
+    if (const auto it = index_.find(key); it != index_.end()) {
+      lru_.splice(lru_.begin(), lru_, it->second);
+      out = it->second->image;
+      return RtError::None;
+    }
+    inFlight_.insert(key);
+  }
+  QImage image;
+  const RtError e = Produce(path, bound, image);
+  {
+    const std::lock_guard lock(mutex_);
+    inFlight_.erase(key);
+    if (e == RtError::None) Store(key, image);
+  }
+  done_.notify_all();
+  if (e == RtError::None) out = std::move(image);
+  return e;
+}
+
+RtError GalleryPictures::Produce(const QString& path, QSize bound, QImage& out) {
+  const QFileInfo info(path);
+  if (QImage stored = thumbnails_.Read(info, bound); !stored.isNull()) {
+    out = std::move(stored);
+    return RtError::None;
+  }
+  const RtError e = LoadPicture(path, out, bound);
+  if (e != RtError::None) return e;
+  {
+    const std::lock_guard lock(mutex_);
+    ++decodes_;
+  }
+  writer_.start([this, info, bound, image = out] { thumbnails_.Write(info, bound, image); });
+  return RtError::None;
+}
+
+void GalleryPictures::Store(const QString& key, const QImage& image) {
+  if (Bytes(image) > limit_) return;
+  lru_.push_front({key, image});
+  index_[key] = lru_.begin();
+  used_ += Bytes(image);
+  while (used_ > limit_) {
+    used_ -= Bytes(lru_.back().image);
+    index_.erase(lru_.back().key);
+    lru_.pop_back();
+  }
+}
+
+void GalleryPictures::Fill(const QStringList& paths, QSize bound) {
+  QtConcurrent::blockingMap(paths, [this, bound](const QString& path) {
+    QImage image;
+    Get(path, image, bound);
+  });
+}
+
+void GalleryPictures::LookAhead(const QStringList& paths, QSize bound) {
+  ahead_.clear();
+  for (const QString& path : paths)
+    ahead_.start([this, path, bound] {
+      QImage image;
+      Get(path, image, bound);
+    });
+}
+
+void GalleryPictures::WaitForIdle() {
+  ahead_.waitForDone();
+  writer_.waitForDone();
+}
+
+void GalleryPictures::Clear() {
+  const std::lock_guard lock(mutex_);
+  lru_.clear();
+  index_.clear();
+  used_ = 0;
+}
+
+std::size_t GalleryPictures::MemoryUsed() const {
+  const std::lock_guard lock(mutex_);
+  return used_;
+}
+
+int GalleryPictures::Decodes() const {
+  const std::lock_guard lock(mutex_);
+  return decodes_;
+}
+
+QSize GalleryCellBound() {
+  const QScreen* s = QGuiApplication::primaryScreen();
+  if (!s) return {400, 400};
+  const QSize px = s->size() * s->devicePixelRatio();
+  return {px.width() / 5, px.height() / 3};
+}
+
+}  // namespace cb

@@ -1,0 +1,19 @@
+#pragma once
+// JPEG decoding straight to a reduced scale through libjpeg-turbo's own API:
+// the decoder skips the detail a cell cannot show, which is most of the work.
+
+#include <QByteArray>
+#include <QImage>
+#include <QSize>
+
+namespace cb {
+
+// Decodes the JPEG in `data` at the smallest of the decoder's scales (1/8 to
+// 1) that still covers `bound` in both directions, turned upright by its EXIF
+// orientation. A null image when `data` is not a JPEG the decoder reads.
+QImage DecodeJpegCovering(const QByteArray& data, QSize bound);
+
+// True when `data` starts like a JPEG file.
+bool LooksLikeJpeg(const QByteArray& data);
+
+}  // namespace cb

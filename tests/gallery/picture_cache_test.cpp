@@ -1,0 +1,168 @@
+// The gallery's picture cache: memory bound, files changed or gone behind it,
+// and the desktop's thumbnails kept honest.
+#include <gtest/gtest.h>
+
+#include <QCryptographicHash>
+#include <QDateTime>
+#include <QFile>
+#include <QScrollBar>
+#include <QUrl>
+
+#include "qt/GalleryPictures.h"
+#include "qt/StretchImage.h"
+#include "qt/Thumbnails.h"
+#include "support/GalleryFixture.h"
+#include "support/TempDir.h"
+
+namespace cb {
+namespace {
+
+using testing::GalleryFixture;
+using testing::TempDir;
+
+constexpr QSize kBound{40, 30};
+
+QString WritePicture(const TempDir& dir, const std::string& name, QColor colour, QSize size = {80, 60}) {
+  QImage picture(size, QImage::Format_RGB32);
+  picture.fill(colour);
+  const QString path = QString::fromStdString(dir / name);
+  EXPECT_TRUE(picture.save(path, "jpg", 95));
+  return path;
+}
+
+// Moves the file's modification time, as a copy over it a little later would.
+void Touch(const QString& path, int seconds) {
+  QFile f(path);
+  ASSERT_TRUE(f.open(QIODevice::ReadWrite));
+  ASSERT_TRUE(f.setFileTime(QDateTime::currentDateTime().addSecs(seconds), QFileDevice::FileModificationTime));
+}
+
+QColor Centre(const QImage& image) { return image.pixelColor(image.width() / 2, image.height() / 2); }
+
+class PictureCacheTest : public ::testing::Test {
+ protected:
+  TempDir files, thumbs;
+  Thumbnails store{QString::fromStdString(thumbs.str())};
+};
+
+TEST_F(PictureCacheTest, StaysWithinItsBoundOverAThousandPictures) {
+  const std::size_t limit = 64 * 1024;
+  GalleryPictures pictures(limit, store);
+  for (int i = 0; i < 1000; ++i) {
+    const QString path = WritePicture(files, "p" + std::to_string(i) + ".jpg", QColor::fromHsv(i % 360, 200, 200));
+    QImage out;
+    ASSERT_EQ(pictures.Get(path, out, kBound), RtError::None);
+    ASSERT_LE(pictures.MemoryUsed(), limit) << "after picture " << i;
+  }
+  EXPECT_EQ(pictures.Decodes(), 1000);
+  pictures.WaitForIdle();
+  // The newest are still held; the oldest went first.
+  QImage out;
+  pictures.Get(QString::fromStdString(files / "p999.jpg"), out, kBound);
+  EXPECT_EQ(pictures.Decodes(), 1000);
+  pictures.Clear();
+  pictures.Get(QString::fromStdString(files / "p999.jpg"), out, kBound);
+  EXPECT_EQ(pictures.Decodes(), 1000) << "a valid thumbnail stands in for the decode";
+}
+
+TEST_F(PictureCacheTest, PictureReplacedUnderTheSameNameShowsItsNewContent) {
+  GalleryPictures pictures(1 << 20, store);
+  const QString path = WritePicture(files, "tv.jpg", Qt::red);
+  QImage out;
+  ASSERT_EQ(pictures.Get(path, out, kBound), RtError::None);
+  EXPECT_GT(Centre(out).red(), 200);
+  WritePicture(files, "tv.jpg", Qt::blue);
+  Touch(path, 10);
+  ASSERT_EQ(pictures.Get(path, out, kBound), RtError::None);
+  EXPECT_GT(Centre(out).blue(), 200);
+  EXPECT_LT(Centre(out).red(), 60);
+}
+
+TEST_F(PictureCacheTest, PictureDeletedAfterItWasHeldIsMissing) {
+  GalleryPictures pictures(1 << 20, store);
+  const QString path = WritePicture(files, "tv.jpg", Qt::red);
+  QImage out;
+  ASSERT_EQ(pictures.Get(path, out, kBound), RtError::None);
+  pictures.WaitForIdle();
+  ASSERT_TRUE(QFile::remove(path));
+  EXPECT_EQ(pictures.Get(path, out, kBound), RtError::FileNotFound);
+}
+
+TEST_F(PictureCacheTest, ThumbnailFollowsTheDesktopStandard) {
+  GalleryPictures pictures(1 << 20, store);
+  const QString path = WritePicture(files, "tv set.jpg", Qt::red, {800, 600});
+  QImage out;
+  ASSERT_EQ(pictures.Get(path, out, kBound), RtError::None);
+  pictures.WaitForIdle();
+  const QByteArray uri = QUrl::fromLocalFile(path).toEncoded();
+  EXPECT_TRUE(uri.endsWith("/tv%20set.jpg"));
+  const QString thumb = QString::fromStdString(thumbs / "normal/") +
+                        QCryptographicHash::hash(uri, QCryptographicHash::Md5).toHex() + ".png";
+  const QImage stored(thumb, "png");
+  ASSERT_FALSE(stored.isNull()) << thumb.toStdString();
+  EXPECT_EQ(stored.text("Thumb::URI"), QString::fromLatin1(uri));
+  EXPECT_EQ(stored.text("Thumb::MTime"), QString::number(QFileInfo(path).lastModified().toSecsSinceEpoch()));
+  EXPECT_EQ(stored.size(), QSize(128, 96));
+  EXPECT_EQ(QFile::permissions(thumb) & (QFileDevice::ReadOther | QFileDevice::ReadGroup), 0);
+}
+
+TEST_F(PictureCacheTest, StaleThumbnailIsIgnoredAndRewritten) {
+  const QString path = WritePicture(files, "tv.jpg", Qt::red);
+  {
+    GalleryPictures first(1 << 20, store);
+    QImage out;
+    first.Get(path, out, kBound);
+  }
+  WritePicture(files, "tv.jpg", Qt::green);
+  Touch(path, 10);
+  EXPECT_TRUE(store.Read(QFileInfo(path), kBound).isNull()) << "Thumb::MTime no longer matches";
+  GalleryPictures second(1 << 20, store);
+  QImage out;
+  ASSERT_EQ(second.Get(path, out, kBound), RtError::None);
+  EXPECT_EQ(second.Decodes(), 1);
+  EXPECT_GT(Centre(out).green(), 100);
+  second.WaitForIdle();
+  const QImage rewritten = store.Read(QFileInfo(path), kBound);
+  ASSERT_FALSE(rewritten.isNull());
+  EXPECT_GT(Centre(rewritten).green(), 100);
+}
+
+TEST(ThumbnailSizes, TheFolderCoversTheCell) {
+  EXPECT_EQ(Thumbnails::SizeFolder({128, 100}), "normal");
+  EXPECT_EQ(Thumbnails::SizeFolder({129, 100}), "large");
+  EXPECT_EQ(Thumbnails::SizeFolder({384, 360}), "x-large");
+  EXPECT_EQ(Thumbnails::SizeFolder({768, 480}), "xx-large");
+  EXPECT_EQ(Thumbnails::SizeFolder({1100, 500}), "");
+}
+
+class GalleryCacheTest : public GalleryFixture {};
+
+// The load decodes the next column ahead; a step then finds it in memory,
+// yet a file deleted or replaced meanwhile is seen as it is now.
+TEST_F(GalleryCacheTest, DeletedAfterCachingStillRunsTheMissingFileProtocol) {
+  answer = vbNo;
+  Start(20);
+  GalleryPictures::Instance().WaitForIdle();
+  ASSERT_TRUE(QFile::remove(QString::fromStdString(app / "Gallery/p17.png")));
+  Gallery().FlatScrollBar1->setValue(1);
+  ASSERT_EQ(messages.size(), 1);
+  EXPECT_TRUE(messages[0].startsWith("Slide Not Found: The file 'p17.png'"));
+  EXPECT_EQ(Mc().NumberOfRecords(), 19);
+}
+
+TEST_F(GalleryCacheTest, ReplacedPictureShowsItsNewContentAfterAStep) {
+  Start(20);
+  GalleryPictures::Instance().WaitForIdle();
+  QImage red(6, 4, QImage::Format_RGB32);
+  red.fill(Qt::red);
+  const QString p16 = QString::fromStdString(app / "Gallery/p16.png");
+  ASSERT_TRUE(red.save(p16));
+  Touch(p16, 10);
+  Gallery().FlatScrollBar1->setValue(1);
+  ASSERT_EQ(Shown()[12], 16);
+  EXPECT_EQ(Centre(Gallery().Image1(13)->Picture()), QColor(Qt::red));
+  EXPECT_EQ(Centre(Gallery().Image1(12)->Picture()), QColor(Qt::darkCyan));
+}
+
+}  // namespace
+}  // namespace cb
