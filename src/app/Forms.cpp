@@ -5,7 +5,7 @@
 #include <QWidget>
 
 #include "app/MDIMain.h"
-#include "app/frmLoading.h"
+#include "dialogs/frmLoading.h"
 #include "app/frmSplash.h"
 
 namespace cb {

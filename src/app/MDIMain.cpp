@@ -13,8 +13,8 @@
 #include <cmath>
 
 #include "app/Forms.h"
-#include "artwork/ToolbarIcons.h"
 #include "app/modGlobal.h"
+#include "artwork/ToolbarIcons.h"
 #include "gallery/frmGallery.h"
 #include "qt/Twips.h"
 
@@ -62,14 +62,14 @@ void MDIMain::CreateToolBar() {
   toolbar_->setToolButtonStyle(Qt::ToolButtonTextUnderIcon);
   toolbar_->setIconSize(QSize(24, 24));
   for (const auto& spec : kToolbarButtons) {
-    const QString key = QString::fromUtf8(spec.key.data(), static_cast<int>(spec.key.size()));
-    QAction* a = toolbar_->addAction(ToolbarIcon(QString::fromUtf8(spec.imageKey.data(), int(spec.imageKey.size()))), key);
-    a->setObjectName(key);
-    a->setToolTip(QString::fromUtf8(spec.tooltip.data(), static_cast<int>(spec.tooltip.size())));
-    a->setCheckable(key == "Zoom" || key == "Unzoom");
-    if (key == "Edit") a->setStatusTip("Edit Slide Details");
-    connect(a, &QAction::triggered, this, [this, key] { Toolbar1_ButtonClick(key); });
-    buttons_.insert(key, a);
+    QAction* a = toolbar_->addAction(ToolbarIcon(Utf8ToQ(spec.imageKey)), Utf8ToQ(spec.key));
+    a->setObjectName(Utf8ToQ(spec.key));
+    a->setToolTip(Utf8ToQ(spec.tooltip));
+    a->setStatusTip(Utf8ToQ(spec.statusTip));
+    a->setCheckable(spec.checkable);
+    a->setEnabled(Built(spec.awaits));
+    connect(a, &QAction::triggered, this, [this, id = spec.id] { Toolbar1_ButtonClick(id); });
+    buttons_[static_cast<std::size_t>(spec.id)] = a;
   }
 }
 
@@ -83,50 +83,42 @@ void MDIMain::CreateStatusBar() {
 void MDIMain::SetStatusText(const QString& text) { simpleText_->setText(text); }
 QString MDIMain::StatusText() const { return simpleText_->text(); }
 
+void MDIMain::ApplyToolbar(ToolbarEvent event) {
+  const ToolbarFacts facts{FindOpenForm("frmSlide") != nullptr, area_->subWindowList().size() > 1,
+                           Button(ToolbarButton::Zoom)->isChecked()};
+  const ToolbarChange change = ToolbarAfter(event, facts);
+  for (std::size_t k = 0; k < change.size(); ++k) {
+    if (change[k].enabled != Change::Keep) buttons_[k]->setEnabled(change[k].enabled == Change::On);
+    if (change[k].pressed != Change::Keep) buttons_[k]->setChecked(change[k].pressed == Change::On);
+  }
+}
+
 void MDIMain::MDIForm_Activate() {
-  const bool slideOpen = FindOpenForm("frmSlide") != nullptr;
-  for (auto it = buttons_.cbegin(); it != buttons_.cend(); ++it)
-    it.value()->setEnabled(ToolbarButtonEnabled(it.key().toStdString(), slideOpen));
-  const bool zoom = buttons_["Zoom"]->isChecked();
-  buttons_["Zoom"]->setChecked(zoom);
-  buttons_["Unzoom"]->setChecked(!zoom);
-  buttons_["Report"]->setEnabled(true);
+  ApplyToolbar(ToolbarEvent::FrameActivated);
   toolbar_->update();
 }
 
-void MDIMain::Toolbar1_ButtonClick(const QString& key) {
+void MDIMain::Toolbar1_ButtonClick(ToolbarButton b) {
+  // Wiring a button: a row here, and its line in Built() once its window lands.
   struct ButtonAction {
-    const char* key;
+    ToolbarButton button;
     void (MDIMain::*action)();
   };
   static constexpr ButtonAction kActions[] = {
-      {"New", &MDIMain::mnuFileNew_Click},    {"Open", &MDIMain::mnuFileOpen_Click},
-      {"Edit", &MDIMain::EditSlide},          {"Zoom", &MDIMain::PressZoom},
-      {"Unzoom", &MDIMain::PressUnzoom},      {"Window", &MDIMain::ArrangeNext},
-      {"Back", &MDIMain::SetBackground},      {"Help", &MDIMain::mnuHelpContents_Click},
+      {ToolbarButton::New, &MDIMain::mnuFileNew_Click},    {ToolbarButton::Open, &MDIMain::mnuFileOpen_Click},
+      {ToolbarButton::Edit, &MDIMain::EditSlide},          {ToolbarButton::Zoom, &MDIMain::PressZoom},
+      {ToolbarButton::Unzoom, &MDIMain::PressUnzoom},      {ToolbarButton::Window, &MDIMain::ArrangeNext},
+      {ToolbarButton::Help, &MDIMain::mnuHelpContents_Click},
   };
-  if (key == "Report") {
-    if (FindOpenForm("frmReport")) return;  // nothing more, not even the refresh
-    // The report chooser opens here once the report windows land.
-  }
+  // An open report takes the click itself: nothing more, not even the refresh.
+  if (b == ToolbarButton::Report && FindOpenForm("frmReport")) return;
   for (const auto& a : kActions)
-    if (key == a.key) (this->*a.action)();
+    if (b == a.button) (this->*a.action)();
   MDIForm_Activate();
 }
 
 void MDIMain::EditSlide() {
   if (gallery_) gallery_->ShowEditSlide(Globals().MainController->SlideTemplate());
-}
-
-// Zoom and Unzoom only choose the sense of the next clicks on a slide, like radio buttons.
-void MDIMain::PressZoom() {
-  buttons_["Zoom"]->setChecked(true);
-  buttons_["Unzoom"]->setChecked(false);
-}
-
-void MDIMain::PressUnzoom() {
-  buttons_["Zoom"]->setChecked(false);
-  buttons_["Unzoom"]->setChecked(true);
 }
 
 void MDIMain::ArrangeNext() { Arrange(NextArrangement(windowCounter_)); }
@@ -139,16 +131,13 @@ void MDIMain::Arrange(Arrangement a) {
   QList<QMdiSubWindow*> shown;
   for (QMdiSubWindow* w : area_->subWindowList())
     if (w->isVisible() && !w->isMinimized()) shown.append(w);
-  if (shown.isEmpty()) return;
   const QRect r = area_->viewport()->rect();
   const int n = static_cast<int>(shown.size());
   for (int k = 0; k < n; ++k) {
     QMdiSubWindow* w = shown[k];
     if (w->isMaximized()) w->showNormal();
-    if (a == Arrangement::TileVertical)  // side by side
-      w->setGeometry(r.width() * k / n, 0, r.width() * (k + 1) / n - r.width() * k / n, r.height());
-    else
-      w->setGeometry(0, r.height() * k / n, r.width(), r.height() * (k + 1) / n - r.height() * k / n);
+    const TileRect place = TilePlace(a, r.width(), r.height(), k, n);
+    w->setGeometry(place.left, place.top, place.width, place.height);
   }
 }
 
@@ -173,8 +162,7 @@ bool MDIMain::eventFilter(QObject* watched, QEvent* e) {
     g.MouseY = static_cast<std::int32_t>(std::lround(PixelsToTwipsY(m->position().toPoint().y())));
   } else if (e->type() == QEvent::MouseButtonRelease) {
     const auto* m = static_cast<QMouseEvent*>(e);
-    lastRightButton_ = m->button() == Qt::RightButton;
-    if (lastRightButton_) menus_["mnuPopup2"]->popup(m->globalPosition().toPoint());
+    if (m->button() == Qt::RightButton) Menu(MenuId::Popup2)->popup(m->globalPosition().toPoint());
   }
   return false;
 }

@@ -2,15 +2,14 @@
 // The frame window: a multiple-document parent whose children are the
 // gallery, slide windows, reports and help. Its background is the wallpaper.
 
-#include <QHash>
 #include <QImage>
 #include <QMainWindow>
 #include <QMdiArea>
 #include <QPointer>
 
+#include "app/MDIMainMenuBuilder.h"
 #include "app/MDIMainRules.h"
 #include "base/RuntimeError.h"
-#include "gallery/frmGallery.h"
 
 class QLabel;
 class QMenu;
@@ -20,6 +19,7 @@ class QToolBar;
 namespace cb {
 
 class frmGallery;
+class frmSlide;
 
 // The client area, painting the wallpaper centred on the background.
 class WallpaperArea : public QMdiArea {
@@ -36,6 +36,8 @@ class WallpaperArea : public QMdiArea {
   QImage picture_;
 };
 
+// Children tell the main window what happened through their signals, which
+// it connects when it makes them (mnuFileGallery_Click, AddSlideWindow).
 class MDIMain : public QMainWindow {
   Q_OBJECT
  public:
@@ -43,11 +45,10 @@ class MDIMain : public QMainWindow {
   ~MDIMain() override;
 
   WallpaperArea* MdiArea() const { return area_; }
-  // A menu item by name, "mnuFileHist(2)" for an element of an array; null if none.
-  QAction* Item(const QString& name) const { return items_.value(name); }
-  QMenu* Menu(const QString& name) const { return menus_.value(name); }
-  // A toolbar button by key.
-  QAction* Button(const QString& key) const { return buttons_.value(key); }
+  // A menu item or menu of the main window's own bar, by id.
+  QAction* Item(MenuId id) const { return menus_.Item(id); }
+  QMenu* Menu(MenuId id) const { return menus_.Menu(id); }
+  QAction* Button(ToolbarButton b) const { return buttons_[static_cast<std::size_t>(b)]; }
   QToolBar* Toolbar1() const { return toolbar_; }
   QStatusBar* StatusBar1() const { return statusBar(); }
 
@@ -61,34 +62,31 @@ class MDIMain : public QMainWindow {
   void UpdateHistoryMenu();
 
   // The open gallery, or null.
-  frmGallery* fGallery() const { return gallery_; }
+  frmGallery* fGallery() const;
   // Unloads the gallery and builds it afresh on the first page.
   void RebuildGallery();
-  // What the gallery's unload leaves behind: Edit off, the Window commands off.
-  void GalleryUnloaded();
-  // The toolbar as the gallery's and the slide window's activations set it.
-  void SetGalleryToolbar();
-  void SetSlideToolbar();
-  void fGallery_SettingsChanged();
 
+  // The command of a menu item of either bar; the gallery's items arrive here too.
+  void RunCommand(MenuId id);
+  void Toolbar1_ButtonClick(ToolbarButton b);
+
+  // The commands behind the menu items and buttons (the tables in MDIMainMenus.cpp and MDIMain.cpp).
   void mnuFileGallery_Click();
-  void mnuWindowVertical_Click() { Arrange(Arrangement::TileVertical); }
-  void mnuWindowHorizontal_Click() { Arrange(Arrangement::TileHorizontal); }
-  void mnuWindowCascade_Click() { Arrange(Arrangement::Cascade); }
   void mnuFileHist_Click(int index);
-  void mnuHelpContents_Click();
-  void SetBackground();
   void mnuFileNew_Click();
   void mnuFileOpen_Click();
   void mnuFileSaveAs_Click();
-  void mnuFileWallpaper_Click();
   void mnuFilePassword_Click();
   void mnuFileExit_Click();
   void mnuViewToolbar_Click();
   void mnuViewStatusbar_Click();
+  void mnuWindowVertical_Click() { Arrange(Arrangement::TileVertical); }
+  void mnuWindowHorizontal_Click() { Arrange(Arrangement::TileHorizontal); }
+  void mnuWindowCascade_Click() { Arrange(Arrangement::Cascade); }
+  void mnuHelpContents_Click();
   void mnuHelpAbout_Click();
   void mnuPopup2What_Click();
-  void Toolbar1_ButtonClick(const QString& key);
+  void QuickStart();
 
   // Lays the children out as the Window commands do.
   void Arrange(Arrangement a);
@@ -106,30 +104,37 @@ class MDIMain : public QMainWindow {
   void CreateStatusBar();
   void ConnectMenuHandlers();
   void FillWindowMenu();
-  void ToggleBar(const QString& item, QWidget& bar);
+  void ToggleBar(MenuId item, QWidget& bar);
   void MDIForm_Load();
   void EditSlide();
-  void PressZoom();
-  void PressUnzoom();
   void ArrangeNext();
+  void PressZoom() { ApplyToolbar(ToolbarEvent::ZoomPressed); }
+  void PressUnzoom() { ApplyToolbar(ToolbarEvent::UnzoomPressed); }
   void CaptionGallery();
   void OpenFile(const std::string& path);
   void SubWindowActivated(class QMdiSubWindow* sub);
   void SetMenuBar(const QList<QMenu*>& menus);
-  // The like-named item of the gallery's menu, when the gallery is open.
-  QAction* GalleryItem(const QString& name) const;
+  void ApplyToolbar(ToolbarEvent event);
+  // What the gallery's unload leaves behind: Edit off, the Window commands off.
+  void GalleryUnloaded();
+  // A slide window the gallery made: into the client area, filling it.
+  void AddSlideWindow(frmSlide* slide);
+  // A click on the slide: flips Zoom and Unzoom as the click rule says and zooms that way.
+  void SlideClicked(frmSlide* slide);
+  void EnableWindowCommands(bool on);
+
+
+  // The like-purposed item of the gallery's menu, when the gallery is open.
+  QAction* GalleryItem(MenuId id) const;
 
   WallpaperArea* area_;
   QToolBar* toolbar_ = nullptr;
   QLabel* simpleText_ = nullptr;
-  QHash<QString, QAction*> items_;
-  QHash<QString, QMenu*> menus_;
-  QHash<QString, QAction*> buttons_;
+  BuiltMenus menus_;
+  std::array<QAction*, kToolbarButtonCount> buttons_{};
   QList<QAction*> windowList_;
-  QList<QMenu*> ownBar_;
   QPointer<frmGallery> gallery_;
   int windowCounter_ = 0;
-  bool lastRightButton_ = false;  // recorded as the window always did; nothing reads it
   ErrorArray errors_;
 };
 

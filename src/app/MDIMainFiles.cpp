@@ -1,39 +1,32 @@
 // New, Open, Save As and the history entries: ask for a file, point the settings at it, read or
 // write it, and build the gallery afresh.
-#include "app/MDIMainFiles.h"
-
 #include <QComboBox>
 #include <QLineEdit>
-#include <memory>
 
 #include "app/MDIMain.h"
 #include "app/modGlobal.h"
 #include "qt/MsgBox.h"
 #include "qt/Twips.h"
 #include "dialogs/frmCommonDialog.h"
+#include "gallery/frmGallery.h"
 #include "storage/FileSystem.h"
 
 namespace cb {
 namespace {
 
-constexpr char kSifPattern[] = "*.sif";
-const QStringList kSifTypes{"Slide Info Files (*.sif)", "All Files (*.*)"};
 constexpr char kLoadErrorText[] = "Invalid Slide Information File";
 constexpr char kLoadErrorTitle[] = "Load Error";
 constexpr char kNewFileTitle[] = "New File";
 constexpr char kSaveAsTitle[] = "Save As";
-
-std::unique_ptr<frmCommonDialog>& CommonDialog() {
-  static std::unique_ptr<frmCommonDialog> dialog;
-  return dialog;
-}
 
 QString FilesFolder() {
   const UIMainController& mc = *Globals().MainController;
   return PathToQ(mc.AppPath() + mc.GetSIFDirectory());
 }
 
-frmCommonDialog& RunSifDialog(const QString& title) { return RunCommonDialog(title, FilesFolder(), kSifPattern, kSifTypes); }
+frmCommonDialog& RunSifDialog(const QString& title) {
+  return RunCommonDialog(title, FilesFolder(), kSifPattern, {kSifFilesType, kAllFilesType});
+}
 
 // True when `name` stands in the dialog's folder under exactly that name.
 bool Exists(const frmCommonDialog& d, const QString& probe, const QString& name) {
@@ -51,21 +44,6 @@ std::string InFileList(const frmCommonDialog& d, const QString& name) {
 }
 
 }  // namespace
-
-frmCommonDialog& RunCommonDialog(const QString& title, const QString& folder, const QString& pattern,
-                                 const QStringList& types) {
-  CommonDialog() = std::make_unique<frmCommonDialog>();
-  frmCommonDialog& d = *CommonDialog();
-  d.DialogTitle = title;
-  d.Dir1->Path(folder);
-  d.FileListBox1->Pattern(pattern);
-  d.cboFileType->addItems(types);
-  d.cboFileType->setCurrentText(types.value(0));
-  d.exec();
-  return d;
-}
-
-void UnloadCommonDialog() { CommonDialog().reset(); }
 
 void MDIMain::mnuFileNew_Click() {
   frmCommonDialog& d = RunSifDialog("New");

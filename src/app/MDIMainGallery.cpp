@@ -1,25 +1,42 @@
 // The main window around its gallery: building it, its menu bar standing in
-// for the main one, and the toolbar as its children set it.
+// for the main one, its slide windows, and the toolbar as its children set it.
 #include <QAction>
 #include <QMdiSubWindow>
+#include <QMenu>
 #include <QMenuBar>
 
 #include "app/Forms.h"
 #include "app/MDIMain.h"
 #include "app/modGlobal.h"
 #include "gallery/frmGallery.h"
+#include "slide/Zoom.h"
 #include "slide/frmSlide.h"
 
 namespace cb {
+
+frmGallery* MDIMain::fGallery() const { return gallery_; }
+
+void MDIMain::EnableWindowCommands(bool on) {
+  for (MenuId item : {MenuId::WindowCascade, MenuId::WindowHorizontal, MenuId::WindowVertical})
+    Item(item)->setEnabled(on);
+}
 
 void MDIMain::mnuFileGallery_Click() {
   if (FindOpenForm("frmGallery")) return;
   gallery_ = new frmGallery();
   QMdiSubWindow* sub = area_->addSubWindow(gallery_);
   sub->setAttribute(Qt::WA_DeleteOnClose);
-  connect(gallery_, &frmGallery::SettingsChanged, this, &MDIMain::fGallery_SettingsChanged);
-  for (const char* item : {"mnuWindowCascade", "mnuWindowHorizontal", "mnuWindowVertical"})
-    items_[item]->setEnabled(true);
+  connect(gallery_, &frmGallery::CommandChosen, this, &MDIMain::RunCommand);
+  connect(gallery_, &frmGallery::StatusTextChanged, this, &MDIMain::SetStatusText);
+  connect(gallery_, &frmGallery::Activated, this, [this] {
+    UpdateHistoryMenu();
+    ApplyToolbar(ToolbarEvent::GalleryActivated);
+  });
+  connect(gallery_, &frmGallery::PageLoaded, this, [this] { Menu(MenuId::Window)->menuAction()->setEnabled(true); });
+  connect(gallery_, &frmGallery::CollectionChanged, this, &MDIMain::RebuildGallery);
+  connect(gallery_, &frmGallery::SlideOpened, this, &MDIMain::AddSlideWindow);
+  connect(gallery_, &frmGallery::Unloaded, this, &MDIMain::GalleryUnloaded);
+  EnableWindowCommands(true);
   gallery_->Create();
   sub->move(0, 0);
   sub->show();
@@ -33,19 +50,31 @@ void MDIMain::RebuildGallery() {
   mnuFileGallery_Click();
 }
 
-void MDIMain::fGallery_SettingsChanged() {
-  Globals().MainController->SaveSettings(errors_);
-  RebuildGallery();
-}
-
 void MDIMain::GalleryUnloaded() {
-  buttons_["Edit"]->setEnabled(false);
-  for (const char* item : {"mnuWindowCascade", "mnuWindowHorizontal", "mnuWindowVertical"})
-    items_[item]->setEnabled(false);
-  SetMenuBar(ownBar_);
+  ApplyToolbar(ToolbarEvent::GalleryUnloaded);
+  EnableWindowCommands(false);
+  SetMenuBar(menus_.bar);
 }
 
-QAction* MDIMain::GalleryItem(const QString& name) const { return gallery_ ? gallery_->Item(name) : nullptr; }
+QAction* MDIMain::GalleryItem(MenuId id) const { return gallery_ ? gallery_->Item(id) : nullptr; }
+
+void MDIMain::AddSlideWindow(frmSlide* slide) {
+  connect(slide, &frmSlide::Activated, this, [this] { ApplyToolbar(ToolbarEvent::SlideActivated); });
+  connect(slide, &frmSlide::Clicked, this, [this, slide] { SlideClicked(slide); });
+  QMdiSubWindow* sub = area_->addSubWindow(slide);
+  sub->setAttribute(Qt::WA_DeleteOnClose);
+  sub->setGeometry(area_->viewport()->rect());
+  sub->show();
+}
+
+void MDIMain::SlideClicked(frmSlide* slide) {
+  QAction* zoom = Button(ToolbarButton::Zoom);
+  QAction* unzoom = Button(ToolbarButton::Unzoom);
+  const ZoomButtons pressed = ButtonsForClick({zoom->isChecked() ? 1 : 0, unzoom->isChecked() ? 1 : 0});
+  zoom->setChecked(pressed.zoom == 1);
+  unzoom->setChecked(pressed.unzoom == 1);
+  slide->Zoom(ZoomingIn(pressed));
+}
 
 void MDIMain::SetMenuBar(const QList<QMenu*>& menus) {
   if (menuBar()->actions().size() == menus.size() && menuBar()->actions().value(0) == menus.value(0)->menuAction())
@@ -60,33 +89,9 @@ void MDIMain::SubWindowActivated(QMdiSubWindow* sub) {
     SetMenuBar(gallery->MenuBarMenus());
     gallery->Form_Activate();
   } else {
-    SetMenuBar(ownBar_);
+    SetMenuBar(menus_.bar);
     if (auto* slide = qobject_cast<frmSlide*>(child)) slide->Form_Activate();
   }
-}
-
-void MDIMain::SetGalleryToolbar() {
-  const bool several = area_->subWindowList().size() > 1;
-  buttons_["New"]->setEnabled(true);
-  buttons_["Open"]->setEnabled(true);
-  if (several) buttons_["Window"]->setEnabled(true);
-  buttons_["Zoom"]->setEnabled(false);
-  buttons_["Zoom"]->setChecked(true);
-  buttons_["Unzoom"]->setEnabled(false);
-  buttons_["Unzoom"]->setChecked(false);
-  buttons_["Edit"]->setEnabled(false);
-  buttons_["Back"]->setEnabled(true);
-  buttons_["Report"]->setEnabled(true);
-}
-
-void MDIMain::SetSlideToolbar() {
-  buttons_["New"]->setEnabled(false);
-  buttons_["Open"]->setEnabled(false);
-  if (area_->subWindowList().size() > 1) buttons_["Window"]->setEnabled(true);
-  for (const char* key : {"Report", "Zoom", "Unzoom", "Edit"}) buttons_[key]->setEnabled(true);
-  buttons_["Zoom"]->setChecked(true);
-  buttons_["Unzoom"]->setChecked(false);
-  buttons_["Back"]->setEnabled(false);
 }
 
 }  // namespace cb

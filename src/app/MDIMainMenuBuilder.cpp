@@ -3,33 +3,29 @@
 #include <QAction>
 #include <QMenu>
 
-namespace cb {
-namespace {
-QString Q(std::string_view s) { return QString::fromUtf8(s.data(), static_cast<int>(s.size())); }
-}  // namespace
+#include "qt/Twips.h"
 
-QString ItemName(const QString& name, int index) {
-  return index ? QString("%1(%2)").arg(name).arg(index) : name;
-}
+namespace cb {
 
 BuiltMenus BuildMenus(QWidget* owner, std::span<const MenuItemSpec> table) {
   BuiltMenus built;
   QMenu* current = nullptr;
   for (const auto& spec : table) {
+    const auto at = static_cast<std::size_t>(spec.id);
     if (spec.depth == 0) {
-      current = new QMenu(Q(spec.caption), owner);
-      current->setObjectName(Q(spec.name));
-      built.menus.insert(Q(spec.name), current);
+      current = new QMenu(Utf8ToQ(spec.caption), owner);
+      current->setObjectName(Utf8ToQ(spec.name));
+      built.menus[at] = current;
       if (spec.state != ItemState::Hidden) built.bar.append(current);
       continue;
     }
-    QAction* a = spec.caption == "-" ? current->addSeparator() : current->addAction(Q(spec.caption));
-    a->setObjectName(Q(spec.name));
-    a->setEnabled(spec.state != ItemState::Off);
+    QAction* a = spec.caption == "-" ? current->addSeparator() : current->addAction(Utf8ToQ(spec.caption));
+    a->setObjectName(Utf8ToQ(spec.name));
+    a->setEnabled(spec.Enabled());
     a->setVisible(spec.state != ItemState::Hidden);
     a->setCheckable(spec.state == ItemState::Checked);
     a->setChecked(spec.state == ItemState::Checked);
-    built.items.insert(ItemName(Q(spec.name), spec.index), a);
+    built.items[at] = a;
   }
   return built;
 }

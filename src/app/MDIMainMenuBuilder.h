@@ -1,8 +1,8 @@
 #pragma once
-// Menus built from a table of items, found afterwards by name.
+// Menus built from a table of rows, held afterwards by their ids.
 
-#include <QHash>
 #include <QList>
+#include <array>
 #include <span>
 
 #include "app/MDIMainRules.h"
@@ -14,17 +14,17 @@ class QWidget;
 namespace cb {
 
 struct BuiltMenus {
-  // Items by name, "mnuFileHist(2)" for an element of an array.
-  QHash<QString, QAction*> items;
-  QHash<QString, QMenu*> menus;
+  // By id; null where the table has no such row.
+  std::array<QAction*, kMenuIdCount> items{};
+  std::array<QMenu*, kMenuIdCount> menus{};
   // The menus of the bar in order; hidden ones are popups only.
   QList<QMenu*> bar;
+
+  QAction* Item(MenuId id) const { return items[static_cast<std::size_t>(id)]; }
+  QMenu* Menu(MenuId id) const { return menus[static_cast<std::size_t>(id)]; }
 };
 
 // Makes the menus of `table` as children of `owner`.
 BuiltMenus BuildMenus(QWidget* owner, std::span<const MenuItemSpec> table);
-
-// The name under which an element of an item array is found.
-QString ItemName(const QString& name, int index);
 
 }  // namespace cb

@@ -8,7 +8,6 @@
 
 #include "app/Forms.h"
 #include "app/MDIMain.h"
-#include "app/MDIMainMenuBuilder.h"
 #include "app/frmAbout.h"
 #include "app/frmLogin.h"
 #include "app/modGlobal.h"
@@ -25,59 +24,63 @@ constexpr char kWallpaperWhat1[] = "The wallpaper or background image.";
 constexpr char kWallpaperWhat2[] = "Use the 'Set Wallpaper' option to change the background.";
 constexpr long kWallpaperWhatHeight = 800, kWallpaperWhatWidth = 4000;
 
+// Wiring a menu item: its row in the menu table (MDIMainRules.cpp) gives the id
+// and the object name; its command goes here, and its window's line in Built()
+// turns true when the window lands. The gallery's items of the same id arrive
+// here through its CommandChosen signal.
 struct Handler {
-  const char* item;
+  MenuId item;
   void (MDIMain::*click)();
 };
 
 constexpr Handler kHandlers[] = {
-    {"mnuFileNew", &MDIMain::mnuFileNew_Click},
-    {"mnuFileOpen", &MDIMain::mnuFileOpen_Click},
-    {"mnuFileSaveAs", &MDIMain::mnuFileSaveAs_Click},
-    {"mnuFileGallery", &MDIMain::mnuFileGallery_Click},
-    {"mnuFileWallpaper", &MDIMain::mnuFileWallpaper_Click},
-    {"mnuFilePassword", &MDIMain::mnuFilePassword_Click},
-    {"mnuFileExit", &MDIMain::mnuFileExit_Click},
-    {"mnuViewToolbar", &MDIMain::mnuViewToolbar_Click},
-    {"mnuViewStatusbar", &MDIMain::mnuViewStatusbar_Click},
-    {"mnuHelpContents", &MDIMain::mnuHelpContents_Click},
-    {"mnuHelpAbout", &MDIMain::mnuHelpAbout_Click},
-    {"mnuPopup2SetWallpaper", &MDIMain::mnuFileWallpaper_Click},
-    {"mnuPopup2What", &MDIMain::mnuPopup2What_Click},
+    {MenuId::FileNew, &MDIMain::mnuFileNew_Click},
+    {MenuId::FileOpen, &MDIMain::mnuFileOpen_Click},
+    {MenuId::FileSaveAs, &MDIMain::mnuFileSaveAs_Click},
+    {MenuId::FileGallery, &MDIMain::mnuFileGallery_Click},
+    {MenuId::FilePassword, &MDIMain::mnuFilePassword_Click},
+    {MenuId::FileExit, &MDIMain::mnuFileExit_Click},
+    {MenuId::ViewToolbar, &MDIMain::mnuViewToolbar_Click},
+    {MenuId::ViewStatusbar, &MDIMain::mnuViewStatusbar_Click},
+    {MenuId::WindowVertical, &MDIMain::mnuWindowVertical_Click},
+    {MenuId::WindowHorizontal, &MDIMain::mnuWindowHorizontal_Click},
+    {MenuId::WindowCascade, &MDIMain::mnuWindowCascade_Click},
+    {MenuId::HelpContents, &MDIMain::mnuHelpContents_Click},
+    {MenuId::HelpAbout, &MDIMain::mnuHelpAbout_Click},
+    {MenuId::Popup1Help, &MDIMain::QuickStart},
+    {MenuId::Popup2What, &MDIMain::mnuPopup2What_Click},
+    {MenuId::Popup2Help, &MDIMain::QuickStart},
 };
 
 }  // namespace
 
 void MDIMain::CreateMenus() {
-  BuiltMenus built = BuildMenus(this, MainMenu());
-  items_ = built.items;
-  menus_ = built.menus;
-  ownBar_ = built.bar;
-  for (QMenu* m : ownBar_) menuBar()->addMenu(m);
-  connect(menus_["mnuWindow"], &QMenu::aboutToShow, this, &MDIMain::FillWindowMenu);
+  menus_ = BuildMenus(this, MainMenu());
+  for (QMenu* m : menus_.bar) menuBar()->addMenu(m);
+  connect(Menu(MenuId::Window), &QMenu::aboutToShow, this, &MDIMain::FillWindowMenu);
+}
+
+void MDIMain::RunCommand(MenuId id) {
+  if (const int entry = HistoryEntry(id)) return mnuFileHist_Click(entry);
+  for (const auto& h : kHandlers)
+    if (h.item == id) return (this->*h.click)();
 }
 
 void MDIMain::ConnectMenuHandlers() {
-  for (const auto& h : kHandlers) {
-    QAction* a = items_[h.item];
-    connect(a, &QAction::triggered, this, [this, a, click = h.click] {
+  for (std::size_t k = 0; k < kMenuIdCount; ++k) {
+    QAction* a = menus_.items[k];
+    if (!a || a->isSeparator()) continue;
+    connect(a, &QAction::triggered, this, [this, a, id = static_cast<MenuId>(k)] {
       // A checked item's handler decides from the mark as it stood before the click.
       if (a->isCheckable()) a->setChecked(!a->isChecked());
-      (this->*click)();
+      RunCommand(id);
     });
   }
-  for (int i = 1; i <= 4; ++i)
-    connect(items_[QString("mnuFileHist(%1)").arg(i)], &QAction::triggered, this, [this, i] { mnuFileHist_Click(i); });
-  connect(items_["mnuWindowVertical"], &QAction::triggered, this, [this] { Arrange(Arrangement::TileVertical); });
-  connect(items_["mnuWindowHorizontal"], &QAction::triggered, this, [this] { Arrange(Arrangement::TileHorizontal); });
-  connect(items_["mnuWindowCascade"], &QAction::triggered, this, [this] { Arrange(Arrangement::Cascade); });
-  connect(items_["mnuPopup1Help"], &QAction::triggered, this, [] { OpenHelp(kQuickStartPage); });
-  connect(items_["mnuPopup2Help"], &QAction::triggered, this, [] { OpenHelp(kQuickStartPage); });
 }
 
 // The Window menu ends with the list of open children.
 void MDIMain::FillWindowMenu() {
-  QMenu* menu = menus_["mnuWindow"];
+  QMenu* menu = Menu(MenuId::Window);
   qDeleteAll(windowList_);
   windowList_.clear();
   const auto children = MdiArea()->subWindowList();
@@ -97,31 +100,24 @@ void MDIMain::UpdateHistoryMenu() {
   ModGlobal& g = Globals();
   UIMainController& mc = *g.MainController;
   if (UpdateHistory(g.History, mc.SlideInformationFile())) mc.PutFileHistoryList(g.History, errors_);
-  items_["mnuBar4"]->setVisible(true);
-  items_["mnuBar5"]->setVisible(true);
+  Item(MenuId::Bar4)->setVisible(true);
+  Item(MenuId::Bar5)->setVisible(true);
   for (int i = 1; i <= 4; ++i) {
     if (g.History[static_cast<std::size_t>(i)].empty()) continue;
-    QAction* a = items_[QString("mnuFileHist(%1)").arg(i)];
+    QAction* a = Item(HistoryItem(i));
     a->setText(QString("%1 %2").arg(i).arg(PathToQ(g.History[static_cast<std::size_t>(i)])));
     a->setVisible(true);
-    if (QAction* mirror = GalleryItem(a->objectName() + QString("(%1)").arg(i))) {
+    if (QAction* mirror = GalleryItem(HistoryItem(i))) {
       mirror->setText(a->text());
       mirror->setVisible(true);
-      GalleryItem("mnuBar4")->setVisible(true);
-      GalleryItem("mnuBar5")->setVisible(true);
+      GalleryItem(MenuId::Bar4)->setVisible(true);
+      GalleryItem(MenuId::Bar5)->setVisible(true);
     }
   }
 }
 
-void MDIMain::mnuFileWallpaper_Click() {
-  // Set Wallpaper arrives with the background chooser.
-}
-
-void MDIMain::SetBackground() {
-  // The frame chooser opens here once it lands.
-}
-
 void MDIMain::mnuHelpContents_Click() { OpenHelp(kContentsPage); }
+void MDIMain::QuickStart() { OpenHelp(kQuickStartPage); }
 
 void MDIMain::mnuFilePassword_Click() {
   frmLogin login(frmLogin::kSetPassword);
@@ -140,15 +136,15 @@ void MDIMain::mnuPopup2What_Click() {
 }
 
 // The check mark is the bar's only state; the gallery's like-named item follows it.
-void MDIMain::ToggleBar(const QString& item, QWidget& bar) {
-  QAction* a = items_[item];
+void MDIMain::ToggleBar(MenuId item, QWidget& bar) {
+  QAction* a = Item(item);
   const bool show = !a->isChecked();
   a->setChecked(show);
   if (QAction* mirror = GalleryItem(item)) mirror->setChecked(show);
   bar.setVisible(show);
 }
 
-void MDIMain::mnuViewToolbar_Click() { ToggleBar("mnuViewToolbar", *Toolbar1()); }
-void MDIMain::mnuViewStatusbar_Click() { ToggleBar("mnuViewStatusbar", *statusBar()); }
+void MDIMain::mnuViewToolbar_Click() { ToggleBar(MenuId::ViewToolbar, *Toolbar1()); }
+void MDIMain::mnuViewStatusbar_Click() { ToggleBar(MenuId::ViewStatusbar, *statusBar()); }
 
 }  // namespace cb

@@ -6,35 +6,38 @@ namespace cb {
 
 using S = ItemState;
 
+using M = MenuId;
+using A = Awaits;
+
 const std::array<MenuItemSpec, 7> kHistoryItems{{
-    {"mnuBar4", "-", 1, S::Hidden},
-    {"mnuFileHist", "1 Hist1", 1, S::Hidden, 1},
-    {"mnuFileHist", "2 Hist2", 1, S::Hidden, 2},
-    {"mnuFileHist", "3 Hist3", 1, S::Hidden, 3},
-    {"mnuFileHist", "4 Hist4", 1, S::Hidden, 4},
-    {"mnuBar5", "-", 1, S::Hidden},
-    {"mnuFileExit", "&Exit", 1, S::Normal},
+    {M::Bar4, "mnuBar4", "-", 1, S::Hidden},
+    {M::FileHist1, "mnuFileHist", "1 Hist1", 1, S::Hidden},
+    {M::FileHist2, "mnuFileHist", "2 Hist2", 1, S::Hidden},
+    {M::FileHist3, "mnuFileHist", "3 Hist3", 1, S::Hidden},
+    {M::FileHist4, "mnuFileHist", "4 Hist4", 1, S::Hidden},
+    {M::Bar5, "mnuBar5", "-", 1, S::Hidden},
+    {M::FileExit, "mnuFileExit", "&Exit", 1, S::Normal},
 }};
 
 const std::array<MenuItemSpec, 3> kViewMenu{{
-    {"mnuView", "&View", 0, S::Normal},
-    {"mnuViewToolbar", "&Toolbar", 1, S::Checked},
-    {"mnuViewStatusbar", "&Statusbar", 1, S::Checked},
+    {M::View, "mnuView", "&View", 0, S::Normal},
+    {M::ViewToolbar, "mnuViewToolbar", "&Toolbar", 1, S::Checked},
+    {M::ViewStatusbar, "mnuViewStatusbar", "&Statusbar", 1, S::Checked},
 }};
 
 const std::array<MenuItemSpec, 5> kWallpaperPopup{{
-    {"mnuPopup2", "&Popup2", 0, S::Hidden},
-    {"mnuPopup2SetWallpaper", "&Set Wallpaper", 1, S::Normal},
-    {"mnuPopup2What", "&What's this?", 1, S::Normal},
-    {"mnuBar8", "-", 1, S::Normal},
-    {"mnuPopup2Help", "&Help", 1, S::Normal},
+    {M::Popup2, "mnuPopup2", "&Popup2", 0, S::Hidden},
+    {M::Popup2SetWallpaper, "mnuPopup2SetWallpaper", "&Set Wallpaper", 1, S::Normal, A::BackgroundChooser},
+    {M::Popup2What, "mnuPopup2What", "&What's this?", 1, S::Normal},
+    {M::Bar8, "mnuBar8", "-", 1, S::Normal},
+    {M::Popup2Help, "mnuPopup2Help", "&Help", 1, S::Normal, A::HelpViewer},
 }};
 
 const std::array<MenuItemSpec, 4> kHelpMenu{{
-    {"mnuHelp", "&Help", 0, S::Normal},
-    {"mnuHelpContents", "&Contents", 1, S::Normal},
-    {"mnuBar6", "-", 1, S::Normal},
-    {"mnuHelpAbout", "&About", 1, S::Normal},
+    {M::Help, "mnuHelp", "&Help", 0, S::Normal},
+    {M::HelpContents, "mnuHelpContents", "&Contents", 1, S::Normal, A::HelpViewer},
+    {M::Bar6, "mnuBar6", "-", 1, S::Normal},
+    {M::HelpAbout, "mnuHelpAbout", "&About", 1, S::Normal},
 }};
 
 std::vector<MenuItemSpec> JoinMenus(std::initializer_list<std::span<const MenuItemSpec>> parts) {
@@ -46,35 +49,36 @@ std::vector<MenuItemSpec> JoinMenus(std::initializer_list<std::span<const MenuIt
 namespace {
 
 constexpr MenuItemSpec kMainFile[] = {
-    {"mnuFile", "&File", 0, S::Normal},
-    {"mnuFileNew", "&New", 1, S::Off},
-    {"mnuFileOpen", "&Open", 1, S::Normal},
-    {"mnuBar1", "-", 1, S::Normal},
-    {"mnuFileSaveAs", "&Save As", 1, S::Off},
-    {"mnuBar2", "-", 1, S::Normal},
-    {"mnuFileGallery", "&Gallery", 1, S::Normal},
-    {"mnuFileWallpaper", "&Set Wallpaper", 1, S::Normal},
-    {"mnuBar3", "-", 1, S::Normal},
-    {"mnuFilePassword", "&Password", 1, S::Normal},
+    {M::File, "mnuFile", "&File", 0, S::Normal},
+    {M::FileNew, "mnuFileNew", "&New", 1, S::Off},
+    {M::FileOpen, "mnuFileOpen", "&Open", 1, S::Normal},
+    {M::Bar1, "mnuBar1", "-", 1, S::Normal},
+    {M::FileSaveAs, "mnuFileSaveAs", "&Save As", 1, S::Off},
+    {M::Bar2, "mnuBar2", "-", 1, S::Normal},
+    {M::FileGallery, "mnuFileGallery", "&Gallery", 1, S::Normal},
+    {M::FileWallpaper, "mnuFileWallpaper", "&Set Wallpaper", 1, S::Normal, A::BackgroundChooser},
+    {M::Bar3, "mnuBar3", "-", 1, S::Normal},
+    {M::FilePassword, "mnuFilePassword", "&Password", 1, S::Normal},
 };
 
+// Without a gallery the Slides menu has nothing to work on.
 constexpr MenuItemSpec kMainSlidesAndWindow[] = {
-    {"mnuSlides", "&Slides", 0, S::Normal},
-    {"mnuSlidesAdd", "&Add Slide", 1, S::Off},
-    {"mnuSlidesModify", "&Modify Slide Collection", 1, S::Off},
-    {"mnuSlidesSet", "&Set Slide Template", 1, S::Off},
-    {"mnuWindow", "&Window", 0, S::Normal},
-    {"mnuWindowVertical", "&Tile Vertically", 1, S::Normal},
-    {"mnuWindowHorizontal", "T&ile Horizontally", 1, S::Normal},
-    {"mnuWindowCascade", "&Cascade", 1, S::Normal},
+    {M::Slides, "mnuSlides", "&Slides", 0, S::Normal},
+    {M::SlidesAdd, "mnuSlidesAdd", "&Add Slide", 1, S::Off},
+    {M::SlidesModify, "mnuSlidesModify", "&Modify Slide Collection", 1, S::Off},
+    {M::SlidesTemplate, "mnuSlidesSet", "&Set Slide Template", 1, S::Off},
+    {M::Window, "mnuWindow", "&Window", 0, S::Normal},
+    {M::WindowVertical, "mnuWindowVertical", "&Tile Vertically", 1, S::Normal},
+    {M::WindowHorizontal, "mnuWindowHorizontal", "T&ile Horizontally", 1, S::Normal},
+    {M::WindowCascade, "mnuWindowCascade", "&Cascade", 1, S::Normal},
 };
 
 constexpr MenuItemSpec kMainPopups[] = {
-    {"mnuPopup1", "&Popup1", 0, S::Hidden},
-    {"mnuPopup1Reset", "&Reset", 1, S::Normal},
-    {"mnuPopup1What", "&What's this?", 1, S::Normal},
-    {"mnuBar7", "-", 1, S::Normal},
-    {"mnuPopup1Help", "&Help", 1, S::Normal},
+    {M::Popup1, "mnuPopup1", "&Popup1", 0, S::Hidden},
+    {M::Popup1Reset, "mnuPopup1Reset", "&Reset", 1, S::Normal},
+    {M::Popup1What, "mnuPopup1What", "&What's this?", 1, S::Normal},
+    {M::Bar7, "mnuBar7", "-", 1, S::Normal},
+    {M::Popup1Help, "mnuPopup1Help", "&Help", 1, S::Normal, A::HelpViewer},
 };
 
 }  // namespace
@@ -85,36 +89,47 @@ const std::vector<MenuItemSpec>& MainMenu() {
   return menu;
 }
 
-const std::array<ToolbarButtonSpec, 9> kToolbarButtons{{
-    {"New", "New File", "New"},
-    {"Open", "Open File", "Open"},
-    {"Edit", "Edit Slide", "Edit"},
-    {"Report", "Display Report", "Report"},
-    {"Zoom", "Zoom Slide", "Zoom"},
-    {"Unzoom", "Unzoom Slide", "Unzoom"},
-    {"Window", "Arrange Windows", "Window"},
-    {"Back", "Change Slide Background", "Background"},
-    {"Help", "Help", "Help"},
+using B = ToolbarButton;
+
+const std::array<ToolbarButtonSpec, kToolbarButtonCount> kToolbarButtons{{
+    {B::New, "New", "New File", "New"},
+    {B::Open, "Open", "Open File", "Open"},
+    {B::Edit, "Edit", "Edit Slide", "Edit", "Edit Slide Details"},
+    {B::Report, "Report", "Display Report", "Report", {}, false, A::ReportViewer},
+    {B::Zoom, "Zoom", "Zoom Slide", "Zoom", {}, true},
+    {B::Unzoom, "Unzoom", "Unzoom Slide", "Unzoom", {}, true},
+    {B::Window, "Window", "Arrange Windows", "Window"},
+    {B::Back, "Back", "Change Slide Background", "Background", {}, false, A::BackgroundChooser},
+    {B::Help, "Help", "Help", "Help", {}, false, A::HelpViewer},
 }};
+
+const ToolbarButtonSpec& ButtonSpec(ToolbarButton b) { return kToolbarButtons[static_cast<std::size_t>(b)]; }
+
+int HistoryEntry(MenuId id) {
+  const int k = static_cast<int>(id) - static_cast<int>(M::FileHist1);
+  return k >= 0 && k < 4 ? k + 1 : 0;
+}
+
+MenuId HistoryItem(int entry) { return static_cast<MenuId>(static_cast<int>(M::FileHist1) + entry - 1); }
 
 namespace {
 
 struct ToolbarStateRow {
-  std::string_view key;
+  ToolbarButton button;
   bool withSlide;
   bool withoutSlide;
 };
 
-// Help is not in the table: it stays as it is.
+// Help is not in the table: it stays live.
 constexpr std::array<ToolbarStateRow, 8> kToolbarStates{{
-    {"New", false, true},
-    {"Open", false, true},
-    {"Window", true, true},
-    {"Edit", true, false},
-    {"Zoom", true, false},
-    {"Report", true, true},
-    {"Unzoom", true, false},
-    {"Back", false, true},
+    {B::New, false, true},
+    {B::Open, false, true},
+    {B::Window, true, true},
+    {B::Edit, true, false},
+    {B::Zoom, true, false},
+    {B::Report, true, true},
+    {B::Unzoom, true, false},
+    {B::Back, false, true},
 }};
 
 struct ArrangementRow {
@@ -129,18 +144,61 @@ constexpr std::array<ArrangementRow, 4> kArrangements{{
     {Arrangement::TileHorizontal, 1},
 }};
 
+constexpr Change On(bool on) { return on ? Change::On : Change::Off; }
+
 }  // namespace
 
-bool ToolbarButtonEnabled(std::string_view key, bool slideOpen) {
+bool ToolbarButtonEnabled(ToolbarButton b, bool slideOpen) {
   for (const auto& row : kToolbarStates)
-    if (row.key == key) return slideOpen ? row.withSlide : row.withoutSlide;
+    if (row.button == b) return slideOpen ? row.withSlide : row.withoutSlide;
   return true;
+}
+
+ToolbarChange ToolbarAfter(ToolbarEvent event, const ToolbarFacts& f) {
+  ToolbarChange c{};
+  auto at = [&c](ToolbarButton b) -> ButtonChange& { return c[static_cast<std::size_t>(b)]; };
+  // Zoom and Unzoom act as a pair of radio buttons; which is pressed only sets
+  // the sense of the next clicks on a slide.
+  auto press = [&](bool zoom) {
+    at(B::Zoom).pressed = On(zoom);
+    at(B::Unzoom).pressed = On(!zoom);
+  };
+  switch (event) {
+    case ToolbarEvent::FrameActivated:
+      for (const auto& spec : kToolbarButtons) at(spec.id).enabled = On(ToolbarButtonEnabled(spec.id, f.slideOpen));
+      press(f.zoomPressed);
+      at(B::Zoom).pressed = Change::Keep;
+      break;
+    case ToolbarEvent::GalleryActivated:
+      for (B b : {B::New, B::Open, B::Back, B::Report}) at(b).enabled = Change::On;
+      for (B b : {B::Zoom, B::Unzoom, B::Edit}) at(b).enabled = Change::Off;
+      if (f.severalChildren) at(B::Window).enabled = Change::On;
+      press(true);
+      break;
+    case ToolbarEvent::SlideActivated:
+      for (B b : {B::New, B::Open, B::Back}) at(b).enabled = Change::Off;
+      for (B b : {B::Report, B::Zoom, B::Unzoom, B::Edit}) at(b).enabled = Change::On;
+      if (f.severalChildren) at(B::Window).enabled = Change::On;
+      press(true);
+      break;
+    case ToolbarEvent::ZoomPressed: press(true); break;
+    case ToolbarEvent::UnzoomPressed: press(false); break;
+    case ToolbarEvent::GalleryUnloaded: at(B::Edit).enabled = Change::Off; break;
+  }
+  for (const auto& spec : kToolbarButtons)
+    if (!Built(spec.awaits) && at(spec.id).enabled == Change::On) at(spec.id).enabled = Change::Off;
+  return c;
 }
 
 Arrangement NextArrangement(int& counter) {
   const auto& row = kArrangements[static_cast<std::size_t>(counter) % kArrangements.size()];
   counter = row.next;
   return row.arrangement;
+}
+
+TileRect TilePlace(Arrangement a, int width, int height, int k, int n) {
+  if (a == Arrangement::TileVertical) return {width * k / n, 0, width * (k + 1) / n - width * k / n, height};
+  return {0, height * k / n, width, height * (k + 1) / n - height * k / n};
 }
 
 bool UpdateHistory(std::array<std::string, 5>& h, const std::string& c) {

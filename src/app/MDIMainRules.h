@@ -1,29 +1,83 @@
 #pragma once
 // The main window's tables and rules: its menus, its toolbar, which buttons
-// are live, the arrangement cycle and the file history's order.
+// are live after each event, the tiling, the arrangement cycle and the file
+// history's order.
 
 #include <array>
+#include <cstdint>
 #include <initializer_list>
 #include <span>
-#include <vector>
 #include <string>
 #include <string_view>
+#include <vector>
 
 namespace cb {
 
 // The program's title: the main window's caption and the title of its messages.
 inline constexpr char kAppTitle[] = "Chattelbook";
 
+// Every menu and menu item of the windows' menu bars, by purpose. An item of
+// the gallery's bar shares its id with the main window's item of the same
+// purpose, whatever the two are named.
+enum class MenuId : std::uint8_t {
+  File, View, Slides, Window, Help, Popup1, Popup2, Popup3, Popup4,
+  FileNew, FileOpen, Bar1, FileSaveAs, Bar2, FileGallery, FileWallpaper, Bar3, FilePassword,
+  Bar4, FileHist1, FileHist2, FileHist3, FileHist4, Bar5, FileExit,
+  ViewToolbar, ViewStatusbar,
+  SlidesAdd, SlidesModify, SlidesTemplate,
+  WindowVertical, WindowHorizontal, WindowCascade,
+  HelpContents, Bar6, HelpAbout,
+  Popup1Reset, Popup1Delete, Popup1What, Bar7, Popup1Help,
+  Popup2SetWallpaper, Popup2What, Bar8, Popup2Help,
+  Popup3Reset, Popup3What, Bar9, Popup3Help,
+  Popup4SetBackground, Popup4What, Bar10, Popup4Help,
+  Count
+};
+inline constexpr std::size_t kMenuIdCount = static_cast<std::size_t>(MenuId::Count);
+
+// The history entry (1 to 4) an item opens, 0 for any other item.
+int HistoryEntry(MenuId id);
+MenuId HistoryItem(int entry);
+
+// The windows that are not built yet. A menu row or button naming one is
+// disabled whatever else its table says.
+enum class Awaits : std::uint8_t {
+  Nothing,
+  SlideTemplate,      // Set Slide Template
+  ReportViewer,       // the report selection and viewer
+  HelpViewer,
+  CollectionEditor,   // Modify Slide Collection
+  BackgroundChooser,  // Background Images: the wallpaper and the slides' frame
+};
+
+// Whether the window a row waits for is built: set a window's line to true
+// when it lands, and every row naming it comes alive.
+constexpr bool Built(Awaits w) {
+  switch (w) {
+    case Awaits::Nothing: return true;
+    case Awaits::SlideTemplate: return false;
+    case Awaits::ReportViewer: return false;
+    case Awaits::HelpViewer: return false;
+    case Awaits::CollectionEditor: return false;
+    case Awaits::BackgroundChooser: return false;
+  }
+  return false;
+}
+
 enum class ItemState { Normal, Off, Hidden, Checked };
 
-// One item of a menu bar: depth 0 is a menu of the bar, 1 an item in it.
+// One row of a menu bar: depth 0 is a menu of the bar, 1 an item in it.
 // A caption "-" is a separator. Hidden menus of depth 0 are popups only.
+// Several rows may share a name (the history entries); the id tells them apart.
 struct MenuItemSpec {
+  MenuId id;
   std::string_view name;
   std::string_view caption;
   int depth;
   ItemState state;
-  int index = 0;  // the element of a control array (mnuFileHist 1..4), 0 for none
+  Awaits awaits = Awaits::Nothing;
+  // Live when the window is made: normal or checked, and not waiting for a window.
+  constexpr bool Enabled() const { return state != ItemState::Off && Built(awaits); }
 };
 
 // The items both menu bars share, in their places.
@@ -38,21 +92,62 @@ std::vector<MenuItemSpec> JoinMenus(std::initializer_list<std::span<const MenuIt
 // The main window's menu bar and its two popups.
 const std::vector<MenuItemSpec>& MainMenu();
 
+enum class ToolbarButton : std::uint8_t { New, Open, Edit, Report, Zoom, Unzoom, Window, Back, Help, Count };
+inline constexpr std::size_t kToolbarButtonCount = static_cast<std::size_t>(ToolbarButton::Count);
+
 struct ToolbarButtonSpec {
-  std::string_view key;  // also the caption
+  ToolbarButton id;
+  std::string_view key;  // the object name and the caption
   std::string_view tooltip;
   std::string_view imageKey;
+  std::string_view statusTip = {};
+  bool checkable = false;
+  Awaits awaits = Awaits::Nothing;
 };
 
-extern const std::array<ToolbarButtonSpec, 9> kToolbarButtons;
+// The buttons in their order on the bar.
+extern const std::array<ToolbarButtonSpec, kToolbarButtonCount> kToolbarButtons;
+const ToolbarButtonSpec& ButtonSpec(ToolbarButton b);
 
 // Whether a toolbar button is live, by whether a slide window is open.
-bool ToolbarButtonEnabled(std::string_view key, bool slideOpen);
+bool ToolbarButtonEnabled(ToolbarButton b, bool slideOpen);
+
+// What happens to the toolbar: the main window's activation, its children's
+// activations, a press of Zoom or Unzoom, the gallery going down.
+enum class ToolbarEvent { FrameActivated, GalleryActivated, SlideActivated, ZoomPressed, UnzoomPressed, GalleryUnloaded };
+
+// What the event needs to know of the windows.
+struct ToolbarFacts {
+  bool slideOpen = false;
+  bool severalChildren = false;  // more than one child in the client area
+  bool zoomPressed = false;
+};
+
+enum class Change : std::uint8_t { Keep, Off, On };
+struct ButtonChange {
+  Change enabled = Change::Keep;
+  Change pressed = Change::Keep;
+  friend bool operator==(const ButtonChange&, const ButtonChange&) = default;
+};
+using ToolbarChange = std::array<ButtonChange, kToolbarButtonCount>;
+
+// How the buttons change after `event`; a button waiting for a window never comes on.
+ToolbarChange ToolbarAfter(ToolbarEvent event, const ToolbarFacts& facts);
 
 enum class Arrangement { Cascade, TileVertical, TileHorizontal };
 
 // The arrangement the Window button makes for `counter`; advances the counter.
 Arrangement NextArrangement(int& counter);
+
+struct TileRect {
+  int left, top, width, height;
+  friend bool operator==(const TileRect&, const TileRect&) = default;
+};
+
+// Where child k (0-based) of n goes when a client area of `width` x
+// `height` pixels is tiled: side by side (vertical) or one above the other
+// (horizontal). The strips share the rounding so that they meet and fill it.
+TileRect TilePlace(Arrangement a, int width, int height, int k, int n);
 
 // Puts the open file `current` into the history (indexes 1 to 4). Returns
 // false when it already stood first and nothing needs writing. An entry

@@ -10,6 +10,7 @@
 #include <QSignalBlocker>
 #include <QStorageInfo>
 #include <QStyle>
+#include <memory>
 #include <type_traits>
 #include <vector>
 
@@ -22,7 +23,6 @@ namespace {
 
 constexpr char kHelpPage[] = "help002.htm";
 constexpr char kNewCaption[] = "New";
-constexpr char kDefaultPattern[] = "*.*";
 
 // The two type items the dialog understands; any other leaves the pattern alone.
 struct FileType {
@@ -30,8 +30,8 @@ struct FileType {
   const char* pattern;
 };
 constexpr FileType kFileTypes[] = {
-    {"Slide Info Files (*.sif)", "*.sif"},
-    {"All Files (*.*)", "*.*"},
+    {kSifFilesType, kSifPattern},
+    {kAllFilesType, kAllFilesPattern},
 };
 
 // Design rectangles in twips, controls in tab order; labels sit above their control.
@@ -233,7 +233,7 @@ void frmCommonDialog::Unload() {
   const QSignalBlocker quiet(Dir1);
   Dir1->Path(QDir::currentPath());
   Drive1->Drive(Dir1->Path());
-  FileListBox1->Pattern(kDefaultPattern);
+  FileListBox1->Pattern(kAllFilesPattern);
   FileListBox1->Path(Dir1->Path());
   cboFileType->clear();
   txtFilename->clear();
@@ -293,5 +293,27 @@ void frmCommonDialog::reject() {
   QDialog::reject();
   Unload();
 }
+
+namespace {
+std::unique_ptr<frmCommonDialog>& CommandDialog() {
+  static std::unique_ptr<frmCommonDialog> dialog;
+  return dialog;
+}
+}  // namespace
+
+frmCommonDialog& RunCommonDialog(const QString& title, const QString& folder, const QString& pattern,
+                                 const QStringList& types) {
+  CommandDialog() = std::make_unique<frmCommonDialog>();
+  frmCommonDialog& d = *CommandDialog();
+  d.DialogTitle = title;
+  d.Dir1->Path(folder);
+  d.FileListBox1->Pattern(pattern);
+  d.cboFileType->addItems(types);
+  d.cboFileType->setCurrentText(types.value(0));
+  d.exec();
+  return d;
+}
+
+void UnloadCommonDialog() { CommandDialog().reset(); }
 
 }  // namespace cb

@@ -16,6 +16,14 @@ class QPushButton;
 
 namespace cb {
 
+// The file types the dialog offers, and their patterns.
+inline constexpr char kSifFilesType[] = "Slide Info Files (*.sif)";
+inline constexpr char kSifPattern[] = "*.sif";
+inline constexpr char kAllFilesType[] = "All Files (*.*)";
+inline constexpr char kAllFilesPattern[] = "*.*";
+inline constexpr char kSlidesType[] = "Slides (*.jpg)";
+inline constexpr char kSlidesPattern[] = "*.jpg";
+
 // A directory list: the folders down to Path() open, its sub-folders below.
 // A double click on a row moves there; Change follows every new path.
 class DirListBox : public QTreeWidget {
@@ -125,5 +133,15 @@ class frmCommonDialog : public QDialog {
 
   bool loaded_ = false;
 };
+
+// The dialog as the commands run it: one at a time, kept loaded after a
+// cancel until the next command replaces it. Makes a new dialog (replacing
+// the last), sets its title, folder, pattern and file types, and shows it
+// modally. The dialog stays loaded.
+frmCommonDialog& RunCommonDialog(const QString& title, const QString& folder, const QString& pattern,
+                                 const QStringList& types);
+
+// Unloads the dialog of the last command.
+void UnloadCommonDialog();
 
 }  // namespace cb

@@ -142,4 +142,18 @@ std::int16_t CellCentringOffset(std::int16_t frame, std::int16_t picture) {
   return static_cast<std::int16_t>(std::nearbyint(frame / 2.0 - picture / 2.0));
 }
 
+void ApplyWrites(const GalleryLayout& layout, std::array<ElementRect, kGalleryElements>& placed) {
+  for (std::size_t k = 0; k < layout.refusedAt && k < WriteOrder().size(); ++k) {
+    const ElementWrite& w = WriteOrder()[k];
+    ElementRect& to = placed[static_cast<std::size_t>(w.index - 1)];
+    const ElementRect& from = layout.Image1(w.index);
+    switch (w.property) {
+      case ElementProperty::Width: to.Width = from.Width; break;
+      case ElementProperty::Left: to.Left = from.Left; break;
+      case ElementProperty::Height: to.Height = from.Height; break;
+      case ElementProperty::Top: to.Top = from.Top; break;
+    }
+  }
+}
+
 }  // namespace cb

@@ -64,6 +64,10 @@ const std::array<ElementWrite, 2 * 4 * kGalleryCells>& WriteOrder();
 // Pure arithmetic in floating point; nothing is rounded but to single precision.
 GalleryLayout LayOutGallery(double clientWidth, double clientHeight, double scrollBarHeight);
 
+// Where the elements stand after a resize to `layout`, from where they stood:
+// the writes run in order until an element refuses one; the rest keep their values.
+void ApplyWrites(const GalleryLayout& layout, std::array<ElementRect, kGalleryElements>& placed);
+
 // The layout the window is drawn with until its first resize.
 GalleryLayout DesignLayout();
 

@@ -12,7 +12,7 @@ namespace cb {
 const std::vector<MenuItemSpec>& GalleryMenu();
 
 struct WhatNote {
-  std::string_view item;
+  MenuId item;
   long height;  // twips
   long width;
   std::string_view text;

@@ -7,10 +7,7 @@
 #include <QScrollBar>
 #include <cmath>
 
-#include "app/MDIMainFiles.h"
 #include "app/Forms.h"
-#include "app/MDIMain.h"
-#include "app/MDIMainMenuBuilder.h"
 #include "app/modGlobal.h"
 #include "dialogs/HelpRoutine.h"
 #include "qt/MsgBox.h"
@@ -33,29 +30,13 @@ constexpr char kHelpPage[] = "help011.htm";
 constexpr char kCannotSave[] = "Could not save sif file.";
 constexpr char kErrorTitle[] = "Error";
 
-// Items that forward to the main window's command of the same purpose.
-struct Forward {
-  const char* item;
-  void (MDIMain::*command)();
-};
-
-constexpr Forward kForwards[] = {
-    {"mnuFileNew", &MDIMain::mnuFileNew_Click},
-    {"mnuFileOpen", &MDIMain::mnuFileOpen_Click},
-    {"mnuFileSaveAs", &MDIMain::mnuFileSaveAs_Click},
-    {"mnuFileGallery", &MDIMain::mnuFileGallery_Click},
-    {"mnuFilePassword", &MDIMain::mnuFilePassword_Click},
-    {"mnuFileExit", &MDIMain::mnuFileExit_Click},
-    {"mnuFileWallpaper", &MDIMain::mnuFileWallpaper_Click},
-    {"mnuViewToolbar", &MDIMain::mnuViewToolbar_Click},
-    {"mnuViewStatusbar", &MDIMain::mnuViewStatusbar_Click},
-    {"mnuWindowTileV", &MDIMain::mnuWindowVertical_Click},
-    {"mnuWindowTileH", &MDIMain::mnuWindowHorizontal_Click},
-    {"mnuWindowCascade", &MDIMain::mnuWindowCascade_Click},
-    {"mnuHelpContents", &MDIMain::mnuHelpContents_Click},
-    {"mnuHelpAbout", &MDIMain::mnuHelpAbout_Click},
-    {"mnuPopup2SetWallpaper", &MDIMain::mnuFileWallpaper_Click},
-    {"mnuPopup4SetBackground", &MDIMain::SetBackground},
+// Items whose commands are the main window's, of the same id.
+constexpr MenuId kForwards[] = {
+    MenuId::FileNew,          MenuId::FileOpen,        MenuId::FileSaveAs,         MenuId::FileGallery,
+    MenuId::FilePassword,     MenuId::FileExit,        MenuId::FileWallpaper,      MenuId::ViewToolbar,
+    MenuId::ViewStatusbar,    MenuId::WindowVertical,  MenuId::WindowHorizontal,   MenuId::WindowCascade,
+    MenuId::HelpContents,     MenuId::HelpAbout,       MenuId::Popup2SetWallpaper, MenuId::Popup4SetBackground,
+    MenuId::FileHist1,        MenuId::FileHist2,       MenuId::FileHist3,          MenuId::FileHist4,
 };
 
 }  // namespace
@@ -89,34 +70,27 @@ frmGallery::frmGallery() {
 frmGallery::~frmGallery() = default;
 
 void frmGallery::CreateMenus() {
-  BuiltMenus built = BuildMenus(this, GalleryMenu());
-  items_ = built.items;
-  menus_ = built.menus;
-  bar_ = built.bar;
-  for (const auto& f : kForwards) {
-    QAction* a = items_[f.item];
-    connect(a, &QAction::triggered, this, [a, command = f.command] {
+  menus_ = BuildMenus(this, GalleryMenu());
+  for (MenuId id : kForwards) {
+    QAction* a = Item(id);
+    connect(a, &QAction::triggered, this, [this, a, id] {
       // The main window's handler keeps the check marks of both menus.
       if (a->isCheckable()) a->setChecked(!a->isChecked());
-      (TheMDIMain().*command)();
+      emit CommandChosen(id);
     });
   }
-  for (int i = 1; i <= 4; ++i)
-    connect(items_[ItemName("mnuFileHist", i)], &QAction::triggered, this, [i] { TheMDIMain().mnuFileHist_Click(i); });
-  connect(items_["mnuSlidesAdd"], &QAction::triggered, this, &frmGallery::mnuSlidesAdd_Click);
-  connect(items_["mnuPopup1Delete"], &QAction::triggered, this, &frmGallery::mnuPopup1Delete_Click);
-  connect(items_["mnuPopupReset"], &QAction::triggered, this, &frmGallery::mnuPopupReset_Click);
-  for (const char* what : {"mnuPopup1What", "mnuPopup3What", "mnuPopup4What"})
-    connect(items_[what], &QAction::triggered, this, [this, what] { ShowWhat(what); });
-  for (const char* help : {"mnuPopup1Help", "mnuPopup3Help", "mnuPopup4Help"})
-    connect(items_[help], &QAction::triggered, this, [] { OpenHelp(kHelpPage); });
-  // The collection editor and the template chooser join these items when they land.
+  connect(Item(MenuId::SlidesAdd), &QAction::triggered, this, &frmGallery::mnuSlidesAdd_Click);
+  connect(Item(MenuId::Popup1Delete), &QAction::triggered, this, &frmGallery::mnuPopup1Delete_Click);
+  connect(Item(MenuId::Popup3Reset), &QAction::triggered, this, &frmGallery::mnuPopupReset_Click);
+  for (MenuId what : {MenuId::Popup1What, MenuId::Popup3What, MenuId::Popup4What})
+    connect(Item(what), &QAction::triggered, this, [this, what] { ShowWhat(what); });
+  for (MenuId help : {MenuId::Popup1Help, MenuId::Popup3Help, MenuId::Popup4Help})
+    connect(Item(help), &QAction::triggered, this, [] { OpenHelp(kHelpPage); });
 }
 
-void frmGallery::ShowWhat(const QString& item) {
+void frmGallery::ShowWhat(MenuId item) {
   for (const auto& note : kGalleryWhatNotes)
-    if (QString::fromUtf8(note.item.data(), int(note.item.size())) == item)
-      cb::ShowWhat(note.height, note.width, QString::fromUtf8(note.text.data(), int(note.text.size())));
+    if (note.item == item) cb::ShowWhat(note.height, note.width, Utf8ToQ(note.text));
 }
 
 void frmGallery::resizeEvent(QResizeEvent*) {
@@ -129,19 +103,7 @@ void frmGallery::LayOut() {
   Picture1->setGeometry(rect());
   const int bar = TwipsToPixelsY(kScrollBarHeight);
   FlatScrollBar1->setGeometry(0, height() - bar, width(), bar);
-  const GalleryLayout layout = LayOutGallery(PixelsToTwipsX(width()), PixelsToTwipsY(height()), kScrollBarHeight);
-  // The writes run in order until an element refuses one; the rest keep their places.
-  for (std::size_t k = 0; k < layout.refusedAt; ++k) {
-    const ElementWrite& w = WriteOrder()[k];
-    ElementRect& to = placed_[static_cast<std::size_t>(w.index - 1)];
-    const ElementRect& from = layout.Image1(w.index);
-    switch (w.property) {
-      case ElementProperty::Width: to.Width = from.Width; break;
-      case ElementProperty::Left: to.Left = from.Left; break;
-      case ElementProperty::Height: to.Height = from.Height; break;
-      case ElementProperty::Top: to.Top = from.Top; break;
-    }
-  }
+  ApplyWrites(LayOutGallery(PixelsToTwipsX(width()), PixelsToTwipsY(height()), kScrollBarHeight), placed_);
   for (int i = 1; i <= kGalleryElements; ++i) {
     const ElementRect& r = placed_[static_cast<std::size_t>(i - 1)];
     Image1(i)->setGeometry(TwipsRect(r.Left, r.Top, r.Width, r.Height));
@@ -157,8 +119,8 @@ void frmGallery::Image1_MouseUp(int index, Qt::MouseButton button, QPointF pos) 
     if (x.error == RtError::None) g.MouseX = x.value;
     if (y.error == RtError::None) g.MouseY = y.value;
     PopupSlideIndex = static_cast<std::int16_t>(index);
-    QMenu* popup = menus_[index > kGalleryCells ? "mnuPopup4" : "mnuPopup1"];
-    if (index <= kGalleryCells) items_["mnuPopup1Delete"]->setEnabled(Image1(index)->HasPicture());
+    QMenu* popup = Menu(index > kGalleryCells ? MenuId::Popup4 : MenuId::Popup1);
+    if (index <= kGalleryCells) Item(MenuId::Popup1Delete)->setEnabled(Image1(index)->HasPicture());
     popup->popup(QCursor::pos());
     SkipClick = true;
   } else {
@@ -170,18 +132,16 @@ void frmGallery::Image1_MouseUp(int index, Qt::MouseButton button, QPointF pos) 
 void frmGallery::Image1_Click(int index) {
   if (SkipClick) return;
   if (index <= kGalleryCells) ShowSlide(static_cast<std::int16_t>(index));
-  TheMDIMain().SetStatusText(QString("Slide: %1").arg(Globals().MainController->CurrentImageNumber()));
+  emit StatusTextChanged(QString("Slide: %1").arg(Globals().MainController->CurrentImageNumber()));
 }
 
 void frmGallery::Form_Activate() {
-  MDIMain& main = TheMDIMain();
-  main.UpdateHistoryMenu();
   SkipClick = false;
   UIMainController& mc = *Globals().MainController;
   const auto n = static_cast<std::int32_t>(Globals().Slides.size()) - 1;
   mc.CurrentlyActiveRoof(RoofOnActivate(mc.CurrentlyActiveRoof(), n));
   SetStatusText();
-  main.SetGalleryToolbar();
+  emit Activated();
 }
 
 void frmGallery::mnuPopup1Delete_Click() {
@@ -194,14 +154,14 @@ void frmGallery::mnuPopup1Delete_Click() {
     if (!g.MainController->SaveSettings(errors_)) MsgBox(kCannotSave, vbCritical, kErrorTitle);
     PopupSlideIndex = -1;
   }
-  TheMDIMain().RebuildGallery();
+  emit CollectionChanged();
 }
 
 void frmGallery::mnuSlidesAdd_Click() {
   ModGlobal& g = Globals();
   UIMainController& mc = *g.MainController;
-  frmCommonDialog& d = RunCommonDialog("Add Slide", PathToQ(mc.AppPath() + mc.GetGalleryDirectory()), "*.jpg",
-                                       {"Slides (*.jpg)", "All Files (*.*)"});
+  frmCommonDialog& d = RunCommonDialog("Add Slide", PathToQ(mc.AppPath() + mc.GetGalleryDirectory()), kSlidesPattern,
+                                       {kSlidesType, kAllFilesType});
   const QString selected = d.FileListBox1->FileName();
   if (selected.isEmpty()) return;
   NewSlidePath = d.FileListBox1->Path() + "/" + selected;
@@ -210,12 +170,12 @@ void frmGallery::mnuSlidesAdd_Click() {
   if (!GalleryController.AppendSlide(PathFromQ(NewSlidePath), mc, g.Slides)) return;
   if (!mc.SaveSettings(errors_)) return;
   NewSlidePath.clear();
-  TheMDIMain().RebuildGallery();
+  emit CollectionChanged();
 }
 
 void frmGallery::closeEvent(QCloseEvent* e) {
   if (QWidget* slide = FindOpenForm("frmSlide")) delete slide->parentWidget();
-  TheMDIMain().GalleryUnloaded();
+  emit Unloaded();
   e->accept();
 }
 

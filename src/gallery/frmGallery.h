@@ -3,12 +3,12 @@
 // pictures, scrolled sideways by one column. It never holds more than
 // fifteen slide pictures; scrolling reloads the same fifteen cells.
 
-#include <QHash>
 #include <QPointer>
 #include <QWidget>
 #include <array>
 #include <map>
 
+#include "app/MDIMainMenuBuilder.h"
 #include "base/RuntimeError.h"
 #include "gallery/UIGlobalController.h"
 
@@ -50,9 +50,9 @@ class frmGallery : public QWidget {
   StretchImage* Image1(int index) const { return images_[static_cast<std::size_t>(index - 1)]; }
   QScrollBar* FlatScrollBar1;
   QWidget* Picture1;
-  QAction* Item(const QString& name) const { return items_.value(name); }
-  QMenu* Menu(const QString& name) const { return menus_.value(name); }
-  const QList<QMenu*>& MenuBarMenus() const { return bar_; }
+  QAction* Item(MenuId id) const { return menus_.Item(id); }
+  QMenu* Menu(MenuId id) const { return menus_.Menu(id); }
+  const QList<QMenu*>& MenuBarMenus() const { return menus_.bar; }
 
   bool WarnMissingSlides = true;
   int WarnAnswer = 0;
@@ -62,7 +62,18 @@ class frmGallery : public QWidget {
   QPointer<frmSlide> fSlide;
 
  signals:
-  void SettingsChanged();
+  // A menu item whose command is the main window's (File, View, Window, Help).
+  void CommandChosen(cb::MenuId item);
+  void StatusTextChanged(const QString& text);
+  // The end of each activation: the frame shows the history and sets its toolbar.
+  void Activated();
+  // The first page is loaded: the frame's Window menu is live.
+  void PageLoaded();
+  // Slides were added or removed and saved: the gallery is to be built afresh.
+  void CollectionChanged();
+  // A new slide window, for the frame to take into its client area.
+  void SlideOpened(cb::frmSlide* slide);
+  void Unloaded();
 
  protected:
   void resizeEvent(QResizeEvent* e) override;
@@ -78,7 +89,8 @@ class frmGallery : public QWidget {
   void RefillCells(const ScrollStep& step);
   void Image1_MouseUp(int index, Qt::MouseButton button, QPointF pos);
   void Image1_Click(int index);
-  void ShowWhat(const QString& item);
+  void ShowWhat(MenuId item);
+  frmSlide* NewSlideWindow(const QImage& picture, const QString& tip);
   // Loads record `record`'s picture into cell `cell` as a load does: a missing
   // file goes through the missing-file protocol and is retried. False when
   // the load must end (any other failure).
@@ -92,9 +104,7 @@ class frmGallery : public QWidget {
   std::array<StretchImage*, 30> images_{};
   // Where the elements stand, in twips: the design's until the first resize.
   std::array<ElementRect, 30> placed_ = DesignLayout().elements;
-  QHash<QString, QAction*> items_;
-  QHash<QString, QMenu*> menus_;
-  QList<QMenu*> bar_;
+  BuiltMenus menus_;
   UIGlobalController GalleryController;
   ErrorArray errors_;
 };

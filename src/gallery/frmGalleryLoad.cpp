@@ -1,14 +1,13 @@
 // The gallery's load: frames first, then up to fifteen slides with the
 // missing-file protocol, tool tips, empty cells, the bar and the status text.
 #include <QLabel>
-#include <QMenu>
 #include <QProgressBar>
 #include <QScrollBar>
+#include <algorithm>
 
 #include "app/Forms.h"
-#include "app/MDIMain.h"
-#include "app/frmLoading.h"
 #include "app/modGlobal.h"
+#include "dialogs/frmLoading.h"
 #include "qt/GalleryPictures.h"
 #include "qt/LoadPicture.h"
 #include "qt/MsgBox.h"
@@ -38,7 +37,7 @@ std::int32_t UpperBound() { return static_cast<std::int32_t>(Globals().Slides.si
 
 void frmGallery::Create() {
   const DrawingLock lock(this);
-  items_["mnuFileGallery"]->setEnabled(false);
+  Item(MenuId::FileGallery)->setEnabled(false);
   setWindowTitle("Gallery <" + PathToQ(Globals().MainController->SlideInformationFilePath()) + ">");
   Load();
 }
@@ -87,10 +86,10 @@ void frmGallery::Load() {
 
   // The page's pictures decode together ahead of the loop, which keeps its order.
   QStringList paths;
-  for (std::int32_t i = 1; i <= n && i < 16; ++i) paths << GalleryPicturePath(i);
+  for (std::int32_t i = 1; i <= n && i <= kGalleryCells; ++i) paths << GalleryPicturePath(i);
   GalleryPictures::Instance().Fill(paths, GalleryCellBound());
 
-  for (std::int32_t i = 1; i <= n && i < 16; ++i) {
+  for (std::int32_t i = 1; i <= n && i <= kGalleryCells; ++i) {
     if (!LoadCell(i, i) || RecordInCell(mc.CurrentlyActiveBase(), i) > UpperBound()) {
       // Any other failure ends the load here, leaving the rest as it stands.
       UnloadLoading();
@@ -103,9 +102,9 @@ void frmGallery::Load() {
   }
 
   const std::int32_t now = UpperBound();
-  if (now - 1 < 15) {
+  if (now - 1 < kGalleryCells) {
     FlatScrollBar1->setEnabled(false);
-    for (std::int32_t i = now + 1; i <= 15; ++i) {
+    for (std::int32_t i = now + 1; i <= kGalleryCells; ++i) {
       Image1(i)->setToolTip(kEmptyCellToolTip.data());
       Image1(FrameOf(i))->SetPicture(frame);
     }
@@ -119,7 +118,7 @@ void frmGallery::Load() {
     FlatScrollBar1->setValue(range.minimum);
     g.GalleryScrollValue = 0;
   }
-  TheMDIMain().Menu("mnuWindow")->menuAction()->setEnabled(true);
+  emit PageLoaded();
   SetStatusText();
   UnloadLoading();
   PopupSlideIndex = -1;
@@ -156,7 +155,7 @@ void frmGallery::MissingSlide(std::int32_t record) {
   // A record number stands where a cell index is expected: with Base above 1
   // the slide removed is not always the one whose file is missing.
   GalleryController.DeleteSlide(record, mc, g.Slides);
-  mc.CurrentlyActiveRoof(UpperBound() < 15 ? UpperBound() : 15);
+  mc.CurrentlyActiveRoof(std::min(UpperBound(), std::int32_t{kGalleryCells}));
   mc.SaveSettings(errors_);
 }
 
@@ -169,8 +168,7 @@ void frmGallery::ClearSlideImages() {
 
 void frmGallery::SetStatusText() {
   const UIMainController& mc = *Globals().MainController;
-  TheMDIMain().SetStatusText(
-      ToQ(GalleryStatusText(mc.CurrentlyActiveBase(), mc.CurrentlyActiveRoof(), UpperBound())));
+  emit StatusTextChanged(ToQ(GalleryStatusText(mc.CurrentlyActiveBase(), mc.CurrentlyActiveRoof(), UpperBound())));
 }
 
 }  // namespace cb

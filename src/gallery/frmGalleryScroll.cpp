@@ -5,9 +5,8 @@
 #include <QScrollBar>
 
 #include "app/Forms.h"
-#include "app/MDIMain.h"
-#include "app/frmLoading.h"
 #include "app/modGlobal.h"
+#include "dialogs/frmLoading.h"
 #include "qt/GalleryPictures.h"
 #include "qt/StretchImage.h"
 #include "qt/Twips.h"
@@ -52,7 +51,7 @@ void frmGallery::FlatScrollBar1_Change(int value) {
   RefillCells(step);
   const ScrollFinish finish = FinishScroll(step, Window(mc), UpperBound());
   Store(mc, finish.window);
-  TheMDIMain().SetStatusText(ToQ(GalleryStatusText(finish.window.Base, finish.statusRoof, UpperBound())));
+  emit StatusTextChanged(ToQ(GalleryStatusText(finish.window.Base, finish.statusRoof, UpperBound())));
   UnloadLoading();
   g.GalleryScrollValue = step.scrollValue;
   LookAround();

@@ -1,8 +1,8 @@
 // Opening slides from the gallery: a click on a cell, or a report's link.
-#include <QMdiSubWindow>
+#include <QCursor>
+#include <QMenu>
 
 #include "app/Forms.h"
-#include "app/MDIMain.h"
 #include "app/modGlobal.h"
 #include "qt/LoadPicture.h"
 #include "qt/DrawingLock.h"
@@ -25,24 +25,21 @@ QImage SlidePicture(std::int32_t record) {
   return picture;
 }
 
-// A new slide window filling the main window's client area.
-frmSlide* NewSlideWindow(const QImage& picture, const QString& tip) {
+}  // namespace
+
+// A new slide window; the frame takes it into its client area.
+frmSlide* frmGallery::NewSlideWindow(const QImage& picture, const QString& tip) {
   auto* slide = new frmSlide();
   slide->Image1->SetPicture(picture);
   slide->Image1->setToolTip(tip);
-  MDIMain& main = TheMDIMain();
-  QMdiSubWindow* sub = main.MdiArea()->addSubWindow(slide);
-  sub->setAttribute(Qt::WA_DeleteOnClose);
-  sub->setGeometry(main.MdiArea()->viewport()->rect());
-  sub->show();
+  connect(slide, &frmSlide::PopupWanted, this, [this] { Menu(MenuId::Popup3)->popup(QCursor::pos()); });
+  emit SlideOpened(slide);
   return slide;
 }
 
-}  // namespace
-
 bool frmGallery::ShowSlide(std::int16_t index) {
   auto* open = qobject_cast<frmSlide*>(FindOpenForm("frmSlide"));
-  if (index < 1 || index > 15 || !Image1(index)->HasPicture()) return false;
+  if (index < 1 || index > kGalleryCells || !Image1(index)->HasPicture()) return false;
   UIMainController& mc = *Globals().MainController;
   mc.CurrentImageNumber(RecordInCell(mc.CurrentlyActiveBase(), index));
   const std::int32_t record = mc.CurrentImageNumber();

@@ -6,6 +6,7 @@
 #include <QRect>
 #include <QString>
 #include <string>
+#include <string_view>
 
 class QWidget;
 
@@ -25,6 +26,8 @@ void CentreOnScreen(QWidget& w);
 // The program's text (Windows-1252 bytes) as a QString, and back.
 QString ToQ(const std::string& cp1252);
 std::string FromQ(const QString& text);
+// A table's own text (ASCII or UTF-8) as a QString.
+inline QString Utf8ToQ(std::string_view utf8) { return QString::fromUtf8(utf8.data(), static_cast<qsizetype>(utf8.size())); }
 
 // Paths are the file system's own bytes (UTF-8), not the files' code page.
 QString PathToQ(const std::string& path);

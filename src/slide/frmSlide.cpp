@@ -1,18 +1,12 @@
 #include "slide/frmSlide.h"
 
-#include <QAction>
-#include <QCursor>
-#include <QMenu>
 #include <cmath>
 
-#include "app/Forms.h"
-#include "app/MDIMain.h"
 #include "app/modGlobal.h"
 #include "dialogs/HelpRoutine.h"
 #include "qt/DrawingLock.h"
 #include "qt/StretchImage.h"
 #include "qt/Twips.h"
-#include "gallery/frmGallery.h"
 #include "slide/SlideNames.h"
 #include "slide/Zoom.h"
 
@@ -66,8 +60,7 @@ void frmSlide::Image1_MouseUp(Qt::MouseButton button, QPointF pos) {
   if (x.error == RtError::None) g.MouseX = x.value;
   if (y.error == RtError::None) g.MouseY = y.value;
   if (button != Qt::RightButton) return;
-  if (auto* gallery = qobject_cast<frmGallery*>(FindOpenForm("frmGallery")))
-    gallery->Menu("mnuPopup3")->popup(QCursor::pos());
+  emit PopupWanted();
   SkipClick = true;
 }
 
@@ -76,12 +69,11 @@ void frmSlide::Image1_Click() {
     SkipClick = false;
     return;
   }
-  MDIMain& main = TheMDIMain();
-  const ZoomButtons pressed = ButtonsForClick(
-      {main.Button("Zoom")->isChecked() ? 1 : 0, main.Button("Unzoom")->isChecked() ? 1 : 0});
-  main.Button("Zoom")->setChecked(pressed.zoom == 1);
-  main.Button("Unzoom")->setChecked(pressed.unzoom == 1);
-  ZoomingIn = cb::ZoomingIn(pressed);
+  emit Clicked();
+}
+
+void frmSlide::Zoom(bool in) {
+  ZoomingIn = in;
   Image1->hide();
   // An element is no larger than the toolkit takes; a larger write is refused.
   Place(ZoomStep(image_, ScaleWidth(), ScaleHeight(), ClickX, ClickY, ZoomingIn, PixelsToTwipsX(QWIDGETSIZE_MAX)));
@@ -99,11 +91,10 @@ void frmSlide::Form_Activate() {
   if (n >= 0 && n < static_cast<std::int32_t>(g.Slides.size()))
     Image1->setToolTip(ToQ(Trim(g.Slides[static_cast<std::size_t>(n)].Get(Field::SlideText))));
   SkipClick = false;
-  TheMDIMain().SetSlideToolbar();
+  emit Activated();
 }
 
-void frmSlide::ShowEditSlide(std::int32_t) {
-  // The slide editors of the three templates open here once they land.
-}
+// The Edit button reaches here; the slide editors of the three templates are not built yet.
+void frmSlide::ShowEditSlide(std::int32_t) {}
 
 }  // namespace cb

@@ -24,6 +24,8 @@ class frmSlide : public QWidget {
   void ShowEditSlide(std::int32_t slideTemplate);
   // The popup's Reset: the picture fills the window from its corner.
   void Reset();
+  // One zoom step about the last press, in or out.
+  void Zoom(bool in);
   // The picture's place in twips.
   ElementRect ImageRect() const { return image_; }
   // The caption from the current slide.
@@ -31,7 +33,12 @@ class frmSlide : public QWidget {
   void Form_Activate();
 
  signals:
-  void SlideChanged();
+  // Each activation: the frame sets its toolbar for a slide.
+  void Activated();
+  // A click that zooms: the frame decides the sense from its Zoom buttons and calls Zoom.
+  void Clicked();
+  // The right button: the gallery offers its slide popup.
+  void PopupWanted();
 
  protected:
   void resizeEvent(QResizeEvent* e) override;

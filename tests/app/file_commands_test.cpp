@@ -122,7 +122,7 @@ TEST_F(FileCommandsTest, GalleryMenuReachesTheCommandsThatRebuildIt) {
   testing::WriteFile(Files("second.sif"), "");
   AnswerDialog("", "second.sif");
   QPointer<frmGallery> old = &Gallery();
-  old->Item("mnuFileOpen")->trigger();  // the gallery goes down under its own menu
+  old->Item(MenuId::FileOpen)->trigger();  // the gallery goes down under its own menu
   EXPECT_TRUE(old.isNull());
   EXPECT_EQ(Mc().SlideInformationFile(), "second.sif");
   ASSERT_NE(TheMDIMain().fGallery(), nullptr);

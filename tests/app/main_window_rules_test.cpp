@@ -46,15 +46,16 @@ TEST(MainWindowRulesTest, WindowButtonCyclesThroughTheArrangements) {
 
 TEST(MainWindowRulesTest, ToolbarFollowsTheSlideWindow) {
   struct Row {
-    const char* key;
+    ToolbarButton key;
     bool withSlide, without;
   };
-  const Row rows[] = {{"New", false, true},   {"Open", false, true},  {"Window", true, true},
-                      {"Edit", true, false},  {"Zoom", true, false},  {"Report", true, true},
-                      {"Unzoom", true, false}, {"Back", false, true}, {"Help", true, true}};
+  using B = ToolbarButton;
+  const Row rows[] = {{B::New, false, true},   {B::Open, false, true},  {B::Window, true, true},
+                      {B::Edit, true, false},  {B::Zoom, true, false},  {B::Report, true, true},
+                      {B::Unzoom, true, false}, {B::Back, false, true}, {B::Help, true, true}};
   for (const auto& r : rows) {
-    EXPECT_EQ(ToolbarButtonEnabled(r.key, true), r.withSlide) << r.key;
-    EXPECT_EQ(ToolbarButtonEnabled(r.key, false), r.without) << r.key;
+    EXPECT_EQ(ToolbarButtonEnabled(r.key, true), r.withSlide) << ButtonSpec(r.key).key;
+    EXPECT_EQ(ToolbarButtonEnabled(r.key, false), r.without) << ButtonSpec(r.key).key;
   }
 }
 

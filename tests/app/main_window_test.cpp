@@ -74,16 +74,16 @@ TEST_F(MainWindowTest, MenuBarShowsTheTableAndHidesThePopups) {
   QStringList bar;
   for (QAction* a : m.menuBar()->actions()) bar << a->text();
   EXPECT_EQ(bar, QStringList({"&File", "&View", "&Slides", "&Window", "&Help"}));
-  EXPECT_FALSE(m.Item("mnuFileNew")->isEnabled());
-  EXPECT_FALSE(m.Item("mnuFileSaveAs")->isEnabled());
-  EXPECT_TRUE(m.Item("mnuFileOpen")->isEnabled());
-  EXPECT_FALSE(m.Item("mnuSlidesAdd")->isEnabled());
-  EXPECT_FALSE(m.Item("mnuFileHist(1)")->isVisible());
-  EXPECT_FALSE(m.Item("mnuBar4")->isVisible());
-  EXPECT_TRUE(m.Item("mnuViewToolbar")->isChecked());
-  EXPECT_EQ(m.Item("mnuWindowHorizontal")->text(), "T&ile Horizontally");
-  ASSERT_NE(m.Menu("mnuPopup2"), nullptr);
-  EXPECT_EQ(m.Menu("mnuPopup2")->actions().size(), 4);
+  EXPECT_FALSE(m.Item(MenuId::FileNew)->isEnabled());
+  EXPECT_FALSE(m.Item(MenuId::FileSaveAs)->isEnabled());
+  EXPECT_TRUE(m.Item(MenuId::FileOpen)->isEnabled());
+  EXPECT_FALSE(m.Item(MenuId::SlidesAdd)->isEnabled());
+  EXPECT_FALSE(m.Item(MenuId::FileHist1)->isVisible());
+  EXPECT_FALSE(m.Item(MenuId::Bar4)->isVisible());
+  EXPECT_TRUE(m.Item(MenuId::ViewToolbar)->isChecked());
+  EXPECT_EQ(m.Item(MenuId::WindowHorizontal)->text(), "T&ile Horizontally");
+  ASSERT_NE(m.Menu(MenuId::Popup2), nullptr);
+  EXPECT_EQ(m.Menu(MenuId::Popup2)->actions().size(), 4);
   EXPECT_EQ(m.windowTitle(), "Chattelbook");
 }
 
@@ -95,30 +95,30 @@ TEST_F(MainWindowTest, ToolbarHasNineButtonsWithPicturesAndTips) {
     EXPECT_FALSE(a->icon().isNull()) << a->text().toStdString();
   }
   EXPECT_EQ(keys, QStringList({"New", "Open", "Edit", "Report", "Zoom", "Unzoom", "Window", "Back", "Help"}));
-  EXPECT_EQ(m.Button("Back")->toolTip(), "Change Slide Background");
+  EXPECT_EQ(m.Button(ToolbarButton::Back)->toolTip(), "Change Slide Background");
 }
 
 TEST_F(MainWindowTest, ToolbarFollowsTheSlideWindow) {
   MDIMain& m = TheMDIMain();
   m.MDIForm_Activate();
-  EXPECT_TRUE(m.Button("New")->isEnabled());
-  EXPECT_FALSE(m.Button("Edit")->isEnabled());
-  EXPECT_TRUE(m.Button("Unzoom")->isChecked());
-  EXPECT_FALSE(m.Button("Zoom")->isChecked());
+  EXPECT_TRUE(m.Button(ToolbarButton::New)->isEnabled());
+  EXPECT_FALSE(m.Button(ToolbarButton::Edit)->isEnabled());
+  EXPECT_TRUE(m.Button(ToolbarButton::Unzoom)->isChecked());
+  EXPECT_FALSE(m.Button(ToolbarButton::Zoom)->isChecked());
   QMdiSubWindow* slide = Child("frmSlide");
   m.MDIForm_Activate();
-  m.Button("Zoom")->trigger();
-  EXPECT_FALSE(m.Button("New")->isEnabled());
-  EXPECT_FALSE(m.Button("Open")->isEnabled());
-  EXPECT_FALSE(m.Button("Back")->isEnabled());
-  EXPECT_TRUE(m.Button("Edit")->isEnabled());
-  EXPECT_TRUE(m.Button("Zoom")->isChecked());
-  EXPECT_FALSE(m.Button("Unzoom")->isChecked());
+  m.Button(ToolbarButton::Zoom)->trigger();
+  EXPECT_FALSE(m.Button(ToolbarButton::New)->isEnabled());
+  EXPECT_FALSE(m.Button(ToolbarButton::Open)->isEnabled());
+  EXPECT_FALSE(m.Button(ToolbarButton::Back)->isEnabled());
+  EXPECT_TRUE(m.Button(ToolbarButton::Edit)->isEnabled());
+  EXPECT_TRUE(m.Button(ToolbarButton::Zoom)->isChecked());
+  EXPECT_FALSE(m.Button(ToolbarButton::Unzoom)->isChecked());
   delete slide;
   m.MDIForm_Activate();
-  EXPECT_TRUE(m.Button("New")->isEnabled());
-  EXPECT_FALSE(m.Button("Zoom")->isEnabled());
-  EXPECT_TRUE(m.Button("Zoom")->isChecked());  // pressed stays pressed
+  EXPECT_TRUE(m.Button(ToolbarButton::New)->isEnabled());
+  EXPECT_FALSE(m.Button(ToolbarButton::Zoom)->isEnabled());
+  EXPECT_TRUE(m.Button(ToolbarButton::Zoom)->isChecked());  // pressed stays pressed
 }
 
 TEST_F(MainWindowTest, WindowButtonArrangesInItsCycle) {
@@ -134,7 +134,7 @@ TEST_F(MainWindowTest, WindowButtonArrangesInItsCycle) {
   };
   std::vector<std::string> seen;
   for (int i = 0; i < 5; ++i) {
-    m.Button("Window")->trigger();
+    m.Button(ToolbarButton::Window)->trigger();
     seen.push_back(layout());
   }
   EXPECT_EQ(seen, (std::vector<std::string>{"cascade", "vertical", "cascade", "horizontal", "vertical"}));
@@ -152,7 +152,7 @@ TEST_F(MainWindowTest, OpeningTheFourthEntryKeepsTheThirdTwice) {
   m.UpdateHistoryMenu();  // the gallery's activation
   EXPECT_EQ(Globals().History, (std::array<std::string, 5>{"", "c.sif", "a.sif", "b.sif", "c.sif"}));
   EXPECT_EQ(testing::ReadFile(app / "fhistlst.dat"), "\"c.sif\",\"a.sif\",\"b.sif\",\"c.sif\"\r\n");
-  EXPECT_EQ(m.Item("mnuFileHist(4)")->text(), "4 c.sif");
+  EXPECT_EQ(m.Item(MenuId::FileHist4)->text(), "4 c.sif");
   m.UpdateHistoryMenu();  // the next activation brings the open file in at the top
   EXPECT_EQ(Globals().History, (std::array<std::string, 5>{"", "d.sif", "c.sif", "a.sif", "b.sif"}));
   EXPECT_TRUE(messages.isEmpty());
@@ -169,28 +169,28 @@ TEST_F(MainWindowTest, EmptyHistoryShowsTwoSeparatorsAndNoEntries) {
   Globals().History = {"", "", "", "", ""};
   MDIMain& m = TheMDIMain();
   m.UpdateHistoryMenu();  // the open file has no name yet, like the empty first entry
-  EXPECT_TRUE(m.Item("mnuBar4")->isVisible());
-  EXPECT_TRUE(m.Item("mnuBar5")->isVisible());
-  for (int i = 1; i <= 4; ++i) EXPECT_FALSE(m.Item(QString("mnuFileHist(%1)").arg(i))->isVisible());
+  EXPECT_TRUE(m.Item(MenuId::Bar4)->isVisible());
+  EXPECT_TRUE(m.Item(MenuId::Bar5)->isVisible());
+  for (int i = 1; i <= 4; ++i) EXPECT_FALSE(m.Item(HistoryItem(i))->isVisible());
   EXPECT_FALSE(std::filesystem::exists(app / "fhistlst.dat"));
 }
 
 TEST_F(MainWindowTest, ViewItemsHideAndShowTheBars) {
   MDIMain& m = TheMDIMain();
   m.show();
-  m.Item("mnuViewToolbar")->trigger();
-  EXPECT_FALSE(m.Item("mnuViewToolbar")->isChecked());
+  m.Item(MenuId::ViewToolbar)->trigger();
+  EXPECT_FALSE(m.Item(MenuId::ViewToolbar)->isChecked());
   EXPECT_FALSE(m.Toolbar1()->isVisible());
-  m.Item("mnuViewToolbar")->trigger();
+  m.Item(MenuId::ViewToolbar)->trigger();
   EXPECT_TRUE(m.Toolbar1()->isVisible());
-  m.Item("mnuViewStatusbar")->trigger();
+  m.Item(MenuId::ViewStatusbar)->trigger();
   EXPECT_FALSE(m.StatusBar1()->isVisible());
 }
 
 TEST_F(MainWindowTest, WallpaperNoteOpensAtTheLastPress) {
   Globals().MouseX = 1500;
   Globals().MouseY = 3000;
-  TheMDIMain().Item("mnuPopup2What")->trigger();
+  TheMDIMain().Item(MenuId::Popup2What)->trigger();
   auto* what = qobject_cast<dlgWhat*>(FindOpenForm("dlgWhat"));
   ASSERT_NE(what, nullptr);
   EXPECT_EQ(what->WhatText,

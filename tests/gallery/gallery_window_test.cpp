@@ -125,12 +125,12 @@ TEST_F(GalleryWindowTest, ClickOnAnEmptyCellOnlyReportsItsNumber) {
 TEST_F(GalleryWindowTest, RightClickOffersRemovalAndSkipsTheClick) {
   Start(4);
   QTest::mouseClick(Gallery().Image1(9), Qt::RightButton);
-  EXPECT_FALSE(Gallery().Item("mnuPopup1Delete")->isEnabled());
-  Gallery().Menu("mnuPopup1")->hide();
+  EXPECT_FALSE(Gallery().Item(MenuId::Popup1Delete)->isEnabled());
+  Gallery().Menu(MenuId::Popup1)->hide();
   QTest::mouseClick(Gallery().Image1(2), Qt::RightButton);
-  EXPECT_TRUE(Gallery().Item("mnuPopup1Delete")->isEnabled());
+  EXPECT_TRUE(Gallery().Item(MenuId::Popup1Delete)->isEnabled());
   EXPECT_EQ(Gallery().PopupSlideIndex, 2);
-  Gallery().Menu("mnuPopup1")->hide();
+  Gallery().Menu(MenuId::Popup1)->hide();
   EXPECT_EQ(FindOpenForm("frmSlide"), nullptr);
 }
 
@@ -143,7 +143,7 @@ TEST_F(GalleryWindowTest, SlideOpensAndZoomsOnClick) {
   const ElementRect before = slide->ImageRect();
   QTest::mouseClick(slide->Image1, Qt::LeftButton, {}, QPoint(10, 10));
   EXPECT_FLOAT_EQ(slide->ImageRect().Width, static_cast<float>(before.Width * 1.2));
-  EXPECT_TRUE(TheMDIMain().Button("Zoom")->isChecked());
+  EXPECT_TRUE(TheMDIMain().Button(ToolbarButton::Zoom)->isChecked());
 }
 
 TEST_F(GalleryWindowTest, RemovingCellThreeOnThePageFromSixteenRemovesEighteen) {
@@ -153,8 +153,8 @@ TEST_F(GalleryWindowTest, RemovingCellThreeOnThePageFromSixteenRemovesEighteen) 
     if (auto* q = qobject_cast<dlgRemoveSlide*>(QApplication::activeModalWidget())) q->cmdOK->click();
   });
   QTest::mouseClick(Gallery().Image1(3), Qt::RightButton);
-  Gallery().Menu("mnuPopup1")->hide();
-  Gallery().Item("mnuPopup1Delete")->trigger();
+  Gallery().Menu(MenuId::Popup1)->hide();
+  Gallery().Item(MenuId::Popup1Delete)->trigger();
   EXPECT_EQ(Mc().NumberOfRecords(), 19);
   EXPECT_EQ(Trim(Globals().Slides[18].Get(Field::SlideText)), "Slide 19");
   EXPECT_EQ(Trim(Globals().Slides[17].Get(Field::SlideText)), "Slide 17");
@@ -181,11 +181,11 @@ TEST_F(GalleryWindowTest, ActiveGalleryBringsItsOwnMenuBar) {
   Start(3);
   QMenuBar* bar = TheMDIMain().menuBar();
   TheMDIMain().MdiArea()->setActiveSubWindow(qobject_cast<QMdiSubWindow*>(Gallery().parentWidget()));
-  EXPECT_EQ(bar->actions().value(0), Gallery().Menu("mnuFile")->menuAction());
+  EXPECT_EQ(bar->actions().value(0), Gallery().Menu(MenuId::File)->menuAction());
   QTest::mouseClick(Gallery().Image1(1), Qt::LeftButton);  // a slide window comes to the front
-  EXPECT_EQ(bar->actions().value(0), TheMDIMain().Menu("mnuFile")->menuAction());
-  EXPECT_TRUE(Gallery().Item("mnuFileSaveAs")->isEnabled());
-  EXPECT_FALSE(TheMDIMain().Item("mnuFileSaveAs")->isEnabled());
+  EXPECT_EQ(bar->actions().value(0), TheMDIMain().Menu(MenuId::File)->menuAction());
+  EXPECT_TRUE(Gallery().Item(MenuId::FileSaveAs)->isEnabled());
+  EXPECT_FALSE(TheMDIMain().Item(MenuId::FileSaveAs)->isEnabled());
 }
 
 TEST_F(GalleryWindowTest, TooSmallWindowMovesTheFramesAndLeavesThePictures) {

@@ -1,4 +1,4 @@
-#include "app/frmLoading.h"
+#include "dialogs/frmLoading.h"
 
 #include <QGuiApplication>
 #include <QLabel>
