@@ -99,7 +99,7 @@ void MDIMain::MDIForm_Activate() {
 }
 
 void MDIMain::Toolbar1_ButtonClick(ToolbarButton b) {
-  // Wiring a button: a row here, and its line in Built() once its window lands.
+  // Wiring a button: its command here, and its window's line in Built() set true when the window is built.
   struct ButtonAction {
     ToolbarButton button;
     void (MDIMain::*action)();

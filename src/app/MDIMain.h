@@ -91,8 +91,6 @@ class MDIMain : public QMainWindow {
   // Lays the children out as the Window commands do.
   void Arrange(Arrangement a);
 
-  ErrorArray& Errors() { return errors_; }
-
  protected:
   void changeEvent(QEvent* e) override;
   void closeEvent(QCloseEvent* e) override;

@@ -24,10 +24,13 @@ constexpr char kWallpaperWhat1[] = "The wallpaper or background image.";
 constexpr char kWallpaperWhat2[] = "Use the 'Set Wallpaper' option to change the background.";
 constexpr long kWallpaperWhatHeight = 800, kWallpaperWhatWidth = 4000;
 
-// Wiring a menu item: its row in the menu table (MDIMainRules.cpp) gives the id
-// and the object name; its command goes here, and its window's line in Built()
-// turns true when the window lands. The gallery's items of the same id arrive
-// here through its CommandChosen signal.
+// Wiring a menu item: its row in the menu table (MDIMainRules.cpp, and
+// GalleryMenuTable.cpp for the gallery's bar) gives the id and the object
+// name; its command goes here; a row that names the window it awaits stays
+// disabled until that window's line in Built() is set true. The gallery's
+// items of the same id arrive here through its CommandChosen signal; a new
+// child window declares signals of its own and MDIMain connects them where it
+// makes the child (see mnuFileGallery_Click and AddSlideWindow).
 struct Handler {
   MenuId item;
   void (MDIMain::*click)();

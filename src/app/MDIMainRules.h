@@ -50,8 +50,8 @@ enum class Awaits : std::uint8_t {
   BackgroundChooser,  // Background Images: the wallpaper and the slides' frame
 };
 
-// Whether the window a row waits for is built: set a window's line to true
-// when it lands, and every row naming it comes alive.
+// Whether the window a row waits for is built: setting a window's line to
+// true brings every row naming it to life.
 constexpr bool Built(Awaits w) {
   switch (w) {
     case Awaits::Nothing: return true;

@@ -15,7 +15,7 @@ const QString& HelpPage() { return Page(); }
 
 void OpenHelp(const QString& page) {
   Page() = page;
-  // The help viewer shows HelpPage here once it lands; until then the page is only recorded.
+  // Only recorded: the help viewer is not built, and the items that would open it are disabled.
 }
 
 void CloseWithHelp(QDialog& dialog, const QString& page) {

@@ -2,6 +2,9 @@
 
 #include "support/RowName.h"
 #include "app/MDIMainRules.h"
+#include "gallery/GalleryMenuTable.h"
+
+#include <set>
 
 namespace cb {
 namespace {
@@ -57,6 +60,87 @@ TEST(MainWindowRulesTest, ToolbarFollowsTheSlideWindow) {
     EXPECT_EQ(ToolbarButtonEnabled(r.key, true), r.withSlide) << ButtonSpec(r.key).key;
     EXPECT_EQ(ToolbarButtonEnabled(r.key, false), r.without) << ButtonSpec(r.key).key;
   }
+}
+
+// What each event leaves on the toolbar: "+" live, "-" off, "." untouched;
+// the pressed column is Zoom then Unzoom.
+struct ToolbarRow {
+  const char* name;
+  ToolbarEvent event;
+  ToolbarFacts facts;
+  const char* enabled;  // New Open Edit Report Zoom Unzoom Window Back Help
+  const char* pressed;
+};
+
+const ToolbarRow kToolbarRows[] = {
+    {"frame_without_slide", ToolbarEvent::FrameActivated, {false, false, false}, "++----+--", ".+"},
+    {"frame_with_slide_zoom_pressed", ToolbarEvent::FrameActivated, {true, true, true}, "--+-+++--", ".-"},
+    {"gallery_alone", ToolbarEvent::GalleryActivated, {false, false, false}, "++----.-.", "+-"},
+    {"gallery_beside_a_slide", ToolbarEvent::GalleryActivated, {true, true, false}, "++----+-.", "+-"},
+    {"slide_alone", ToolbarEvent::SlideActivated, {true, false, false}, "--+-++.-.", "+-"},
+    {"slide_beside_the_gallery", ToolbarEvent::SlideActivated, {true, true, false}, "--+-+++-.", "+-"},
+    {"zoom", ToolbarEvent::ZoomPressed, {true, false, false}, ".........", "+-"},
+    {"unzoom", ToolbarEvent::UnzoomPressed, {true, false, true}, ".........", "-+"},
+    {"gallery_unloaded", ToolbarEvent::GalleryUnloaded, {false, false, false}, "..-......", ".."},
+};
+
+Change FromMark(char c) { return c == '+' ? Change::On : c == '-' ? Change::Off : Change::Keep; }
+
+class ToolbarEventTest : public ::testing::TestWithParam<ToolbarRow> {};
+
+// Report, Back and Help wait for their windows, so they never come on here.
+TEST_P(ToolbarEventTest, SetsTheButtonsTheEventTouches) {
+  const ToolbarChange c = ToolbarAfter(GetParam().event, GetParam().facts);
+  for (std::size_t k = 0; k < kToolbarButtonCount; ++k)
+    EXPECT_EQ(c[k].enabled, FromMark(GetParam().enabled[k])) << kToolbarButtons[k].key;
+  EXPECT_EQ(c[static_cast<std::size_t>(ToolbarButton::Zoom)].pressed, FromMark(GetParam().pressed[0]));
+  EXPECT_EQ(c[static_cast<std::size_t>(ToolbarButton::Unzoom)].pressed, FromMark(GetParam().pressed[1]));
+}
+
+INSTANTIATE_TEST_SUITE_P(Rows, ToolbarEventTest, ::testing::ValuesIn(kToolbarRows), cb::testing::RowName());
+
+struct TileRow {
+  const char* name;
+  Arrangement arrangement;
+  int width, height, n;
+  std::vector<TileRect> places;
+};
+
+const TileRow kTileRows[] = {
+    {"one_fills_the_area", Arrangement::TileVertical, 800, 600, 1, {{0, 0, 800, 600}}},
+    {"two_side_by_side", Arrangement::TileVertical, 800, 600, 2, {{0, 0, 400, 600}, {400, 0, 400, 600}}},
+    {"three_share_the_odd_pixel", Arrangement::TileVertical, 100, 50, 3,
+     {{0, 0, 33, 50}, {33, 0, 33, 50}, {66, 0, 34, 50}}},
+    {"three_one_above_another", Arrangement::TileHorizontal, 90, 100, 3,
+     {{0, 0, 90, 33}, {0, 33, 90, 33}, {0, 66, 90, 34}}},
+    {"more_children_than_pixels", Arrangement::TileHorizontal, 10, 2, 3,
+     {{0, 0, 10, 0}, {0, 0, 10, 1}, {0, 1, 10, 1}}},
+};
+
+class TileTest : public ::testing::TestWithParam<TileRow> {};
+
+TEST_P(TileTest, StripsMeetAndFillTheArea) {
+  const TileRow& row = GetParam();
+  for (int k = 0; k < row.n; ++k) {
+    const TileRect r = TilePlace(row.arrangement, row.width, row.height, k, row.n);
+    const TileRect& e = row.places[static_cast<std::size_t>(k)];
+    EXPECT_EQ(r, e) << k << ": " << r.left << "," << r.top << " " << r.width << "x" << r.height;
+  }
+}
+
+INSTANTIATE_TEST_SUITE_P(Rows, TileTest, ::testing::ValuesIn(kTileRows), cb::testing::RowName());
+
+// A row that names an id twice would leave one item unreachable; the history
+// entries are the only rows that share a name.
+TEST(MainWindowRulesTest, EveryMenuRowHasItsOwnId) {
+  for (const auto* table : {&MainMenu(), &GalleryMenu()}) {
+    std::set<MenuId> seen;
+    for (const auto& row : *table) {
+      EXPECT_TRUE(seen.insert(row.id).second) << row.name;
+      EXPECT_EQ(HistoryEntry(row.id) != 0, row.name == "mnuFileHist") << row.name;
+    }
+  }
+  for (int entry = 1; entry <= 4; ++entry) EXPECT_EQ(HistoryEntry(HistoryItem(entry)), entry);
 }
 
 }  // namespace

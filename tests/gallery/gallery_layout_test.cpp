@@ -77,5 +77,41 @@ TEST(GalleryCoordTest, ScalesByCell) {
   EXPECT_EQ(SlideToolTip("   "), "Click to enlarge");
 }
 
+// A resize takes the writes before the first refused one; the elements keep
+// the rest of their old values, property by property.
+TEST(GalleryLayoutTest, ResizeStopsAtTheFirstRefusedWrite) {
+  const ElementRect old{1, 2, 3, 4};
+  GalleryLayout layout = LayOutGallery(6630, 4950, kScrollBarHeight);
+  struct Row {
+    std::size_t refusedAt;
+    ElementRect frame16, image1;
+  };
+  const ElementRect f16 = layout.Image1(16), i1 = layout.Image1(1);
+  const Row rows[] = {
+      {0, old, old},                                            // the first write refused: nothing moves
+      {2, {f16.Left, old.Top, f16.Width, old.Height}, old},     // frame 16's width and left only
+      {4, f16, old},                                            // frame 16 whole, no slide image
+      {WriteOrder().size() - 2, f16, {i1.Left, i1.Top, i1.Width, i1.Height}},
+      {WriteOrder().size(), f16, i1},
+  };
+  for (const auto& row : rows) {
+    SCOPED_TRACE(row.refusedAt);
+    std::array<ElementRect, kGalleryElements> placed;
+    placed.fill(old);
+    layout.refusedAt = row.refusedAt;
+    ApplyWrites(layout, placed);
+    EXPECT_EQ(placed[15], row.frame16);
+    EXPECT_EQ(placed[0], row.image1);
+  }
+  // A real refusal: cells narrower than the insets move the frames and leave slide image 1.
+  const GalleryLayout tiny = LayOutGallery(900, 900, kScrollBarHeight);
+  ASSERT_LT(tiny.refusedAt, WriteOrder().size());
+  std::array<ElementRect, kGalleryElements> placed;
+  placed.fill(old);
+  ApplyWrites(tiny, placed);
+  EXPECT_EQ(placed[29], tiny.Image1(30));
+  EXPECT_EQ(placed[0], old);
+}
+
 }  // namespace
 }  // namespace cb
