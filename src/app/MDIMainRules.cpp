@@ -201,7 +201,7 @@ TileRect TilePlace(Arrangement a, int width, int height, int k, int n) {
   return {0, height * k / n, width, height * (k + 1) / n - height * k / n};
 }
 
-bool UpdateHistory(std::array<std::string, 5>& h, const std::string& c) {
+bool UpdateHistory(FileHistory& h, const std::string& c) {
   if (c == h[1]) return false;
   if (c == h[2]) {
     std::swap(h[1], h[2]);

@@ -11,6 +11,8 @@
 #include <string_view>
 #include <vector>
 
+#include "storage/SmallFiles.h"
+
 namespace cb {
 
 // The program's title: the main window's caption and the title of its messages.
@@ -152,6 +154,6 @@ TileRect TilePlace(Arrangement a, int width, int height, int k, int n);
 // Puts the open file `current` into the history (indexes 1 to 4). Returns
 // false when it already stood first and nothing needs writing. An entry
 // found fourth brings back the third in first place and keeps it fourth too.
-bool UpdateHistory(std::array<std::string, 5>& history, const std::string& current);
+bool UpdateHistory(FileHistory& history, const std::string& current);
 
 }  // namespace cb

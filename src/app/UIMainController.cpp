@@ -25,7 +25,7 @@ constexpr std::array<DirectoryTail, 5> kTails{{
     {"/Files/", 8},
     {"/Gallery/", 8},
     {"/Background/", 9},
-    {"/Reports/", 8},
+    {kReportsFolder, 8},
     {"/", 0},
 }};
 
@@ -89,32 +89,46 @@ std::string UIMainController::GetRootDirectory() const { return TailFor(appPath_
 std::int32_t UIMainController::GetCategories(KeyList& list) const { return cb::GetCategories(globals_.Slides, list); }
 std::int32_t UIMainController::GetLocations(KeyList& list) const { return cb::GetLocations(globals_.Slides, list); }
 
+SifSettings UIMainController::HeaderSettings() const {
+  return {numberOfRecords_, backgroundImage_, wallpaper_, slideTemplate_, reportFont_};
+}
+
+SifPaths UIMainController::LoadPaths() const {
+  return {slideInformationFilePath_, slideInformationFile_, appPath_ + GetSIFDirectory() + slideInformationFile_};
+}
+
 bool UIMainController::LoadSettings(ErrorArray& errors) {
-  const bool ok = DataAccess(*this, globals_.Slides).LoadSettings(errors);
-  if (ok) globals_.SlidesChanged = false;
-  return ok;
+  SifSettings s = HeaderSettings();
+  const Status status = DataAccess().LoadSettings(LoadPaths(), s, globals_.Slides);
+  if (s.NumberOfRecords != numberOfRecords_ || status.ok()) NumberOfRecords(s.NumberOfRecords);
+  backgroundImage_ = std::move(s.BackgroundImage);
+  wallpaper_ = std::move(s.Wallpaper);
+  slideTemplate_ = s.SlideTemplate;
+  reportFont_ = std::move(s.ReportFont);
+  if (status.ok()) globals_.SlidesChanged = false;
+  return Report(status, errors);
 }
 
 bool UIMainController::SaveSettings(ErrorArray& errors) {
-  const bool ok = DataAccess(*this, globals_.Slides).SaveSettings(errors);
-  if (ok) globals_.SlidesChanged = false;
-  return ok;
+  const Status status = DataAccess().SaveSettings(slideInformationFilePath_, HeaderSettings(), globals_.Slides);
+  if (status.ok()) globals_.SlidesChanged = false;
+  return Report(status, errors);
 }
 
 bool UIMainController::PutPassword(const std::string& password) {
-  return DataAccess(*this, globals_.Slides).PutPassword(password, globals_.ErrorInfo);
+  return Report(DataAccess().PutPassword(password), globals_.ErrorInfo);
 }
 
 bool UIMainController::GetPassword(std::string& password) {
-  return DataAccess(*this, globals_.Slides).GetPassword(password, globals_.ErrorInfo);
+  return Report(DataAccess().GetPassword(password), globals_.ErrorInfo);
 }
 
-bool UIMainController::GetFileHistoryList(std::array<std::string, 5>& history, ErrorArray& errors) {
-  return DataAccess(*this, globals_.Slides).GetFileHistoryList(history, errors);
+bool UIMainController::GetFileHistoryList(FileHistory& history, ErrorArray& errors) {
+  return Report(DataAccess().GetFileHistoryList(appPath_, history), errors);
 }
 
-bool UIMainController::PutFileHistoryList(const std::array<std::string, 5>& history, ErrorArray& errors) {
-  return DataAccess(*this, globals_.Slides).PutFileHistoryList(history, errors);
+bool UIMainController::PutFileHistoryList(const FileHistory& history, ErrorArray& errors) {
+  return Report(DataAccess().PutFileHistoryList(appPath_, history), errors);
 }
 
 }  // namespace cb

@@ -12,6 +12,7 @@
 #include "app/SettingsStore.h"
 #include "gallery/UIGlobalController.h"
 #include "slide/Categories.h"
+#include "storage/DataAccess.h"
 
 namespace cb {
 
@@ -89,6 +90,10 @@ class UIMainController {
   std::int32_t GetCategories(KeyList& list) const;
   std::int32_t GetLocations(KeyList& list) const;
 
+  // The header's settings and the paths a load of the open file uses.
+  SifSettings HeaderSettings() const;
+  SifPaths LoadPaths() const;
+
   // Read or write the open file through a fresh DataAccess; a success clears
   // SlidesChanged, a failure fills `errors`.
   bool LoadSettings(ErrorArray& errors);
@@ -98,8 +103,8 @@ class UIMainController {
   // password operations fill the program's ErrorInfo on failure.
   bool PutPassword(const std::string& password);
   bool GetPassword(std::string& password);
-  bool GetFileHistoryList(std::array<std::string, 5>& history, ErrorArray& errors);
-  bool PutFileHistoryList(const std::array<std::string, 5>& history, ErrorArray& errors);
+  bool GetFileHistoryList(FileHistory& history, ErrorArray& errors);
+  bool PutFileHistoryList(const FileHistory& history, ErrorArray& errors);
 
   // The what's-this scaling of a mouse position on Image1(index); index 0
   // leaves it as it is.

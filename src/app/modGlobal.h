@@ -10,6 +10,7 @@
 #include "app/UIMainController.h"
 #include "help/UIHelpController.h"
 #include "storage/SlideRecord.h"
+#include "storage/SmallFiles.h"
 
 namespace cb {
 
@@ -23,8 +24,7 @@ struct ModGlobal {
   // Set by edits, cleared by a load or save; the program saves at each edit instead.
   bool SlidesChanged = false;
   std::int32_t GalleryScrollValue = 0;
-  // The file history, newest first, in History[1] to History[4]; [0] unused.
-  std::array<std::string, 5> History;
+  FileHistory History;
   bool SplashDismissed = false;
   // Where the last mouse press happened, in twips; what's-this notes open there.
   std::int32_t MouseX = 0;

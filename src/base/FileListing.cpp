@@ -4,12 +4,12 @@
 #include <filesystem>
 #include <system_error>
 
+#include "base/Text.h"
+
 namespace cb {
 namespace fs = std::filesystem;
 
 namespace {
-
-char Lower(char c) { return (c >= 'A' && c <= 'Z') ? static_cast<char>(c - 'A' + 'a') : c; }
 
 // One pattern without ";": greedy "*" with a single back-tracking point.
 bool MatchOne(const std::string& name, const std::string& pattern) {

@@ -11,6 +11,12 @@
 
 namespace cb {
 
+// ASCII lower case; every other byte stays.
+constexpr char Lower(char c) { return (c >= 'A' && c <= 'Z') ? static_cast<char>(c - 'A' + 'a') : c; }
+
+// ASCII case-insensitive equality, as file and column names compare.
+bool SameName(std::string_view a, std::string_view b);
+
 // Removes blanks (32 only) from both ends; NULs and tabs stay.
 std::string Trim(std::string_view s);
 std::string RTrim(std::string_view s);

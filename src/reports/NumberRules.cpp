@@ -90,6 +90,11 @@ double LeadingNumber(std::string_view text) {
   return ParsePlain(number);
 }
 
+void AddSkippingOverflow(double& total, double v) {
+  const double t = total + v;
+  if (std::isfinite(t)) total = t;
+}
+
 std::string NumberText(double x) {
   if (x == 0) return "0";  // never "-0"
   char text[40];

@@ -31,6 +31,10 @@ std::string GeneralDateNow(const ReportLocale& locale);
 // treat as an overflow.
 double LeadingNumber(std::string_view text);
 
+// Adds `v` to `total` unless the sum leaves the range of a double: such a
+// sum is skipped, as a failing statement of the page step is.
+void AddSkippingOverflow(double& total, double v);
+
 // `x` in decimal with up to 15 significant digits and no leading blank;
 // exponent form ("1E+20", "1.5E-05") below 1E-4 and from 1E+15 on.
 std::string NumberText(double x);

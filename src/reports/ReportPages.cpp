@@ -15,13 +15,13 @@ std::string ReportPages::ItemAtCurrent() const {
   return items_[static_cast<std::size_t>(current_)];
 }
 
-std::string ReportPages::Stack(std::int32_t operation, const std::string& fileName) {
+std::string ReportPages::Stack(StackOp operation, const std::string& fileName) {
   switch (operation) {
-    case -1:
+    case StackOp::Back:
       if (current_ < 2) return {};
       --current_;
       return ItemAtCurrent();
-    case 0:
+    case StackOp::Push:
       if (current_ < UpperBound()) {
         ++current_;
       } else {
@@ -31,15 +31,15 @@ std::string ReportPages::Stack(std::int32_t operation, const std::string& fileNa
       }
       items_[static_cast<std::size_t>(current_)] = fileName;
       return fileName;
-    case 1:
+    case StackOp::Forward:
       if (current_ >= UpperBound()) return {};
       ++current_;
       return ItemAtCurrent();
-    case 7:
+    case StackOp::CurrentName:
       return kReportPrefix + BlankLedDecimal(current_) + kReportSuffix;
-    case 8:
+    case StackOp::NextName:
       return kReportPrefix + BlankLedDecimal(static_cast<std::int64_t>(current_) + 1) + kReportSuffix;
-    case 9:
+    case StackOp::Restart:
       items_.assign(2, std::string());
       items_[1] = fileName;
       current_ = 1;

@@ -8,17 +8,21 @@
 
 namespace cb {
 
+// The list operations, by the numbers they have always had.
+enum class StackOp : std::int32_t {
+  Back = -1,        // Current - 1 when it is 2 or more; the item there, else ""
+  Push = 0,         // Current + 1 when below the end, else one more item;
+                    // stores `fileName` at Current and returns it
+  Forward = 1,      // Current + 1 when below the end; the item there, else ""
+  CurrentName = 7,  // "Report" + blank-led Current + ".htm"
+  NextName = 8,     // the same for Current + 1
+  Restart = 9,      // `fileName` becomes the only item, Current 1; returns it
+};
+
 class ReportPages {
  public:
-  // The list operations by number:
-  //  -1 back: Current - 1 when it is 2 or more; the item there, else "".
-  //   0 push: Current + 1 when below the end, else one more item; stores
-  //     `fileName` at Current and returns it.
-  //   1 forward: Current + 1 when below the end; the item there, else "".
-  //   7 "Report" + blank-led Current + ".htm"; 8 the same for Current + 1.
-  //   9 restart: `fileName` becomes the only item, Current 1; returns it.
-  // Any other operation returns "" and changes nothing.
-  std::string Stack(std::int32_t operation, const std::string& fileName);
+  // Runs `operation`; any number outside StackOp returns "" and changes nothing.
+  std::string Stack(StackOp operation, const std::string& fileName);
 
   std::int32_t Current() const { return current_; }
   // The items from index 1; index 0 is unused. Empty before the first use.

@@ -42,8 +42,7 @@ void AppendRows(std::string& p, const SubReportPageInput& in, double& total) {
     p += "<td width='20%'>";
     const std::string value = s.Get(Field::Value);
     p += "<p align='right'><font size='2' face='" + f + "'>" + value + "</font></td>";
-    const double t = total + LeadingNumber(value);
-    if (std::isfinite(t)) total = t;  // an overflowing sum is skipped like a failing statement
+    AddSkippingOverflow(total, LeadingNumber(value));
     p += "</tr>";
   }
 }

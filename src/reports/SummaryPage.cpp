@@ -41,13 +41,6 @@ class Cells {
   const std::string& f_;
 };
 
-// A sum whose result leaves the range of a double is skipped, as a failing
-// statement of the page step is.
-void Add(double& total, double v) {
-  const double t = total + v;
-  if (std::isfinite(t)) total = t;
-}
-
 void AppendGroupRows(std::string& page, const SummaryPageInput& in, double& grandTotal) {
   const ValueMatrix& m = *in.matrix;
   const KeyList& groups = *in.groups;
@@ -66,7 +59,7 @@ void AppendGroupRows(std::string& page, const SummaryPageInput& in, double& gran
     double groupTotal = 0;
     std::int32_t row = 1;
     for (const auto& [e, v] : rows) {
-      Add(groupTotal, v);
+      AddSkippingOverflow(groupTotal, v);
       const std::string& entry = entries[static_cast<std::size_t>(e)];
       if (row == 1) {
         // The first row shares the group's "<tr>"; later rows open none.
@@ -90,7 +83,7 @@ void AppendGroupRows(std::string& page, const SummaryPageInput& in, double& gran
       page += "</tr>";
       ++row;
     }
-    Add(grandTotal, groupTotal);
+    AddSkippingOverflow(grandTotal, groupTotal);
   }
 }
 

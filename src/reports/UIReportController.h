@@ -10,6 +10,7 @@
 
 #include "base/RuntimeError.h"
 #include "reports/NumberRules.h"
+#include "reports/ReportMaker.h"
 #include "reports/ReportPages.h"
 #include "reports/SummaryPage.h"
 #include "storage/SlideRecord.h"
@@ -17,10 +18,6 @@
 namespace cb {
 
 class UIMainController;
-
-// The word for the second grouping under `slideTemplate`: 1 "Location",
-// 2 "Suburb", 3 "Year"; nothing for any other template.
-std::optional<std::string_view> GroupLabel(std::int32_t slideTemplate);
 
 class UIReportController {
  public:
@@ -45,7 +42,7 @@ class UIReportController {
   bool CreateSubReportByLocation(const std::string& key);
 
   // The list of report files written since the summary; see ReportPages::Stack.
-  std::string ReportStack(std::int32_t operation, const std::string& fileName);
+  std::string ReportStack(StackOp operation, const std::string& fileName);
 
   // Writes `text` to the Reports directory under the bare name `fileName`,
   // which comes back as the full path. False, with `errors` filled, on failure.
@@ -57,8 +54,7 @@ class UIReportController {
  private:
   bool CreateReport(ReportKind kind);
   bool CreateSubReport(ReportKind kind, const std::string& key);
-  RtError CheckSlides() const;
-  bool Fail(RtError e);
+  ReportSource Source() const;
   std::string ReportsDirectory() const;
 
   UIMainController& mc_;

@@ -1,57 +1,75 @@
 #pragma once
-// The only class that touches the data files. Stateless: a new instance
-// serves one call. See doc/sif-format.md for the Slide Information File.
+// The only class that touches the data files. It knows nothing of the
+// program: callers hand it the paths and the header's settings as values.
+// Stateless: a new instance serves one call. See doc/sif-format.md for the
+// Slide Information File and doc/small-files.md for the others.
 
-#include <array>
+#include <cstdint>
 #include <string>
+#include <string_view>
 
-#include "base/RuntimeError.h"
+#include "base/Status.h"
+#include "storage/Env.h"
+#include "storage/SifReader.h"
 #include "storage/SlideRecord.h"
+#include "storage/SmallFiles.h"
 
 namespace cb {
 
-class UIMainController;
+// The header's five settings, as a load stores them and a save writes them.
+struct SifSettings {
+  std::int32_t NumberOfRecords = 0;  // a save counts the slides instead
+  std::string BackgroundImage;
+  std::string Wallpaper;
+  std::int32_t SlideTemplate = 0;
+  std::string ReportFont;
+};
+
+// Where a load looks for its file.
+struct SifPaths {
+  std::string Chosen;    // the path the user chose
+  std::string FileName;  // the name that path must find, exactly
+  std::string ReadFrom;  // the file read: the installation's files directory
+};
+
+// The reports directory after the application directory.
+inline constexpr std::string_view kReportsFolder = "/Reports/";
+// What a saved report page ends in.
+inline constexpr std::string_view kReportLineEnd = "\r\n";
 
 class DataAccess {
  public:
-  // `controller` gives the paths and takes the header's settings;
-  // `slides` is the collection that is written or replaced.
-  DataAccess(UIMainController& controller, SlideArray& slides) : mc_(controller), slides_(slides) {}
+  explicit DataAccess(Env& env = Env::Default()) : env_(env) {}
 
-  // Rewrites every record of the open file at SlideInformationFilePath from a
-  // scrambled copy of the slides. The file keeps its length: records behind
-  // the last slide stay. On failure fills `errors` and returns false; records
-  // already written stay written.
-  bool SaveSettings(ErrorArray& errors);
+  // Rewrites every record of the file at `path` from a scrambled copy of
+  // `slides` (element 0 is the header) and `settings`. The file keeps its
+  // length: records behind the last slide stay. Records written before a
+  // failure stay written.
+  Status SaveSettings(const std::string& path, const SifSettings& settings, const SlideArray& slides);
 
-  // Reads the file named SlideInformationFile from the installation's files
-  // directory, after checking that the chosen path names it exactly. Replaces
-  // the slides and the header's settings. On failure fills `errors` (only
-  // errors[2] when the file is not found) and leaves the slides unchanged.
-  bool LoadSettings(ErrorArray& errors);
+  // Reads paths.ReadFrom after checking that paths.Chosen finds
+  // paths.FileName exactly; a missing ReadFrom is created empty. Replaces `slides` on success and leaves them
+  // unchanged on failure. The settings are stored one by one as the load
+  // meets them, so a failure keeps those stored before it.
+  Status LoadSettings(const SifPaths& paths, SifSettings& settings, SlideArray& slides);
 
   // The password shared by every installation of this user, in "dprpz.dat"
   // under PasswordDirectory(): one 8-byte scrambled record. A missing file
   // is created empty; an empty or blank record means no password.
-  bool PutPassword(const std::string& password, ErrorArray& errors);
-  bool GetPassword(std::string& password, ErrorArray& errors);
+  Status PutPassword(const std::string& password);
+  Status GetPassword(std::string& password);
 
-  // The four last files, "fhistlst.dat" in the application directory, one
-  // line of four quoted strings. `history` uses indexes 1 to 4. A read that
-  // fails leaves the entries read so far filled.
-  bool GetFileHistoryList(std::array<std::string, 5>& history, ErrorArray& errors);
-  bool PutFileHistoryList(const std::array<std::string, 5>& history, ErrorArray& errors);
+  // The file history, "fhistlst.dat" in `appPath`, one line of quoted
+  // strings. A read that fails leaves the entries read so far filled.
+  Status GetFileHistoryList(const std::string& appPath, FileHistory& history);
+  Status PutFileHistoryList(const std::string& appPath, const FileHistory& history);
 
-  // Writes `text` and a line end to `fileName` (a full path), replacing it,
-  // and makes the reports directory when it is missing.
-  bool SaveReport(const std::string& fileName, const std::string& text, ErrorArray& errors);
-
-  // The largest count a load or save can loop over.
-  static constexpr long kMaxRecords = 32767;
+  // Writes `text` and kReportLineEnd to `fileName` (a full path), replacing it,
+  // and makes `reportsDirectory` when it is missing.
+  Status SaveReport(const std::string& reportsDirectory, const std::string& fileName, const std::string& text);
 
  private:
-  UIMainController& mc_;
-  SlideArray& slides_;
+  Env& env_;
 };
 
 }  // namespace cb

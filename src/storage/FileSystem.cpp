@@ -1,19 +1,12 @@
 #include "storage/FileSystem.h"
 
-#include <algorithm>
 #include <filesystem>
 #include <system_error>
 
+#include "base/Text.h"
+
 namespace cb {
 namespace fs = std::filesystem;
-
-namespace {
-char Lower(char c) { return (c >= 'A' && c <= 'Z') ? static_cast<char>(c - 'A' + 'a') : c; }
-}  // namespace
-
-bool EqualsIgnoreCase(const std::string& a, const std::string& b) {
-  return std::ranges::equal(a, b, [](char x, char y) { return Lower(x) == Lower(y); });
-}
 
 std::string DirEntryName(const std::string& path) {
   const auto slash = path.rfind('/');
@@ -24,7 +17,7 @@ std::string DirEntryName(const std::string& path) {
   const fs::path dir = slash == std::string::npos ? fs::path(".") : fs::path(path.substr(0, slash + 1));
   for (fs::directory_iterator it(dir, ec), end; !ec && it != end; it.increment(ec)) {
     const std::string entry = it->path().filename().string();
-    if (EqualsIgnoreCase(entry, name) && it->is_regular_file(ec)) return entry;
+    if (SameName(entry, name) && it->is_regular_file(ec)) return entry;
   }
   return {};
 }

@@ -11,7 +11,4 @@ namespace cb {
 // it ignoring case, otherwise the empty string.
 std::string DirEntryName(const std::string& path);
 
-// ASCII case-insensitive equality.
-bool EqualsIgnoreCase(const std::string& a, const std::string& b);
-
 }  // namespace cb

@@ -1,6 +1,7 @@
 #include "storage/RandomFile.h"
 
 #include <fcntl.h>
+#include <sys/stat.h>
 #include <unistd.h>
 
 #include <algorithm>
@@ -18,6 +19,28 @@ RtError RandomFile::Open(const std::string& path, std::size_t recordLength) {
   if (fd_ >= 0) return RtError::None;
   // A missing directory on the way is "path not found", not "file not found".
   return errno == ENOENT ? RtError::PathNotFound : FromErrno(errno);
+}
+
+RtError RandomFile::OpenRead(const std::string& path, std::size_t recordLength) {
+  Close();
+  length_ = recordLength;
+  fd_ = ::open(path.c_str(), O_RDONLY | O_CLOEXEC);
+  if (fd_ >= 0) return RtError::None;
+  const int err = errno;
+  RtError e = FromErrno(err);
+  if (err == ENOENT) {
+    const auto slash = path.rfind('/');
+    struct stat st {};
+    const std::string dir = slash == std::string::npos ? "." : path.substr(0, slash + 1);
+    if (::stat(dir.c_str(), &st) != 0) e = RtError::PathNotFound;
+  }
+  errno = err;
+  return e;
+}
+
+long long RandomFile::Size() {
+  struct stat st {};
+  return fd_ >= 0 && ::fstat(fd_, &st) == 0 ? static_cast<long long>(st.st_size) : 0;
 }
 
 RtError RandomFile::Get(long n, std::span<char> record) {

@@ -1,30 +1,33 @@
 #pragma once
-// A file of fixed-length records opened for random access: never truncated,
-// created when missing. Records are numbered from 1.
+// A file of fixed-length records on disk, opened for random access: never
+// truncated. Records are numbered from 1.
 
 #include <cstddef>
 #include <span>
 #include <string>
 
 #include "base/RuntimeError.h"
+#include "storage/Env.h"
 
 namespace cb {
 
-class RandomFile {
+class RandomFile final : public RecordFile {
  public:
   RandomFile() = default;
-  ~RandomFile();
+  ~RandomFile() override;
   RandomFile(const RandomFile&) = delete;
   RandomFile& operator=(const RandomFile&) = delete;
 
   // Opens for reading and writing, falling back to reading alone when the
   // file may not be written; a missing file is created empty.
   RtError Open(const std::string& path, std::size_t recordLength);
+  // Opens for reading alone; a missing file is FileNotFound, a missing
+  // directory on the way PathNotFound. errno stays as the open left it.
+  RtError OpenRead(const std::string& path, std::size_t recordLength);
 
-  // Reads record `n`; bytes past the end of the file read as NUL.
-  RtError Get(long n, std::span<char> record);
-  // Writes record `n`, extending the file when it lies past the end.
-  RtError Put(long n, std::span<const char> record);
+  RtError Get(long n, std::span<char> record) override;
+  RtError Put(long n, std::span<const char> record) override;
+  long long Size() override;
 
   void Close();
 

@@ -7,7 +7,6 @@
 #include <unistd.h>
 
 #include "base/Text.h"
-#include "app/UIMainController.h"
 #include "storage/DataAccess.h"
 #include "storage/RandomFile.h"
 #include "storage/Scramble.h"
@@ -19,12 +18,6 @@ constexpr std::string_view kSource = "DataAccess";
 constexpr char kPasswordFile[] = "dprpz.dat";
 constexpr char kHistoryFile[] = "/fhistlst.dat";
 constexpr std::size_t kPasswordLength = 8;
-constexpr std::size_t kHistoryEntries = 4;
-
-bool Fail(ErrorArray& errors, RtError e) {
-  FillErrors(errors, e, kSource);
-  return false;
-}
 
 // Opens the password file, making the program's directory and the file
 // (readable by its owner alone) when they are missing.
@@ -91,52 +84,52 @@ std::vector<std::string> ReadFields(std::string_view text, std::size_t count) {
   return out;
 }
 
-bool DataAccess::PutPassword(const std::string& password, ErrorArray& errors) {
+Status DataAccess::PutPassword(const std::string& password) {
   RandomFile file;
-  if (auto e = OpenPasswordFile(file); e != RtError::None) return Fail(errors, e);
+  if (auto e = OpenPasswordFile(file); e != RtError::None) return {e, kSource};
   std::string record = ScrambleField(password);
   record.resize(kPasswordLength, ' ');
-  if (auto e = file.Put(1, record); e != RtError::None) return Fail(errors, e);
-  return true;
+  if (auto e = file.Put(1, record); e != RtError::None) return {e, kSource};
+  return {};
 }
 
-bool DataAccess::GetPassword(std::string& password, ErrorArray& errors) {
+Status DataAccess::GetPassword(std::string& password) {
   RandomFile file;
-  if (auto e = OpenPasswordFile(file); e != RtError::None) return Fail(errors, e);
+  if (auto e = OpenPasswordFile(file); e != RtError::None) return {e, kSource};
   std::string record(kPasswordLength, '\0');
-  if (auto e = file.Get(1, record); e != RtError::None) return Fail(errors, e);
+  if (auto e = file.Get(1, record); e != RtError::None) return {e, kSource};
   password = UnscrambleField(record);
-  return true;
+  return {};
 }
 
-bool DataAccess::GetFileHistoryList(std::array<std::string, 5>& history, ErrorArray& errors) {
-  std::ifstream in(mc_.AppPath() + kHistoryFile, std::ios::binary);
-  if (!in) return Fail(errors, RtError::FileNotFound);
+Status DataAccess::GetFileHistoryList(const std::string& appPath, FileHistory& history) {
+  std::ifstream in(appPath + kHistoryFile, std::ios::binary);
+  if (!in) return {RtError::FileNotFound, kSource};
   std::stringstream text;
   text << in.rdbuf();
   const auto fields = ReadFields(text.str(), kHistoryEntries);
   for (std::size_t i = 0; i < fields.size(); ++i) history[i + 1] = fields[i];
-  if (fields.size() < kHistoryEntries) return Fail(errors, RtError::InputPastEnd);
-  return true;
+  if (fields.size() < kHistoryEntries) return {RtError::InputPastEnd, kSource};
+  return {};
 }
 
-bool DataAccess::PutFileHistoryList(const std::array<std::string, 5>& history, ErrorArray& errors) {
-  std::ofstream out(mc_.AppPath() + kHistoryFile, std::ios::binary | std::ios::trunc);
-  if (!out) return Fail(errors, RtError::PathFileAccess);
+Status DataAccess::PutFileHistoryList(const std::string& appPath, const FileHistory& history) {
+  std::ofstream out(appPath + kHistoryFile, std::ios::binary | std::ios::trunc);
+  if (!out) return {RtError::PathFileAccess, kSource};
   out << WriteLine({history.begin() + 1, history.end()});
-  if (!out.flush()) return Fail(errors, RtError::DeviceIO);
-  return true;
+  if (!out.flush()) return {RtError::DeviceIO, kSource};
+  return {};
 }
 
-bool DataAccess::SaveReport(const std::string& fileName, const std::string& text, ErrorArray& errors) {
-  const std::string reports = mc_.AppPath() + "/Reports/";
-  ::mkdir(reports.c_str(), 0755);  // already there is the usual case
+Status DataAccess::SaveReport(const std::string& reportsDirectory, const std::string& fileName,
+                              const std::string& text) {
+  ::mkdir(reportsDirectory.c_str(), 0755);  // already there is the usual case
   ::unlink(fileName.c_str());
   std::ofstream out(fileName, std::ios::binary | std::ios::trunc);
-  if (!out) return Fail(errors, RtError::PathNotFound);
-  out << text << "\r\n";
-  if (!out.flush()) return Fail(errors, RtError::DeviceIO);
-  return true;
+  if (!out) return {RtError::PathNotFound, kSource};
+  out << text << kReportLineEnd;
+  if (!out.flush()) return {RtError::DeviceIO, kSource};
+  return {};
 }
 
 }  // namespace cb

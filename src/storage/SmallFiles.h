@@ -2,11 +2,18 @@
 // Where the small private files live, and the quoted-list line format of
 // the history file.
 
+#include <array>
+#include <cstddef>
 #include <string>
 #include <string_view>
 #include <vector>
 
 namespace cb {
+
+inline constexpr std::size_t kHistoryEntries = 4;
+// The last files opened, newest first, at indexes 1 to kHistoryEntries;
+// index 0 is unused.
+using FileHistory = std::array<std::string, kHistoryEntries + 1>;
 
 // The per-user configuration directory of the program with a trailing "/":
 // $XDG_CONFIG_HOME, else $HOME/.config, + "/Chattelbook/". Empty when

@@ -25,17 +25,17 @@ TEST_F(ReportController, DrillDownFilesAreNumberedFromTwoAfterEachSummary) {
   UIReportController& r = Controller();
   ASSERT_TRUE(r.CreateReportByCategory());
   EXPECT_TRUE(Exists("Report1.htm"));
-  EXPECT_EQ(r.ReportStack(7, ""), "Report 1.htm");
+  EXPECT_EQ(r.ReportStack(StackOp::CurrentName, ""), "Report 1.htm");
   ASSERT_TRUE(r.CreateSubReportByCategory("Furniture"));
   ASSERT_TRUE(r.CreateSubReportByCategory("Electrical"));
   EXPECT_TRUE(Exists("Report 2.htm"));
   EXPECT_TRUE(Exists("Report 3.htm"));
-  EXPECT_EQ(r.ReportStack(7, ""), "Report 3.htm");
+  EXPECT_EQ(r.ReportStack(StackOp::CurrentName, ""), "Report 3.htm");
   EXPECT_NE(Page("Report 3.htm").find("Electrical"), std::string::npos);
 
   ASSERT_TRUE(r.CreateReportByLocation());
   ASSERT_TRUE(r.CreateSubReportByLocation("Lounge"));
-  EXPECT_EQ(r.ReportStack(7, ""), "Report 2.htm");
+  EXPECT_EQ(r.ReportStack(StackOp::CurrentName, ""), "Report 2.htm");
   EXPECT_NE(Page("Report 2.htm").find("<title>Sub-Report By Location</title>"), std::string::npos);
   // The older third file stays until a later drill-down writes that name.
   EXPECT_NE(Page("Report 3.htm").find("Electrical"), std::string::npos);

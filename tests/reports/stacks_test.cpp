@@ -36,7 +36,7 @@ TEST(ReportStack, NumbersTheFilesOfADrillDown) {
   };
   ReportPages pages;
   for (const auto& s : steps) {
-    EXPECT_EQ(pages.Stack(s.operation, s.fileName), s.result) << s.operation << " " << s.fileName;
+    EXPECT_EQ(pages.Stack(static_cast<StackOp>(s.operation), s.fileName), s.result) << s.operation << " " << s.fileName;
     EXPECT_EQ(pages.Current(), s.current) << s.operation << " " << s.fileName;
   }
   EXPECT_EQ(pages.Items().size(), 2u);

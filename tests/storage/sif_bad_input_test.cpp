@@ -76,7 +76,7 @@ TEST(SifLimits, SavingMoreThanTheLoopCanCountFails) {
   ModGlobal g;
   UIMainController mc(app.str(), settings, g);
   mc.SetRegistryKeys(app / "big.sif");
-  g.Slides.resize(DataAccess::kMaxRecords + 2);
+  g.Slides.resize(kMaxRecords + 2);
   ErrorArray errors;
   EXPECT_FALSE(mc.SaveSettings(errors));
   EXPECT_EQ(errors[0], "6");
@@ -109,7 +109,7 @@ TEST_F(SifFileShapeTest, RandomBytesNeverCrashOrOverreach) {
     const bool ok = mc.LoadSettings(errors);
     if (ok) {
       EXPECT_EQ(static_cast<std::int32_t>(g.Slides.size()) - 1, mc.NumberOfRecords());
-      EXPECT_LE(mc.NumberOfRecords(), DataAccess::kMaxRecords);
+      EXPECT_LE(mc.NumberOfRecords(), kMaxRecords);
     } else {
       EXPECT_FALSE(errors[0].empty());
       EXPECT_FALSE(errors[2].empty());

@@ -111,14 +111,14 @@ TEST_P(ReadFieldsTest, ReadsQuotedAndBareFields) { EXPECT_EQ(ReadFields(GetParam
 INSTANTIATE_TEST_SUITE_P(Rows, ReadFieldsTest, ::testing::ValuesIn(kFieldRows));
 
 TEST_F(SmallFilesTest, SaveReportReplacesThePageAndMakesTheFolder) {
-  UIMainController& mc = Start();
-  DataAccess data(mc, g.Slides);
+  DataAccess data;
   ErrorArray errors;
+  const std::string reports = app / "Reports/";
   const std::string page = app / "Reports/Report1.htm";
-  ASSERT_TRUE(data.SaveReport(page, "<html>long old page</html>", errors));
-  ASSERT_TRUE(data.SaveReport(page, "<html></html>", errors));
+  ASSERT_TRUE(Report(data.SaveReport(reports, page, "<html>long old page</html>"), errors));
+  ASSERT_TRUE(Report(data.SaveReport(reports, page, "<html></html>"), errors));
   EXPECT_EQ(ReadFile(page), "<html></html>\r\n");
-  EXPECT_FALSE(data.SaveReport(app / "Reports/no/dir.htm", "x", errors));
+  EXPECT_FALSE(Report(data.SaveReport(reports, app / "Reports/no/dir.htm", "x"), errors));
   EXPECT_EQ(errors[0], "76");
 }
 

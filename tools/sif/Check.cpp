@@ -4,13 +4,13 @@
 #include <array>
 #include <cstring>
 #include <filesystem>
-#include <fstream>
+#include <memory>
 
 #include "base/Cp1252.h"
 #include "base/Text.h"
-#include "storage/DataAccess.h"
+#include "storage/Env.h"
 #include "storage/FileSystem.h"
-#include "storage/SifCodec.h"
+#include "storage/SifReader.h"
 
 namespace cb::sif {
 namespace {
@@ -50,39 +50,50 @@ bool HasNul(const RawRecord& r, Field f) {
   return s.offset < end && std::find(b.begin() + s.offset, b.begin() + end, '\0') != b.begin() + end;
 }
 
-// Reads record `n` (from 1); bytes past the end of the file are NUL.
-RawRecord ReadRecord(std::ifstream& in, long n) {
+// Reads record `n` (from 1) of a file of `size` bytes; bytes past its end are NUL.
+RawRecord ReadRecord(RecordFile& file, long long size, long n) {
   RawRecord r;
-  in.clear();
-  in.seekg(static_cast<std::streamoff>(n - 1) * static_cast<std::streamoff>(kRecordLength));
-  if (!in) return r;
-  in.read(r.record.bytes().data(), static_cast<std::streamsize>(kRecordLength));
-  r.present = static_cast<std::size_t>(in.gcount());
+  if (file.Get(n, r.record.bytes()) != RtError::None) return RawRecord();
+  const long long at = static_cast<long long>(n - 1) * static_cast<long long>(kRecordLength);
+  r.present = static_cast<std::size_t>(std::clamp(size - at, 0LL, static_cast<long long>(kRecordLength)));
   return r;
 }
 
 void CheckCount(const SifHeader& h, long held, std::vector<std::string>& findings) {
   const auto& count = h.NumberOfRecords;
-  if (h.CountText.empty() || h.CountText[0] < '0' || h.CountText[0] > '9')
-    findings.push_back("header: the slide count " + Q(h.CountText) + " is not a number; a load finds no slides");
-  else if (count.error != RtError::None || count.value > DataAccess::kMaxRecords)
-    findings.push_back("header: the slide count " + Q(h.CountText) + " is above " +
-                       std::to_string(DataAccess::kMaxRecords) + "; a load fails");
-  else if (count.value > held)
-    findings.push_back("header: the slide count " + std::to_string(count.value) + " is beyond the " +
-                       std::to_string(held) + " slide records in the file; slides " + std::to_string(held + 1) +
-                       " to " + std::to_string(count.value) + " load empty");
+  switch (JudgeCount(h, held)) {
+    case CountVerdict::NotANumber:
+      findings.push_back("header: the slide count " + Q(h.CountText) + " is not a number; a load finds no slides");
+      break;
+    case CountVerdict::Unreadable:
+    case CountVerdict::AboveLimit:
+      findings.push_back("header: the slide count " + Q(h.CountText) + " is above " + std::to_string(kMaxRecords) +
+                         "; a load fails");
+      break;
+    case CountVerdict::BeyondRecords:
+      findings.push_back("header: the slide count " + std::to_string(count.value) + " is beyond the " +
+                         std::to_string(held) + " slide records in the file; slides " + std::to_string(held + 1) +
+                         " to " + std::to_string(count.value) + " load empty");
+      break;
+    case CountVerdict::Fits:
+      break;
+  }
 }
 
 void CheckTemplate(const SifHeader& h, std::vector<std::string>& findings) {
-  const auto& t = h.SlideTemplate;
-  if (t.error == RtError::TypeMismatch)
-    findings.push_back("header: the template " + Q(h.TemplateText) +
-                       " is not a number; a load keeps the template it had");
-  else if (t.error != RtError::None)
-    findings.push_back("header: the template " + Q(h.TemplateText) + " is too large a number; a load fails");
-  else if (t.value < 1 || t.value > 3)
-    findings.push_back("header: the template " + std::to_string(t.value) + " is outside 1 to 3");
+  switch (JudgeTemplate(h)) {
+    case TemplateVerdict::KeepOld:
+      findings.push_back("header: the template " + Q(h.TemplateText) +
+                         " is not a number; a load keeps the template it had");
+      break;
+    case TemplateVerdict::Fails:
+      findings.push_back("header: the template " + Q(h.TemplateText) + " is too large a number; a load fails");
+      break;
+    case TemplateVerdict::Take:
+      if (h.SlideTemplate.value < 1 || h.SlideTemplate.value > 3)
+        findings.push_back("header: the template " + std::to_string(h.SlideTemplate.value) + " is outside 1 to 3");
+      break;
+  }
 }
 
 void CheckPicture(const SlideRecord& raw, long i, const std::string& dir, std::vector<std::string>& findings) {
@@ -113,8 +124,8 @@ bool CheckSif(const std::string& path, const std::optional<std::string>& gallery
     message = path + (fs::exists(path, ec) ? ": not a regular file" : ": No such file or directory");
     return false;
   }
-  std::ifstream in(path, std::ios::binary);
-  if (!in) {
+  std::unique_ptr<RecordFile> file;
+  if (Env::Default().OpenRecords(path, kRecordLength, OpenMode::Read, file) != RtError::None) {
     message = path + ": " + std::strerror(errno);
     return false;
   }
@@ -122,7 +133,7 @@ bool CheckSif(const std::string& path, const std::optional<std::string>& gallery
     message = *galleryDir + ": not a directory";
     return false;
   }
-  const auto size = static_cast<long long>(fs::file_size(path, ec));
+  const long long size = file->Size();
   const auto length = static_cast<long long>(kRecordLength);
   if (size == 0) {
     findings.push_back("the file is empty; a load finds no slides and keeps the template it had");
@@ -131,9 +142,9 @@ bool CheckSif(const std::string& path, const std::optional<std::string>& gallery
   if (size % length != 0)
     findings.push_back("the file's " + std::to_string(size) + " bytes are no whole number of " +
                        std::to_string(length) + "-byte records; the last record is cut short");
-  const long held = static_cast<long>((size + length - 1) / length - 1);
+  const long held = RecordsHeld(size);
 
-  const RawRecord header = ReadRecord(in, 1);
+  const RawRecord header = ReadRecord(*file, size, 1);
   const SifHeader h = DecodeHeader(header.record);
   CheckCount(h, held, findings);
   CheckTemplate(h, findings);
@@ -144,7 +155,7 @@ bool CheckSif(const std::string& path, const std::optional<std::string>& gallery
   const long count = h.NumberOfRecords.error == RtError::None ? h.NumberOfRecords.value : 0;
   const long slides = std::min(count, held);
   for (long i = 1; i <= slides; ++i) {
-    const RawRecord raw = ReadRecord(in, i + 1);
+    const RawRecord raw = ReadRecord(*file, size, i + 1);
     for (const auto& f : kFields)
       if (HasNul(raw, f.field))
         findings.push_back("slide " + std::to_string(i) + ", " + std::string(f.name) + std::string(kNulBytes));

@@ -12,21 +12,13 @@
 #include <limits>
 
 #include "Csv.h"
+#include "base/Text.h"
 #include "storage/SlideRecord.h"
 
 namespace cb::sif {
 namespace {
 
 constexpr std::string_view kColumnNames = "Spare, PictureFile, SlideText, Category, Location, Make, Model, Serial, Value";
-
-char Lower(char c) { return (c >= 'A' && c <= 'Z') ? static_cast<char>(c - 'A' + 'a') : c; }
-
-bool SameName(std::string_view a, std::string_view b) {
-  if (a.size() != b.size()) return false;
-  for (std::size_t i = 0; i < a.size(); ++i)
-    if (Lower(a[i]) != Lower(b[i])) return false;
-  return true;
-}
 
 std::string Quoted(std::string_view s) {
   std::string out = "\"";

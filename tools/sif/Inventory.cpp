@@ -88,9 +88,9 @@ bool FromInventory(const Inventory& inv, std::optional<std::int32_t> templateOve
     }
     s.*h.to = *bytes;
   }
-  if (inv.Slides.size() > static_cast<std::size_t>(DataAccess::kMaxRecords)) {
+  if (inv.Slides.size() > static_cast<std::size_t>(kMaxRecords)) {
     message = std::to_string(inv.Slides.size()) + " slides, more than the " +
-              std::to_string(DataAccess::kMaxRecords) + " a file can hold";
+              std::to_string(kMaxRecords) + " a file can hold";
     return false;
   }
   SlideArray out(inv.Slides.size() + 1);

@@ -4,50 +4,15 @@
 #include <QLocale>
 
 #include <cstdio>
-#include <cstdlib>
-#include <filesystem>
-#include <fstream>
-#include <iterator>
 
 #include "base/Cp1252.h"
-#include "app/UIMainController.h"
-#include "app/modGlobal.h"
-#include "reports/UIReportController.h"
+#include "reports/ReportMaker.h"
+#include "storage/DataAccess.h"
 
 namespace cb::sif {
 namespace {
 
-namespace fs = std::filesystem;
-
-// A private application directory for the generator, removed on every path.
-class ScratchDir {
- public:
-  ScratchDir() {
-    std::string name = (fs::temp_directory_path() / "chattelbook-sif-XXXXXX").string();
-    if (::mkdtemp(name.data())) path_ = name;
-  }
-  ~ScratchDir() {
-    std::error_code ec;
-    if (!path_.empty()) fs::remove_all(path_, ec);
-  }
-  ScratchDir(const ScratchDir&) = delete;
-  ScratchDir& operator=(const ScratchDir&) = delete;
-  const std::string& path() const { return path_; }
-
- private:
-  std::string path_;
-};
-
-// The one page the generator left in the reports directory.
-bool ReadPage(const std::string& reports, std::string& page) {
-  std::error_code ec;
-  for (fs::directory_iterator it(reports, ec), end; !ec && it != end; it.increment(ec)) {
-    std::ifstream in(it->path(), std::ios::binary);
-    page.assign(std::istreambuf_iterator<char>(in), std::istreambuf_iterator<char>());
-    return static_cast<bool>(in) || in.eof();
-  }
-  return false;
-}
+constexpr std::string_view kSource = "chattelbook-sif";
 
 std::string FileText(const QString& q) { return Utf8ToCp1252Lossy(q.toStdString()); }
 
@@ -71,34 +36,16 @@ QString GeneralDate() {
 
 bool MakeReport(const ReportRequest& request, const SifDocument& doc, const ReportLocale& locale, std::string& page,
                 std::string& message) {
-  ScratchDir dir;
-  if (dir.path().empty()) {
-    message = "no private directory for the report could be made";
-    return false;
-  }
-  ModGlobal globals;
-  MemorySettings store;
-  UIMainController mc(dir.path(), store, globals);
-  mc.SlideInformationFilePath(request.filePath);
   const auto t = TemplateOf(doc);
-  mc.SlideTemplate(t && *t >= 1 && *t <= 3 ? *t : 1);
-
-  SlideArray slides = doc.Slides;
-  ErrorArray errors;
-  UIReportController reports(mc, slides, errors, locale);
-  reports.ReportFont(request.font.value_or(doc.Header.ReportFont));
-  const bool byCategory = request.kind == ReportKind::ByCategory;
-  const bool ok = !request.key ? (byCategory ? reports.CreateReportByCategory() : reports.CreateReportByLocation())
-                  : byCategory ? reports.CreateSubReportByCategory(*request.key)
-                               : reports.CreateSubReportByLocation(*request.key);
-  if (!ok) {
-    message = "the report could not be made: " + errors[2];
+  const ReportSource source{&doc.Slides, t && *t >= 1 && *t <= 3 ? *t : 1,
+                            request.font.value_or(doc.Header.ReportFont), request.filePath, &locale};
+  const Status made = !request.key ? MakeSummaryPage(source, request.kind, kSource, page)
+                                   : MakeSubReportPage(source, request.kind, *request.key, kSource, page);
+  if (!made.ok()) {
+    message = "the report could not be made: " + std::string(made.description());
     return false;
   }
-  if (!ReadPage(dir.path() + "/Reports", page)) {
-    message = "the report page could not be read back";
-    return false;
-  }
+  page += kReportLineEnd;
   return true;
 }
 

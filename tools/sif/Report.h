@@ -1,6 +1,6 @@
 #pragma once
 // The report pages of a Slide Information File, made by the program's own
-// report generator in a private directory and handed back as bytes.
+// page functions and handed back as bytes.
 
 #include <optional>
 #include <string>
@@ -20,7 +20,7 @@ struct ReportRequest {
 
 // The page the program writes for `doc`, line end included. The template
 // applies as the report chooser leaves it: one outside 1 to 3 counts as 1.
-// False, with `message` filled, when the generator fails.
+// False, with `message` filled, when the page cannot be made.
 bool MakeReport(const ReportRequest& request, const SifDocument& doc, const ReportLocale& locale, std::string& page,
                 std::string& message);
 

@@ -7,24 +7,10 @@
 #include <cerrno>
 #include <cstring>
 #include <filesystem>
-#include <fstream>
-
-#include "app/UIMainController.h"
-#include "app/modGlobal.h"
-#include "storage/DataAccess.h"
+#include <memory>
 
 namespace cb::sif {
 namespace {
-
-// Bytes past the end of the file read as NUL, as a random-access read does.
-bool ReadRecord(std::ifstream& in, long n, SlideRecord& record) {
-  record = SlideRecord();
-  in.clear();
-  in.seekg(static_cast<std::streamoff>(n - 1) * static_cast<std::streamoff>(kRecordLength));
-  if (!in) return true;
-  in.read(record.bytes().data(), static_cast<std::streamsize>(kRecordLength));
-  return !in.bad();
-}
 
 std::string Errno(const std::string& what) { return what + ": " + std::strerror(errno); }
 
@@ -58,40 +44,28 @@ bool ReadSif(const std::string& path, SifDocument& doc, std::string& message) {
     message = path + ": is a directory";
     return false;
   }
-  std::ifstream in(path, std::ios::binary);
-  if (!in) {
+  std::unique_ptr<RecordFile> file;
+  if (Env::Default().OpenRecords(path, kRecordLength, OpenMode::Read, file) != RtError::None) {
     message = Errno(path);
     return false;
   }
   SifDocument local;
-  if (!ReadRecord(in, 1, local.Slides[0])) {
+  if (cb::ReadSif(*file, local).ok()) {
+    doc = std::move(local);
+    return true;
+  }
+  // The same header faults that make the program's load fail.
+  const SifHeader& h = local.Header;
+  if (!local.HeaderRead)
     message = Errno(path);
-    return false;
-  }
-  local.Header = DecodeHeader(local.Slides[0]);
-  const auto& h = local.Header;
-  // The same two header faults that make the program's load fail.
-  if (h.NumberOfRecords.error != RtError::None || h.NumberOfRecords.value > DataAccess::kMaxRecords) {
+  else if (CountFailsLoad(h))
     message = path + ": the header counts " + h.CountText + " slides, more than the " +
-              std::to_string(DataAccess::kMaxRecords) + " a load can hold";
-    return false;
-  }
-  if (h.SlideTemplate.error != RtError::None && h.SlideTemplate.error != RtError::TypeMismatch) {
+              std::to_string(kMaxRecords) + " a load can hold";
+  else if (JudgeTemplate(h) == TemplateVerdict::Fails)
     message = path + ": the header's template \"" + h.TemplateText + "\" is too large a number";
-    return false;
-  }
-  const long count = h.NumberOfRecords.value;
-  local.Slides.resize(static_cast<std::size_t>(count) + 1);
-  for (long i = 1; i <= count; ++i) {
-    SlideRecord& r = local.Slides[static_cast<std::size_t>(i)];
-    if (!ReadRecord(in, i + 1, r)) {
-      message = Errno(path);
-      return false;
-    }
-    DecodeSlide(r);
-  }
-  doc = std::move(local);
-  return true;
+  else
+    message = Errno(path);
+  return false;
 }
 
 bool WriteSif(const std::string& path, const SifSettings& settings, const SlideArray& slides, bool replace,
@@ -104,21 +78,13 @@ bool WriteSif(const std::string& path, const SifSettings& settings, const SlideA
   const std::string temp = MakeTempBeside(path, message);
   if (temp.empty()) return false;
 
-  ModGlobal globals;
-  MemorySettings store;
-  UIMainController mc("", store, globals);
-  mc.SlideInformationFilePath(temp);
-  mc.SlideTemplate(settings.SlideTemplate);
-  mc.BackgroundImage(settings.BackgroundImage);
-  mc.Wallpaper(settings.Wallpaper);
-  mc.ReportFont(settings.ReportFont);
   SlideArray copy = slides.empty() ? SlideArray(1) : slides;
   copy[0] = SlideRecord();  // a new file's header: what the program does not fill stays NUL
 
-  ErrorArray errors;
-  bool ok = DataAccess(mc, copy).SaveSettings(errors);
+  const Status saved = DataAccess().SaveSettings(temp, settings, copy);
+  bool ok = saved.ok();
   if (!ok) {
-    message = path + ": " + errors[2];
+    message = path + ": " + std::string(saved.description());
   } else if (replace) {
     ok = ::rename(temp.c_str(), path.c_str()) == 0;
     if (!ok) message = Errno(path);

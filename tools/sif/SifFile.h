@@ -6,17 +6,15 @@
 #include <optional>
 #include <string>
 
-#include "storage/SifCodec.h"
+#include "storage/DataAccess.h"
+#include "storage/SifReader.h"
 #include "storage/SlideRecord.h"
 
 namespace cb::sif {
 
 // A file as a load sees it: the decoded header and the slides 1..n
 // (element 0 keeps the header record as read, still scrambled).
-struct SifDocument {
-  SifHeader Header;
-  SlideArray Slides = SlideArray(1);
-};
+using SifDocument = SifRead;
 
 // The template of a document, or nothing when its text is no number.
 std::optional<std::int32_t> TemplateOf(const SifDocument& doc);
@@ -26,16 +24,9 @@ std::optional<std::int32_t> TemplateOf(const SifDocument& doc);
 // file cannot be read or a load of it would fail.
 bool ReadSif(const std::string& path, SifDocument& doc, std::string& message);
 
-// The four header settings of a new file.
-struct SifSettings {
-  std::int32_t SlideTemplate = 1;
-  std::string BackgroundImage;
-  std::string Wallpaper;
-  std::string ReportFont;
-};
-
-// Writes slides 1..n of `slides` (element 0 is ignored) to `path` through the
-// program's own save, as a file that File New started: the header fields the
+// Writes slides 1..n of `slides` (element 0 is ignored) and the four settings
+// a save writes (the count is the slides') to `path` through the program's
+// own save, as a file that File New started: the header fields the
 // program leaves alone are NUL. The file is made beside `path` and moved into
 // place, so a failure leaves nothing behind. An existing `path` is replaced
 // only when `replace` is set. False with `message` filled on failure.

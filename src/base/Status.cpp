@@ -1,0 +1,20 @@
+#include "base/Status.h"
+
+#include <string>
+
+namespace cb {
+
+void Status::FillErrors(ErrorArray& errors) const {
+  if (!description_.empty()) {
+    errors[2] = std::string(description_);
+    return;
+  }
+  if (error_ != RtError::None) cb::FillErrors(errors, error_, source_);
+}
+
+bool Report(const Status& s, ErrorArray& errors) {
+  s.FillErrors(errors);
+  return s.ok();
+}
+
+}  // namespace cb
