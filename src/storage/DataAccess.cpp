@@ -11,34 +11,36 @@ namespace {
 
 constexpr std::string_view kSource = "DataAccess";
 constexpr std::string_view kCannotFind = "Cannot find Slide Information File.";
+constexpr unsigned kNewFileMode = 0644;
 
 }  // namespace
 
 Status DataAccess::SaveSettings(const std::string& path, const SifSettings& settings, const SlideArray& slides) {
   if (slides.empty()) return {RtError::SubscriptOutOfRange, kSource};
-  SlideArray copy = slides;
-  const long upper = static_cast<long>(copy.size()) - 1;
-
-  std::unique_ptr<RecordFile> file;
   if (path.empty()) return {RtError::BadFileNameOrNumber, kSource};
-  if (auto e = env_.OpenRecords(path, kRecordLength, OpenMode::ReadWrite, file); e != RtError::None)
-    return {e, kSource};
+  const long upper = static_cast<long>(slides.size()) - 1;
 
-  SlideRecord& header = copy[0];
+  // The new content is the old file with the records written over it, so a
+  // file whose collection shrank keeps its old records behind the last slide.
+  std::string bytes;
+  if (auto e = env_.ReadWhole(path, bytes); e != RtError::None && e != RtError::FileNotFound) return {e, kSource};
+  // The slide loop counts in 16 bits: a larger collection overflows before it starts.
+  if (upper > kMaxRecords) return {RtError::Overflow, kSource};
+  const auto file = RecordsOver(bytes, kRecordLength);
+
+  SlideRecord header = slides[0];
   header.Set(Field::Serial, ScrambleField(std::to_string(upper)));
   header.Set(Field::PictureFile, ScrambleField(settings.BackgroundImage));
   header.Set(Field::SlideText, ScrambleField(settings.Wallpaper));
   header.Set(Field::Spare, ScrambleField(std::to_string(settings.SlideTemplate)));
   header.Set(Field::Make, ScrambleField(settings.ReportFont));
-  if (auto e = file->Put(1, header.bytes()); e != RtError::None) return {e, kSource};
-
-  // The slide loop counts in 16 bits: a larger collection overflows before it starts.
-  if (upper > kMaxRecords) return {RtError::Overflow, kSource};
+  file->Put(1, header.bytes());
   for (long i = 1; i <= upper; ++i) {
-    SlideRecord& r = copy[static_cast<std::size_t>(i)];
+    SlideRecord r = slides[static_cast<std::size_t>(i)];
     EncodeSlide(r);
-    if (auto e = file->Put(i + 1, r.bytes()); e != RtError::None) return {e, kSource};
+    file->Put(i + 1, r.bytes());
   }
+  if (auto e = ReplaceFile(env_, path, bytes, kNewFileMode); e != RtError::None) return {e, kSource};
   return {};
 }
 

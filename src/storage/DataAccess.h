@@ -43,8 +43,8 @@ class DataAccess {
 
   // Rewrites every record of the file at `path` from a scrambled copy of
   // `slides` (element 0 is the header) and `settings`. The file keeps its
-  // length: records behind the last slide stay. Records written before a
-  // failure stay written.
+  // length: records behind the last slide stay. The file is replaced in one
+  // step (see ReplaceFile): a failure or a crash leaves it as it was.
   Status SaveSettings(const std::string& path, const SifSettings& settings, const SlideArray& slides);
 
   // Reads paths.ReadFrom after checking that paths.Chosen finds
@@ -55,7 +55,8 @@ class DataAccess {
 
   // The password shared by every installation of this user, in "dprpz.dat"
   // under PasswordDirectory(): one 8-byte scrambled record. A missing file
-  // is created empty; an empty or blank record means no password.
+  // is created empty; an empty or blank record means no password. Like every
+  // write here, a put replaces the file in one step.
   Status PutPassword(const std::string& password);
   Status GetPassword(std::string& password);
 

@@ -2,23 +2,8 @@
 
 #include <algorithm>
 
-#include "storage/FileSystem.h"
-#include "storage/RandomFile.h"
-
 namespace cb {
 namespace {
-
-class DiskEnv final : public Env {
- public:
-  RtError OpenRecords(const std::string& path, std::size_t recordLength, OpenMode mode,
-                      std::unique_ptr<RecordFile>& file) override {
-    auto f = std::make_unique<RandomFile>();
-    const RtError e = mode == OpenMode::Read ? f->OpenRead(path, recordLength) : f->Open(path, recordLength);
-    if (e == RtError::None) file = std::move(f);
-    return e;
-  }
-  std::string EntryName(const std::string& path) override { return DirEntryName(path); }
-};
 
 class MemoryFile final : public RecordFile {
  public:
@@ -51,9 +36,22 @@ class MemoryFile final : public RecordFile {
 
 }  // namespace
 
-Env& Env::Default() {
-  static DiskEnv env;
-  return env;
+std::unique_ptr<RecordFile> RecordsOver(std::string& bytes, std::size_t recordLength) {
+  return std::make_unique<MemoryFile>(bytes, recordLength);
+}
+
+// What a failed step leaves: the old file as it was, and no new file beside it.
+RtError ReplaceFile(Env& env, const std::string& path, std::string_view bytes, unsigned newMode) {
+  const std::string target = env.ResolveLinks(path);
+  std::string temp;
+  std::unique_ptr<WritableFile> file;
+  if (auto e = env.NewFileBeside(target, newMode, temp, file); e != RtError::None) return e;
+  RtError e = file->Append(bytes);
+  if (e == RtError::None) e = file->Sync();
+  if (const RtError closed = file->Close(); e == RtError::None) e = closed;
+  if (e == RtError::None) e = env.Rename(temp, target);
+  if (e != RtError::None) env.Remove(temp);
+  return e;
 }
 
 RtError MemoryEnv::OpenRecords(const std::string& path, std::size_t recordLength, OpenMode mode,
@@ -64,6 +62,47 @@ RtError MemoryEnv::OpenRecords(const std::string& path, std::size_t recordLength
     it = files_.emplace(path, std::string()).first;
   }
   file = std::make_unique<MemoryFile>(it->second, recordLength);
+  return RtError::None;
+}
+
+RtError MemoryEnv::ReadWhole(const std::string& path, std::string& bytes) {
+  const auto it = files_.find(path);
+  if (it == files_.end()) return RtError::FileNotFound;
+  bytes = it->second;
+  return RtError::None;
+}
+
+namespace {
+
+class MemoryWritable final : public WritableFile {
+ public:
+  explicit MemoryWritable(std::string& bytes) : bytes_(bytes) {}
+  RtError Append(std::string_view bytes) override {
+    bytes_ += bytes;
+    return RtError::None;
+  }
+  RtError Sync() override { return RtError::None; }
+  RtError Close() override { return RtError::None; }
+
+ private:
+  std::string& bytes_;
+};
+
+}  // namespace
+
+RtError MemoryEnv::NewFileBeside(const std::string& target, unsigned, std::string& name,
+                                 std::unique_ptr<WritableFile>& file) {
+  name = target + ".new";
+  file = std::make_unique<MemoryWritable>(files_[name] = std::string());
+  return RtError::None;
+}
+
+RtError MemoryEnv::Rename(const std::string& from, const std::string& to) {
+  const auto it = files_.find(from);
+  if (it == files_.end()) return RtError::FileNotFound;
+  std::string bytes = std::move(it->second);
+  files_.erase(it);
+  files_[to] = std::move(bytes);
   return RtError::None;
 }
 

@@ -19,20 +19,29 @@ constexpr char kPasswordFile[] = "dprpz.dat";
 constexpr char kHistoryFile[] = "/fhistlst.dat";
 constexpr std::size_t kPasswordLength = 8;
 
+constexpr unsigned kPasswordMode = 0600;
+constexpr unsigned kNewFileMode = 0666;
+
 // Opens the password file, making the program's directory and the file
 // (readable by its owner alone) when they are missing.
-RtError OpenPasswordFile(RandomFile& file) {
+RtError OpenPasswordFile(RandomFile& file, std::string& path) {
   const std::string dir = PasswordDirectory();
   if (!dir.empty()) {
     const std::string parent = dir.substr(0, dir.rfind('/', dir.size() - 2) + 1);
     ::mkdir(parent.c_str(), 0700);
     ::mkdir(dir.c_str(), 0700);
   }
-  const std::string path = dir + kPasswordFile;
+  path = dir + kPasswordFile;
   const mode_t old = ::umask(077);
   const RtError e = file.Open(path, kPasswordLength);
   ::umask(old);
   return e;
+}
+
+// These files have always told a failed write as a device error and any
+// other failure as one error of their own.
+RtError WriteError(RtError e, RtError otherwise) {
+  return e == RtError::DiskFull || e == RtError::DeviceIO ? RtError::DeviceIO : otherwise;
 }
 
 std::string Quoted(std::string_view s) { return "\"" + std::string(s) + "\""; }
@@ -86,16 +95,21 @@ std::vector<std::string> ReadFields(std::string_view text, std::size_t count) {
 
 Status DataAccess::PutPassword(const std::string& password) {
   RandomFile file;
-  if (auto e = OpenPasswordFile(file); e != RtError::None) return {e, kSource};
+  std::string path, bytes;
+  if (auto e = OpenPasswordFile(file, path); e != RtError::None) return {e, kSource};
+  file.Close();
+  if (auto e = env_.ReadWhole(path, bytes); e != RtError::None) return {e, kSource};
   std::string record = ScrambleField(password);
   record.resize(kPasswordLength, ' ');
-  if (auto e = file.Put(1, record); e != RtError::None) return {e, kSource};
+  RecordsOver(bytes, kPasswordLength)->Put(1, record);
+  if (auto e = ReplaceFile(env_, path, bytes, kPasswordMode); e != RtError::None) return {e, kSource};
   return {};
 }
 
 Status DataAccess::GetPassword(std::string& password) {
   RandomFile file;
-  if (auto e = OpenPasswordFile(file); e != RtError::None) return {e, kSource};
+  std::string path;
+  if (auto e = OpenPasswordFile(file, path); e != RtError::None) return {e, kSource};
   std::string record(kPasswordLength, '\0');
   if (auto e = file.Get(1, record); e != RtError::None) return {e, kSource};
   password = UnscrambleField(record);
@@ -114,21 +128,17 @@ Status DataAccess::GetFileHistoryList(const std::string& appPath, FileHistory& h
 }
 
 Status DataAccess::PutFileHistoryList(const std::string& appPath, const FileHistory& history) {
-  std::ofstream out(appPath + kHistoryFile, std::ios::binary | std::ios::trunc);
-  if (!out) return {RtError::PathFileAccess, kSource};
-  out << WriteLine({history.begin() + 1, history.end()});
-  if (!out.flush()) return {RtError::DeviceIO, kSource};
+  const RtError e = ReplaceFile(env_, appPath + kHistoryFile, WriteLine({history.begin() + 1, history.end()}),
+                                kNewFileMode);
+  if (e != RtError::None) return {WriteError(e, RtError::PathFileAccess), kSource};
   return {};
 }
 
 Status DataAccess::SaveReport(const std::string& reportsDirectory, const std::string& fileName,
                               const std::string& text) {
   ::mkdir(reportsDirectory.c_str(), 0755);  // already there is the usual case
-  ::unlink(fileName.c_str());
-  std::ofstream out(fileName, std::ios::binary | std::ios::trunc);
-  if (!out) return {RtError::PathNotFound, kSource};
-  out << text << kReportLineEnd;
-  if (!out.flush()) return {RtError::DeviceIO, kSource};
+  const RtError e = ReplaceFile(env_, fileName, text + std::string(kReportLineEnd), kNewFileMode);
+  if (e != RtError::None) return {WriteError(e, RtError::PathNotFound), kSource};
   return {};
 }
 

@@ -2,6 +2,7 @@
 
 #include "base/Cp1252.h"
 #include "app/StartupErrors.h"
+#include "base/Status.h"
 #include "base/Text.h"
 
 namespace cb {
@@ -45,6 +46,26 @@ TEST(TextTest, DirectoryLookupHelpers) {
   EXPECT_EQ(StripAtNul("abc\0def"s), "abc");
   EXPECT_EQ(StripAtNul("abc"), "abc");
   EXPECT_EQ(Trim(" \ta \0 "s), "\ta \0"s);  // blanks only
+}
+
+TEST(TextTest, SameNameFoldsAsciiOnly) {
+  EXPECT_TRUE(SameName("PictureFile", "picturefile"));
+  EXPECT_TRUE(SameName("", ""));
+  EXPECT_FALSE(SameName("Value", "Values"));
+  EXPECT_FALSE(SameName("\xC9t\xE9", "\xE9t\xE9"));  // Windows-1252 letters keep their case
+  EXPECT_FALSE(SameName("[", "{"));              // '[' is not an upper-case '{'
+}
+
+TEST(StatusTest, FillsTheArrayOnlyOnFailure) {
+  ErrorArray errors{"kept0", "kept1", "kept2"};
+  EXPECT_TRUE(Report(Status(), errors));
+  EXPECT_EQ(errors, (ErrorArray{"kept0", "kept1", "kept2"}));
+  EXPECT_FALSE(Report(Status::Described("Cannot find it."), errors));
+  EXPECT_EQ(errors, (ErrorArray{"kept0", "kept1", "Cannot find it."}));
+  const Status s(RtError::PathNotFound, "DataAccess");
+  EXPECT_FALSE(s.ok());
+  EXPECT_FALSE(Report(s, errors));
+  EXPECT_EQ(errors, (ErrorArray{"76", "DataAccess", "Path not found"}));
 }
 
 TEST(Cp1252Test, ConvertsBothWays) {

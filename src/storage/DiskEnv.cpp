@@ -1,0 +1,131 @@
+#include "storage/DiskEnv.h"
+
+#include <fcntl.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include <cerrno>
+#include <climits>
+#include <cstdio>
+
+#include "storage/FileSystem.h"
+#include "storage/RandomFile.h"
+
+namespace cb {
+namespace {
+
+std::string DirectoryOf(const std::string& path) {
+  const auto slash = path.rfind('/');
+  return slash == std::string::npos ? "." : path.substr(0, slash + 1);
+}
+
+// A missing directory on the way is "path not found", not "file not found".
+RtError CreateError(int err) { return err == ENOENT ? RtError::PathNotFound : FromErrno(err); }
+
+class DiskFile final : public WritableFile {
+ public:
+  explicit DiskFile(int fd) : fd_(fd) {}
+  ~DiskFile() override { Close(); }
+
+  RtError Append(std::string_view bytes) override {
+    while (!bytes.empty()) {
+      const ssize_t put = ::write(fd_, bytes.data(), bytes.size());
+      if (put < 0) {
+        if (errno == EINTR) continue;
+        return FromErrno(errno);
+      }
+      bytes.remove_prefix(static_cast<std::size_t>(put));
+    }
+    return RtError::None;
+  }
+  RtError Sync() override { return ::fsync(fd_) == 0 ? RtError::None : FromErrno(errno); }
+  RtError Close() override {
+    if (fd_ < 0) return RtError::None;
+    const int rc = ::close(fd_);
+    fd_ = -1;
+    return rc == 0 ? RtError::None : FromErrno(errno);
+  }
+
+ private:
+  int fd_;
+};
+
+}  // namespace
+
+Env& Env::Default() {
+  static DiskEnv env;
+  return env;
+}
+
+RtError DiskEnv::OpenRecords(const std::string& path, std::size_t recordLength, OpenMode mode,
+                             std::unique_ptr<RecordFile>& file) {
+  auto f = std::make_unique<RandomFile>();
+  const RtError e = mode == OpenMode::Read ? f->OpenRead(path, recordLength) : f->Open(path, recordLength);
+  if (e == RtError::None) file = std::move(f);
+  return e;
+}
+
+std::string DiskEnv::EntryName(const std::string& path) { return DirEntryName(path); }
+
+RtError DiskEnv::ReadWhole(const std::string& path, std::string& bytes) {
+  RandomFile f;
+  if (auto e = f.OpenRead(path, 1); e != RtError::None) return e;
+  bytes.assign(static_cast<std::size_t>(f.Size()), '\0');
+  return f.Get(1, bytes);
+}
+
+std::string DiskEnv::ResolveLinks(const std::string& path) {
+  std::string p = path;
+  for (int hops = 0; hops < 40; ++hops) {  // the kernel's own limit on a chain of links
+    char target[PATH_MAX];
+    const ssize_t n = ::readlink(p.c_str(), target, sizeof target - 1);
+    if (n < 0) return p;
+    const std::string t(target, static_cast<std::size_t>(n));
+    p = t.starts_with('/') ? t : DirectoryOf(p) + t;
+  }
+  return p;
+}
+
+RtError DiskEnv::NewFileBeside(const std::string& target, unsigned newMode, std::string& name,
+                               std::unique_ptr<WritableFile>& file) {
+  struct stat st {};
+  mode_t mode = 0;
+  if (::stat(target.c_str(), &st) == 0) {
+    // Renaming needs only the directory: refuse what an in-place write could not open.
+    if (S_ISDIR(st.st_mode) || ::access(target.c_str(), W_OK) != 0) return RtError::PathFileAccess;
+    mode = st.st_mode & 07777;
+  } else {
+    const mode_t mask = ::umask(0);
+    ::umask(mask);
+    mode = static_cast<mode_t>(newMode) & ~mask;
+  }
+  const auto slash = target.rfind('/');
+  std::string temp = DirectoryOf(target) + "." + target.substr(slash == std::string::npos ? 0 : slash + 1) +
+                     ".XXXXXX";
+  const int fd = ::mkstemp(temp.data());
+  if (fd < 0) return CreateError(errno);
+  if (::fchmod(fd, mode) != 0) {
+    const int err = errno;
+    ::close(fd);
+    ::unlink(temp.c_str());
+    return FromErrno(err);
+  }
+  name = std::move(temp);
+  file = std::make_unique<DiskFile>(fd);
+  return RtError::None;
+}
+
+RtError DiskEnv::Rename(const std::string& from, const std::string& to) {
+  if (::rename(from.c_str(), to.c_str()) != 0) return FromErrno(errno);
+  // The new name lasts only once the directory is on the disk too.
+  const int dir = ::open(DirectoryOf(to).c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
+  if (dir >= 0) {
+    ::fsync(dir);
+    ::close(dir);
+  }
+  return RtError::None;
+}
+
+void DiskEnv::Remove(const std::string& path) { ::unlink(path.c_str()); }
+
+}  // namespace cb

@@ -1,0 +1,22 @@
+#pragma once
+// The real file system behind Env::Default(); tests derive from it to put a
+// failure at one step.
+
+#include "storage/Env.h"
+
+namespace cb {
+
+class DiskEnv : public Env {
+ public:
+  RtError OpenRecords(const std::string& path, std::size_t recordLength, OpenMode mode,
+                      std::unique_ptr<RecordFile>& file) override;
+  std::string EntryName(const std::string& path) override;
+  RtError ReadWhole(const std::string& path, std::string& bytes) override;
+  std::string ResolveLinks(const std::string& path) override;
+  RtError NewFileBeside(const std::string& target, unsigned newMode, std::string& name,
+                        std::unique_ptr<WritableFile>& file) override;
+  RtError Rename(const std::string& from, const std::string& to) override;
+  void Remove(const std::string& path) override;
+};
+
+}  // namespace cb
