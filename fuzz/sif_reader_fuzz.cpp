@@ -19,12 +19,12 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
   const cb::SifPaths paths{kPath, "fuzz.sif", kPath};
   cb::SifSettings settings;
   cb::SlideArray slides(1);
-  cb::DataAccess data(env);
-  const cb::Status loaded = data.LoadSettings(paths, settings, slides);
+  cb::DataAccess access(env);
+  const cb::Status loaded = access.LoadSettings(paths, settings, slides);
   if (loaded.ok()) {
     if (static_cast<std::int32_t>(slides.size()) - 1 != settings.NumberOfRecords) std::abort();
     // What was read must save back without failing.
-    if (!data.SaveSettings(kPath, settings, slides).ok()) std::abort();
+    if (!access.SaveSettings(kPath, settings, slides).ok()) std::abort();
   } else if (loaded.description().empty()) {
     std::abort();
   }

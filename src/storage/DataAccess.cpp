@@ -35,9 +35,14 @@ Status DataAccess::SaveSettings(const std::string& path, const SifSettings& sett
   header.Set(Field::Spare, ScrambleField(std::to_string(settings.SlideTemplate)));
   header.Set(Field::Make, ScrambleField(settings.ReportFont));
   file->Put(1, header.bytes());
+  SlideRecord r;
   for (long i = 1; i <= upper; ++i) {
-    SlideRecord r = slides[static_cast<std::size_t>(i)];
-    EncodeSlide(r);
+    // A record like the one before it encodes like it: runs of empty slides are common.
+    const SlideRecord& plain = slides[static_cast<std::size_t>(i)];
+    if (i == 1 || !(plain == slides[static_cast<std::size_t>(i - 1)])) {
+      r = plain;
+      EncodeSlide(r);
+    }
     file->Put(i + 1, r.bytes());
   }
   if (auto e = ReplaceFile(env_, path, bytes, kNewFileMode); e != RtError::None) return {e, kSource};
