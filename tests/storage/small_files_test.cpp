@@ -74,21 +74,21 @@ TEST_F(SmallFilesTest, HistoryIsOneLineOfFourQuotedNames) {
   EXPECT_EQ(ReadFile(app / "fhistlst.dat"), "\"\",\"\",\"\",\"\"\r\n");
   ASSERT_TRUE(mc.PutFileHistoryList({"", "MyFiles.sif", "CarYard.sif", "", ""}, errors));
   EXPECT_EQ(ReadFile(app / "fhistlst.dat"), "\"MyFiles.sif\",\"CarYard.sif\",\"\",\"\"\r\n");
-  std::array<std::string, 5> h;
+  FileHistory h;
   ASSERT_TRUE(mc.GetFileHistoryList(h, errors));
-  EXPECT_EQ(h, (std::array<std::string, 5>{"", "MyFiles.sif", "CarYard.sif", "", ""}));
+  EXPECT_EQ(h, (FileHistory{"", "MyFiles.sif", "CarYard.sif", "", ""}));
 }
 
 TEST_F(SmallFilesTest, MissingOrShortHistoryFailsKeepingWhatWasRead) {
   UIMainController& mc = Start();
   ErrorArray errors;
-  std::array<std::string, 5> h;
+  FileHistory h;
   EXPECT_FALSE(mc.GetFileHistoryList(h, errors));
   EXPECT_EQ(errors[0], "53");
   WriteFile(app / "fhistlst.dat", "\"a.sif\",\"b.sif\"\r\n");
   EXPECT_FALSE(mc.GetFileHistoryList(h, errors));
   EXPECT_EQ(errors[0], "62");
-  EXPECT_EQ(h, (std::array<std::string, 5>{"", "a.sif", "b.sif", "", ""}));
+  EXPECT_EQ(h, (FileHistory{"", "a.sif", "b.sif", "", ""}));
 }
 
 struct FieldsRow {
