@@ -1,5 +1,7 @@
 #include "storage/Scramble.h"
 
+#include <algorithm>
+
 #include "base/Text.h"
 
 namespace cb {
@@ -34,6 +36,24 @@ std::string UnscrambleField(std::string_view input) {
     if (c != ' ' && Flip(c, s)) out += s;
   }
   return out;
+}
+
+void ScrambleInPlace(std::span<char> field, bool trimFirst) {
+  const std::string_view v(field.data(), field.size());
+  const auto first = v.find_first_not_of(' ');
+  const std::size_t n = first == std::string_view::npos ? 0 : v.find_last_not_of(' ') - first + 1;
+  const std::size_t from = trimFirst && n > 0 ? first : 0;
+  std::size_t out = 0;  // never passes the byte being read
+  for (std::size_t i = from; i < from + n; ++i)
+    if (char c; Flip(field[i], c)) field[out++] = c;
+  std::fill(field.begin() + static_cast<std::ptrdiff_t>(out), field.end(), ' ');
+}
+
+void UnscrambleInPlace(std::span<char> field) {
+  std::size_t out = 0;
+  for (char b : field)
+    if (char c; b != ' ' && Flip(b, c)) field[out++] = c;
+  std::fill(field.begin() + static_cast<std::ptrdiff_t>(out), field.end(), ' ');
 }
 
 }  // namespace cb

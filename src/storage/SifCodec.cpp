@@ -1,5 +1,7 @@
 #include "storage/SifCodec.h"
 
+#include <span>
+
 #include "storage/Scramble.h"
 
 namespace cb {
@@ -16,15 +18,22 @@ SifHeader DecodeHeader(const SlideRecord& raw) {
   return h;
 }
 
+namespace {
+
+std::span<char> FieldBytes(SlideRecord& record, Field f) {
+  const auto& s = Spec(f);
+  return std::span<char>(record.bytes()).subspan(s.offset, s.width);
+}
+
+}  // namespace
+
+// Field by field in place: a load decodes up to 32767 records.
 void DecodeSlide(SlideRecord& record) {
-  for (Field f : kCodecOrder) record.Set(f, UnscrambleField(Trim(record.Get(f))));
+  for (Field f : kCodecOrder) UnscrambleInPlace(FieldBytes(record, f));
 }
 
 void EncodeSlide(SlideRecord& record) {
-  for (Field f : kCodecOrder) {
-    const std::string plain = record.Get(f);
-    record.Set(f, ScrambleField(f == Field::Value ? Trim(plain) : plain));
-  }
+  for (Field f : kCodecOrder) ScrambleInPlace(FieldBytes(record, f), f == Field::Value);
 }
 
 }  // namespace cb

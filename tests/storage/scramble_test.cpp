@@ -2,6 +2,8 @@
 
 #include "storage/Scramble.h"
 
+#include "base/Text.h"
+
 namespace cb {
 namespace {
 
@@ -32,6 +34,18 @@ TEST_P(ScrambleTest, StoresEachCharacterAsItsComplement) {
   EXPECT_EQ(ScrambleField(GetParam().plain), GetParam().stored);
 }
 
+// A record's field is scrambled where it stands and ends padded with blanks,
+// as the text form assigned to the field would be.
+TEST_P(ScrambleTest, InPlaceMatchesTheTextForm) {
+  for (bool trimFirst : {false, true}) {
+    std::string field = GetParam().plain + std::string(32 - GetParam().plain.size(), ' ');
+    ScrambleInPlace(field, trimFirst);
+    std::string expected = ScrambleField(trimFirst ? Trim(GetParam().plain) : GetParam().plain);
+    expected.resize(32, ' ');
+    EXPECT_EQ(field, expected) << trimFirst;
+  }
+}
+
 INSTANTIATE_TEST_SUITE_P(Rows, ScrambleTest, ::testing::ValuesIn(kScrambleRows));
 
 struct UnscrambleRow {
@@ -50,6 +64,14 @@ const UnscrambleRow kUnscrambleRows[] = {
 class UnscrambleTest : public ::testing::TestWithParam<UnscrambleRow> {};
 
 TEST_P(UnscrambleTest, SkipsPaddingAndNul) { EXPECT_EQ(UnscrambleField(GetParam().stored), GetParam().plain); }
+
+TEST_P(UnscrambleTest, InPlaceMatchesTheTextForm) {
+  std::string field = GetParam().stored + std::string(8, ' ');
+  UnscrambleInPlace(field);
+  std::string expected = GetParam().plain;
+  expected.resize(field.size(), ' ');
+  EXPECT_EQ(field, expected);
+}
 
 INSTANTIATE_TEST_SUITE_P(Rows, UnscrambleTest, ::testing::ValuesIn(kUnscrambleRows));
 
