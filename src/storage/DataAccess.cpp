@@ -26,6 +26,9 @@ Status DataAccess::SaveSettings(const std::string& path, const SifSettings& sett
   if (auto e = env_.ReadWhole(path, bytes); e != RtError::None && e != RtError::FileNotFound) return {e, kSource};
   // The slide loop counts in 16 bits: a larger collection overflows before it starts.
   if (upper > kMaxRecords) return {RtError::Overflow, kSource};
+  // Grown once: the records land in order, so every byte they cover is written.
+  const auto newSize = static_cast<std::size_t>(upper + 1) * kRecordLength;
+  if (bytes.size() < newSize) bytes.resize(newSize, '\0');
   const auto file = RecordsOver(bytes, kRecordLength);
 
   SlideRecord header = slides[0];

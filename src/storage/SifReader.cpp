@@ -1,5 +1,7 @@
 #include "storage/SifReader.h"
 
+#include <algorithm>
+
 namespace cb {
 namespace {
 
@@ -39,17 +41,13 @@ Status ReadSif(RecordFile& file, SifRead& read) {
   // Never allocate from a count the loop could not reach.
   const long upper = h.NumberOfRecords.value;
   if (upper > kMaxRecords) return {RtError::Overflow, kSource};
-  read.Slides.resize(static_cast<std::size_t>(upper) + 1);
   // Records past the end of the file read as NUL and all decode alike.
-  const long held = RecordsHeld(file.Size());
   SlideRecord empty;
   DecodeSlide(empty);
-  for (long i = 1; i <= upper; ++i) {
+  read.Slides.resize(static_cast<std::size_t>(upper) + 1, empty);
+  const long last = std::min(upper, RecordsHeld(file.Size()));
+  for (long i = 1; i <= last; ++i) {
     SlideRecord& r = read.Slides[static_cast<std::size_t>(i)];
-    if (i > held) {
-      r = empty;
-      continue;
-    }
     if (auto e = file.Get(i + 1, r.bytes()); e != RtError::None) return {e, kSource};
     DecodeSlide(r);
   }
