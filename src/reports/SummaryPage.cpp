@@ -50,7 +50,8 @@ void AppendGroupRows(std::string& page, const SummaryPageInput& in, double& gran
   std::vector<std::pair<std::int32_t, double>> rows;  // the entries with a value, in order
   for (std::int32_t g = 1; g < static_cast<std::int32_t>(groups.size()); ++g) {
     rows.clear();
-    for (std::int32_t e = 1; e <= m.EntryBound(); ++e)
+    // Cells never written are empty and read as 0: they make no row.
+    for (const std::int32_t e : m.WrittenEntries(g))
       if (const double v = LeadingNumber(m.Cell(g, e)); v != 0) rows.emplace_back(e, v);
     const auto count = static_cast<std::int32_t>(rows.size());  // CountRowEntries of the group
 

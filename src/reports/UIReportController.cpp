@@ -1,5 +1,8 @@
 #include "reports/UIReportController.h"
 
+#include <new>
+#include <stdexcept>
+
 #include "base/Text.h"
 #include "app/UIMainController.h"
 #include "storage/DataAccess.h"
@@ -24,8 +27,24 @@ ReportSource UIReportController::Source() const {
   return {&slides_, mc_.SlideTemplate(), reportFont_, mc_.SlideInformationFilePath(), &locale_};
 }
 
-bool UIReportController::CreateReportByCategory() { return CreateReport(ReportKind::ByCategory); }
-bool UIReportController::CreateReportByLocation() { return CreateReport(ReportKind::ByLocation); }
+template <class Make>
+bool UIReportController::WithinMemory(Make make) {
+  // A page too large for the memory at hand is a failure like any other, told through ErrorInfo.
+  try {
+    return make();
+  } catch (const std::bad_alloc&) {
+    return Report(Status(RtError::OutOfMemory, kSource), errorInfo_);
+  } catch (const std::length_error&) {
+    return Report(Status(RtError::OutOfMemory, kSource), errorInfo_);
+  }
+}
+
+bool UIReportController::CreateReportByCategory() {
+  return WithinMemory([this] { return CreateReport(ReportKind::ByCategory); });
+}
+bool UIReportController::CreateReportByLocation() {
+  return WithinMemory([this] { return CreateReport(ReportKind::ByLocation); });
+}
 
 bool UIReportController::CreateReport(ReportKind kind) {
   std::string page;
@@ -36,10 +55,10 @@ bool UIReportController::CreateReport(ReportKind kind) {
 }
 
 bool UIReportController::CreateSubReportByCategory(const std::string& key) {
-  return CreateSubReport(ReportKind::ByCategory, key);
+  return WithinMemory([&] { return CreateSubReport(ReportKind::ByCategory, key); });
 }
 bool UIReportController::CreateSubReportByLocation(const std::string& key) {
-  return CreateSubReport(ReportKind::ByLocation, key);
+  return WithinMemory([&] { return CreateSubReport(ReportKind::ByLocation, key); });
 }
 
 bool UIReportController::CreateSubReport(ReportKind kind, const std::string& key) {

@@ -55,6 +55,9 @@ class UIReportController {
   bool CreateReport(ReportKind kind);
   bool CreateSubReport(ReportKind kind, const std::string& key);
   ReportSource Source() const;
+  // Runs `make`, turning a failed allocation into error 7.
+  template <class Make>
+  bool WithinMemory(Make make);
   std::string ReportsDirectory() const;
 
   UIMainController& mc_;

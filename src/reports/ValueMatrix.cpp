@@ -1,5 +1,6 @@
 #include "reports/ValueMatrix.h"
 
+#include <algorithm>
 #include <cmath>
 #include <string_view>
 #include <unordered_map>
@@ -29,37 +30,37 @@ std::int32_t Find(const KeyIndex& index, const std::string& key) {
 }  // namespace
 
 ValueMatrix::ValueMatrix(std::int32_t groupBound, std::int32_t entryBound)
-    : groups_(groupBound),
-      entries_(entryBound),
-      slot_(static_cast<std::size_t>(groupBound + 1) * static_cast<std::size_t>(entryBound + 1), -1) {}
-
-std::size_t ValueMatrix::Index(std::int32_t group, std::int32_t entry) const {
-  return static_cast<std::size_t>(group) * static_cast<std::size_t>(entries_ + 1) + static_cast<std::size_t>(entry);
-}
+    : groups_(groupBound), entries_(entryBound), written_(static_cast<std::size_t>(std::max(groupBound, 0)) + 1) {}
 
 const std::string& ValueMatrix::Cell(std::int32_t group, std::int32_t entry) const {
-  if (group < 0 || group > groups_ || entry < 0 || entry > entries_) return kEmpty;
-  const std::int32_t s = slot_[Index(group, entry)];
-  return s < 0 ? kEmpty : texts_[static_cast<std::size_t>(s)];
+  if (!Inside(group, entry)) return kEmpty;
+  const auto it = cells_.find(Key(group, entry));
+  return it == cells_.end() ? kEmpty : it->second;
 }
 
 void ValueMatrix::SetCell(std::int32_t group, std::int32_t entry, std::string text) {
-  if (group < 0 || group > groups_ || entry < 0 || entry > entries_) return;
-  std::int32_t& s = slot_[Index(group, entry)];
-  if (s < 0) {
-    s = static_cast<std::int32_t>(texts_.size());
-    texts_.push_back(std::move(text));
-  } else {
-    texts_[static_cast<std::size_t>(s)] = std::move(text);
-  }
+  if (!Inside(group, entry)) return;
+  const auto [it, added] = cells_.try_emplace(Key(group, entry));
+  if (added) written_[static_cast<std::size_t>(group)].push_back(entry);
+  it->second = std::move(text);
+}
+
+std::vector<std::int32_t> ValueMatrix::WrittenEntries(std::int32_t group) const {
+  if (group < 0 || group > groups_) return {};
+  std::vector<std::int32_t> entries = written_[static_cast<std::size_t>(group)];
+  std::ranges::sort(entries);
+  return entries;
 }
 
 bool operator==(const ValueMatrix& a, const ValueMatrix& b) {
   if (a.groups_ != b.groups_ || a.entries_ != b.entries_) return false;
-  for (std::int32_t g = 0; g <= a.groups_; ++g)
-    for (std::int32_t e = 0; e <= a.entries_; ++e)
-      if (a.Cell(g, e) != b.Cell(g, e)) return false;
-  return true;
+  const auto within = [](const ValueMatrix& x, const ValueMatrix& y) {
+    for (const auto& [key, text] : x.cells_)
+      if (y.Cell(static_cast<std::int32_t>(key >> 32), static_cast<std::int32_t>(key & 0xFFFFFFFFu)) != text)
+        return false;
+    return true;
+  };
+  return within(a, b) && within(b, a);
 }
 
 RtError SumValues(const SlideArray& slides, Field groupField, Field entryField, const KeyList& groups,
@@ -81,7 +82,7 @@ RtError SumValues(const SlideArray& slides, Field groupField, Field entryField, 
 
 std::int32_t CountRowEntries(const ValueMatrix& matrix, std::int32_t group) {
   std::int32_t count = 0;
-  for (std::int32_t e = 1; e <= matrix.EntryBound(); ++e)
+  for (const std::int32_t e : matrix.WrittenEntries(group))
     if (LeadingNumber(matrix.Cell(group, e)) != 0) ++count;
   return count;
 }

@@ -4,6 +4,7 @@
 
 #include <cstdint>
 #include <string>
+#include <unordered_map>
 #include <vector>
 
 #include "base/RuntimeError.h"
@@ -15,7 +16,9 @@ namespace cb {
 class ValueMatrix {
  public:
   ValueMatrix() = default;
-  // Cells (0..groupBound, 0..entryBound), all empty; row and column 0 stay unused.
+  // Cells (0..groupBound, 0..entryBound), all empty; row and column 0 stay
+  // unused. Only written cells take memory, so a collection of distinct
+  // pairs needs room for as many cells as it has slides, not groups times entries.
   ValueMatrix(std::int32_t groupBound, std::int32_t entryBound);
 
   std::int32_t GroupBound() const { return groups_; }
@@ -24,18 +27,25 @@ class ValueMatrix {
   // The cell's text: empty, or a decimal text written by the sum step.
   const std::string& Cell(std::int32_t group, std::int32_t entry) const;
   void SetCell(std::int32_t group, std::int32_t entry, std::string text);
+  // The entries of `group` whose cell was written, in ascending order; every
+  // other cell of the row is empty.
+  std::vector<std::int32_t> WrittenEntries(std::int32_t group) const;
 
   friend bool operator==(const ValueMatrix& a, const ValueMatrix& b);
 
  private:
-  std::size_t Index(std::int32_t group, std::int32_t entry) const;
+  static std::uint64_t Key(std::int32_t group, std::int32_t entry) {
+    return (static_cast<std::uint64_t>(static_cast<std::uint32_t>(group)) << 32) | static_cast<std::uint32_t>(entry);
+  }
+  bool Inside(std::int32_t group, std::int32_t entry) const {
+    return group >= 0 && group <= groups_ && entry >= 0 && entry <= entries_;
+  }
 
   std::int32_t groups_ = 0;
   std::int32_t entries_ = 0;
-  // Most cells of a large inventory stay empty: each cell holds a place in
-  // texts_, or -1.
-  std::vector<std::int32_t> slot_;
-  std::vector<std::string> texts_;
+  std::unordered_map<std::uint64_t, std::string> cells_;
+  // The written entries of each group, in the order they were first written.
+  std::vector<std::vector<std::int32_t>> written_;
 };
 
 // The sum step: each slide whose trimmed `groupField` is groups[g] and whose
