@@ -1,5 +1,6 @@
 #include "storage/SmallFiles.h"
 
+#include <cerrno>
 #include <cstdlib>
 #include <fstream>
 #include <sstream>
@@ -38,10 +39,23 @@ RtError OpenPasswordFile(RandomFile& file, std::string& path) {
   return e;
 }
 
-// These files have always told a failed write as a device error and any
-// other failure as one error of their own.
+// These files have always told a failed write as a device error. A missing
+// directory on the way stays "path not found" and a refusal "path or file
+// access"; any other failure is the file's own error.
 RtError WriteError(RtError e, RtError otherwise) {
-  return e == RtError::DiskFull || e == RtError::DeviceIO ? RtError::DeviceIO : otherwise;
+  switch (e) {
+    case RtError::DiskFull:
+    case RtError::DeviceIO: return RtError::DeviceIO;
+    case RtError::PathNotFound:
+    case RtError::PathFileAccess: return e;
+    default: return otherwise;
+  }
+}
+
+// Makes the reports directory unless it is there already.
+RtError MakeDirectory(const std::string& dir) {
+  if (::mkdir(dir.c_str(), 0755) == 0 || errno == EEXIST) return RtError::None;
+  return errno == ENOENT ? RtError::PathNotFound : FromErrno(errno);
 }
 
 std::string Quoted(std::string_view s) { return "\"" + std::string(s) + "\""; }
@@ -136,7 +150,8 @@ Status DataAccess::PutFileHistoryList(const std::string& appPath, const FileHist
 
 Status DataAccess::SaveReport(const std::string& reportsDirectory, const std::string& fileName,
                               const std::string& text) {
-  ::mkdir(reportsDirectory.c_str(), 0755);  // already there is the usual case
+  if (const RtError made = MakeDirectory(reportsDirectory); made != RtError::None)
+    return {WriteError(made, RtError::PathNotFound), kSource};
   const RtError e = ReplaceFile(env_, fileName, text + std::string(kReportLineEnd), kNewFileMode);
   if (e != RtError::None) return {WriteError(e, RtError::PathNotFound), kSource};
   return {};

@@ -5,6 +5,7 @@
 
 #include "storage/DataAccess.h"
 #include "storage/SmallFiles.h"
+#include "support/RowName.h"
 #include "support/SifFixture.h"
 
 namespace cb {
@@ -121,6 +122,44 @@ TEST_F(SmallFilesTest, SaveReportReplacesThePageAndMakesTheFolder) {
   EXPECT_FALSE(Report(data.SaveReport(reports, app / "Reports/no/dir.htm", "x"), errors));
   EXPECT_EQ(errors[0], "76");
 }
+
+// The number follows the failure: a directory missing on the way is 76, a
+// refusal 75, whether it comes from making the folder, deleting the old page
+// or opening the file. /sys stands for a place where nothing may be made.
+struct WriteFailureRow {
+  const char* name;
+  const char* appPath;  // empty: the temporary installation
+  const char* inTheWay;  // made as a directory below it first
+  bool report;           // SaveReport of Reports/Report1.htm, else PutFileHistoryList
+  const char* number;
+};
+
+const WriteFailureRow kWriteFailures[] = {
+    {"history_in_a_missing_directory", "/nonexistent/app", "", false, "76"},
+    {"history_file_is_a_directory", "", "fhistlst.dat", false, "75"},
+    {"reports_folder_cannot_be_made", "/sys", "", true, "75"},
+    {"reports_folder_in_a_missing_directory", "/nonexistent/app", "", true, "76"},
+    {"old_page_cannot_be_deleted", "", "Reports/Report1.htm", true, "75"},
+};
+
+class WriteFailureTest : public SmallFilesTest, public ::testing::WithParamInterface<WriteFailureRow> {};
+
+TEST_P(WriteFailureTest, NumberFollowsTheFailure) {
+  const auto& row = GetParam();
+  const std::string root = *row.appPath ? std::string(row.appPath) : app.str();
+  if (*row.inTheWay) std::filesystem::create_directories(root + "/" + row.inTheWay + "/inside");
+  ModGlobal other;
+  UIMainController mc(root, settings, other);
+  DataAccess data(mc, other.Slides);
+  ErrorArray errors;
+  if (row.report)
+    EXPECT_FALSE(data.SaveReport(root + "/Reports/Report1.htm", "x", errors));
+  else
+    EXPECT_FALSE(mc.PutFileHistoryList({"", "a.sif", "", "", ""}, errors));
+  EXPECT_EQ(errors[0], row.number);
+}
+
+INSTANTIATE_TEST_SUITE_P(Rows, WriteFailureTest, ::testing::ValuesIn(kWriteFailures), testing::RowName());
 
 }  // namespace
 }  // namespace cb
