@@ -135,6 +135,12 @@ std::string SlideToolTip(std::string_view slideText) {
   return text.empty() ? std::string(kClickToEnlarge) : text;
 }
 
+std::string SlideAccessibleName(std::int32_t record, std::string_view slideText) {
+  std::string name = "Slide " + std::to_string(record);
+  if (std::string text = Trim(slideText); !text.empty()) name += ": " + text;
+  return name;
+}
+
 int XCoordFactor(int index) { return CellOf(index).column; }
 int YCoordFactor(int index) { return CellOf(index).row; }
 

@@ -89,6 +89,10 @@ constexpr bool IsEmptyRecord(std::int32_t record, std::int32_t n) { return recor
 // click when that is empty. An empty cell reads kEmptyCellToolTip.
 std::string SlideToolTip(std::string_view slideText);
 inline constexpr std::string_view kEmptyCellToolTip = "Empty";
+// What a screen reader calls the picture of slide `record`: "Slide 3:
+// Television", or "Slide 3" when its trimmed text is empty. An empty cell is
+// called kEmptyCellToolTip.
+std::string SlideAccessibleName(std::int32_t record, std::string_view slideText);
 
 // The factor by which a what's-this position on Image1(index) is scaled: the
 // cell's one-based column (x) or row (y); 1 for any index outside 1..30.

@@ -130,7 +130,7 @@ ScrollRange GalleryScrollRange(std::int32_t n) {
 
 ToolkitBarRange MapToToolkitBar(const ScrollRange& range) {
   constexpr std::int32_t kBarLimit = std::numeric_limits<std::int16_t>::max();
-  return {static_cast<int>(range.Min - 1), static_cast<int>(std::min(range.Max, kBarLimit)),
+  return {static_cast<int>(range.Min), static_cast<int>(std::min(range.Max, kBarLimit)),
           static_cast<int>(range.SmallChange), static_cast<int>(range.LargeChange)};
 }
 
@@ -139,8 +139,11 @@ std::int16_t HandlerValue(int toolkitValue) {
                                                    std::numeric_limits<std::int16_t>::max()));
 }
 
+std::int32_t LoadScrollValue(const ToolkitBarRange& bar) { return bar.minimum; }
+
 CellFill FillFor(const Refill& refill, std::int32_t record, std::int32_t n) {
-  if (record < 0) return CellFill::OutOfRange;
+  // The header lies below the first slide and is never shown as one.
+  if (record < 1) return CellFill::OutOfRange;
   if (record <= n) return CellFill::Load;
   // The column and page refills test against N; a jump's refill does not.
   return refill.kind == RefillKind::Offset ? CellFill::Empty : CellFill::OutOfRange;

@@ -49,13 +49,14 @@ struct ScrollRange {
 };
 ScrollRange GalleryScrollRange(std::int32_t n);
 
-// The toolkit bar standing for the gallery's bar. The load leaves the value
-// below Min, as though the bar stood at 0, and the first small step right must
-// reach the handler as D = +1 (L is 0). So the toolkit bar runs from Min - 1:
-// a fresh bar stands at 0 and its value is handed to the handler unchanged.
-// A large step left from 15 thus reaches 0 (D = -15), and so does a drag of
-// the thumb to the left end. Max is held to 32767, the bar's 16-bit limit,
-// which a page count rounded up from 32761 slides or more would pass.
+// The toolkit bar standing for the gallery's bar runs from Min, as the load
+// sets it, so a drag of the thumb to the left end gives V = 1 and a jump left
+// can never make the header record (element 0) the first on show. A toolkit
+// bar cannot stand below its minimum, so a fresh bar stands at Min, and L
+// starts there rather than at 0 (LoadScrollValue): the first small step right
+// still reaches the handler as D = +1, and a large step left from the second
+// page as D = -15. Max is held to 32767, the bar's 16-bit limit, which a page
+// count rounded up from 32761 slides or more would pass.
 // The bar must report only completed moves (no tracking while dragged), and
 // its write-back must not be blocked: the nested run of the handler is wanted.
 struct ToolkitBarRange {
@@ -67,6 +68,8 @@ struct ToolkitBarRange {
 ToolkitBarRange MapToToolkitBar(const ScrollRange& range);
 // The value V the handler works with, from the toolkit bar's value.
 std::int16_t HandlerValue(int toolkitValue);
+// L after a load: where the fresh toolkit bar stands.
+std::int32_t LoadScrollValue(const ToolkitBarRange& bar);
 
 // The seven rules, by the step D = V - L.
 enum class ScrollRow {
@@ -99,10 +102,10 @@ struct Refill {
 
 // What the refill does with one cell, given N as it stands at that moment.
 enum class CellFill {
-  Load,        // load the picture and tool tip of the record (0, the header, too)
+  Load,        // load the picture and tool tip of the slide
   Empty,       // no picture, tool tip "Empty"
-  OutOfRange,  // the record is no index of Slides: the cell stays as cleared,
-               // and the failed load unloads frmLoading for the rest of the step
+  OutOfRange,  // the record is no slide (the header, 0, included): the cell
+               // stays as cleared, and frmLoading is unloaded for the rest of the step
 };
 CellFill FillFor(const Refill& refill, std::int32_t record, std::int32_t n);
 

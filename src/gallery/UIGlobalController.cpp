@@ -36,7 +36,8 @@ bool Shrink(UIMainController& mc, SlideArray& slides) {
 }  // namespace
 
 bool UIGlobalController::AddSlide(const std::string& fullPath, UIMainController& mc, SlideArray& slides) const {
-  if (mc.NumberOfRecords() == 0) slides.assign(1, slides.empty() ? SlideRecord() : slides[0]);
+  // A fresh header: nothing of an earlier file survives into the next save.
+  if (mc.NumberOfRecords() == 0) slides.assign(1, SlideRecord());
   return AppendSlide(fullPath, mc, slides);
 }
 
@@ -56,6 +57,8 @@ bool UIGlobalController::AppendSlide(const std::string& fullPath, UIMainControll
 
 bool UIGlobalController::DeleteSlide(std::int32_t index, UIMainController& mc, SlideArray& slides) const {
   const std::int32_t p = mc.CurrentlyActiveBase() + index - 1;
+  // Below the first slide lies the header, which no removal may overwrite.
+  if (p < 1) return false;
   if (p <= static_cast<std::int32_t>(slides.size()) - 1 && !ShiftDown(p, slides)) return false;
   return Shrink(mc, slides);
 }

@@ -19,7 +19,7 @@ class UIGlobalController {
   // Appends a slide naming the picture at `fullPath` (a UTF-8 path; its name cut to the
   // field) and copies the picture into the gallery directory unless it is
   // already there; a picture of the same name there is overwritten. An empty
-  // collection is first reset to its header. False when the copy fails; the
+  // collection first starts again from a blank header. False when the copy fails; the
   // appended record stays.
   bool AddSlide(const std::string& fullPath, UIMainController& mc, SlideArray& slides) const;
   // The same without resetting an empty collection: what the Add Slide command does.
@@ -27,6 +27,7 @@ class UIGlobalController {
 
   // Removes the slide in cell `index` of the page on show (record Base +
   // index - 1); a number past the end removes the last slide all the same.
+  // False, removing nothing, when that record number is below 1.
   bool DeleteSlide(std::int32_t index, UIMainController& mc, SlideArray& slides) const;
 
   // Removes the first slide whose picture is `fileName` (exact). The last

@@ -50,6 +50,7 @@ frmGallery::frmGallery() {
   for (int i = 1; i <= kGalleryElements; ++i) {
     auto* image = new StretchImage(Picture1);
     image->setObjectName(QString("Image1(%1)").arg(i));
+    image->setAccessibleName(i > kGalleryCells ? QString("Frame %1").arg(SlideImageOf(i)) : kEmptyCellToolTip.data());
     images_[static_cast<std::size_t>(i - 1)] = image;
     connect(image, &StretchImage::MouseUp, this, [this, i](Qt::MouseButton b, QPointF p) { Image1_MouseUp(i, b, p); });
     connect(image, &StretchImage::Click, this, [this, i] { Image1_Click(i); });
@@ -59,6 +60,8 @@ frmGallery::frmGallery() {
   FlatScrollBar1 = new QScrollBar(Qt::Horizontal, this);
   FlatScrollBar1->setObjectName("FlatScrollBar1");
   FlatScrollBar1->setTracking(false);
+  FlatScrollBar1->setAccessibleName("Slides");
+  FlatScrollBar1->setContextMenuPolicy(Qt::NoContextMenu);  // the bar has no menu of its own
   connect(FlatScrollBar1, &QScrollBar::valueChanged, this, &frmGallery::FlatScrollBar1_Change);
   CreateMenus();
   setFocusPolicy(Qt::StrongFocus);  // so the window has the keyboard, and F1, when it is active
@@ -68,6 +71,10 @@ frmGallery::frmGallery() {
 }
 
 frmGallery::~frmGallery() = default;
+
+QSize frmGallery::sizeHint() const {
+  return {TwipsToPixelsX(kOpeningClientWidth), TwipsToPixelsY(kOpeningClientHeight)};
+}
 
 void frmGallery::CreateMenus() {
   menus_ = BuildMenus(this, GalleryMenu());

@@ -54,6 +54,9 @@ class frmGallery : public QWidget {
   QMenu* Menu(MenuId id) const { return menus_.Menu(id); }
   const QList<QMenu*>& MenuBarMenus() const { return menus_.bar; }
 
+  // Cascading keeps the size the layout is drawn for.
+  QSize sizeHint() const override;
+
   bool WarnMissingSlides = true;
   int WarnAnswer = 0;
   std::int16_t PopupSlideIndex = -1;
@@ -85,6 +88,9 @@ class frmGallery : public QWidget {
   void LayOut();
   void SetStatusText();
   void ClearSlideImages();
+  // Tool tip and accessible name of cell `cell` for slide `record`; a record
+  // outside 1..N names the cell empty.
+  void NameCell(int cell, std::int32_t record);
   void FlatScrollBar1_Change(int value);
   void RefillCells(const ScrollStep& step);
   void Image1_MouseUp(int index, Qt::MouseButton button, QPointF pos);
@@ -95,8 +101,9 @@ class frmGallery : public QWidget {
   // file goes through the missing-file protocol and is retried. False when
   // the load must end (any other failure).
   bool LoadCell(int cell, std::int32_t record);
-  // The missing-file protocol for record `record`; `warn` shows the question.
-  void MissingSlide(std::int32_t record);
+  // The missing-file protocol for record `record`; false when the slide
+  // could not be removed, which ends the retry.
+  bool MissingSlide(std::int32_t record);
   RtError Picture(const QString& path, QImage& out);
   // Decodes, on a worker, the columns a one-column step either way will show.
   void LookAround();

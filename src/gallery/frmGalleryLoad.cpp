@@ -95,8 +95,7 @@ void frmGallery::Load() {
       UnloadLoading();
       return;
     }
-    Image1(i)->setToolTip(ToQ(SlideToolTip(
-        g.Slides[static_cast<std::size_t>(RecordInCell(mc.CurrentlyActiveBase(), i))].Get(Field::SlideText))));
+    NameCell(i, RecordInCell(mc.CurrentlyActiveBase(), i));
     loading.ProgressBar1->setValue(i);
     loading.repaint();
   }
@@ -105,7 +104,7 @@ void frmGallery::Load() {
   if (now - 1 < kGalleryCells) {
     FlatScrollBar1->setEnabled(false);
     for (std::int32_t i = now + 1; i <= kGalleryCells; ++i) {
-      Image1(i)->setToolTip(kEmptyCellToolTip.data());
+      NameCell(i, 0);
       Image1(FrameOf(i))->SetPicture(frame);
     }
   }
@@ -116,7 +115,7 @@ void frmGallery::Load() {
     FlatScrollBar1->setSingleStep(range.singleStep);
     FlatScrollBar1->setPageStep(range.pageStep);
     FlatScrollBar1->setValue(range.minimum);
-    g.GalleryScrollValue = 0;
+    g.GalleryScrollValue = LoadScrollValue(range);
   }
   emit PageLoaded();
   SetStatusText();
@@ -134,17 +133,18 @@ bool frmGallery::LoadCell(int cell, std::int32_t record) {
       Image1(cell)->SetPicture(std::move(picture));
       return true;
     }
+    // A record that cannot be removed would be retried for ever.
     if (e == RtError::FileNotFound) {
-      MissingSlide(record);
+      if (!MissingSlide(record)) return false;
     } else if (e == RtError::InvalidPicture) {
-      GalleryController.DeleteSlide(record, *Globals().MainController, Globals().Slides);
+      if (!GalleryController.DeleteSlide(record, *Globals().MainController, Globals().Slides)) return false;
     } else {
       return false;
     }
   }
 }
 
-void frmGallery::MissingSlide(std::int32_t record) {
+bool frmGallery::MissingSlide(std::int32_t record) {
   ModGlobal& g = Globals();
   UIMainController& mc = *g.MainController;
   if (WarnMissingSlides) {
@@ -154,16 +154,28 @@ void frmGallery::MissingSlide(std::int32_t record) {
   }
   // A record number stands where a cell index is expected: with Base above 1
   // the slide removed is not always the one whose file is missing.
-  GalleryController.DeleteSlide(record, mc, g.Slides);
+  if (!GalleryController.DeleteSlide(record, mc, g.Slides)) return false;
   mc.CurrentlyActiveRoof(std::min(UpperBound(), std::int32_t{kGalleryCells}));
   mc.SaveSettings(errors_);
+  return true;
 }
 
 void frmGallery::ClearSlideImages() {
   for (int i = 1; i <= kGalleryCells; ++i) {
     Image1(i)->ClearPicture();
-    Image1(i)->setToolTip(kEmptyCellToolTip.data());
+    NameCell(i, 0);
   }
+}
+
+void frmGallery::NameCell(int cell, std::int32_t record) {
+  if (record < 1 || record > UpperBound()) {
+    Image1(cell)->setToolTip(kEmptyCellToolTip.data());
+    Image1(cell)->setAccessibleName(kEmptyCellToolTip.data());
+    return;
+  }
+  const std::string& text = Globals().Slides[static_cast<std::size_t>(record)].Get(Field::SlideText);
+  Image1(cell)->setToolTip(ToQ(SlideToolTip(text)));
+  Image1(cell)->setAccessibleName(ToQ(SlideAccessibleName(record, text)));
 }
 
 void frmGallery::SetStatusText() {

@@ -60,7 +60,6 @@ void frmGallery::FlatScrollBar1_Change(int value) {
 void frmGallery::RefillCells(const ScrollStep& step) {
   if (step.refill.kind == RefillKind::None) return;
   ClearSlideImages();
-  const auto& slides = Globals().Slides;
   // What the page does not hold yet decodes on every core before the loop.
   QStringList paths;
   for (int c = 1; c <= step.refill.Cells() && c <= kGalleryCells; ++c) {
@@ -77,16 +76,15 @@ void frmGallery::RefillCells(const ScrollStep& step) {
         QImage picture;
         const RtError e = Picture(GalleryPicturePath(r), picture);
         if (e == RtError::FileNotFound && r <= UpperBound()) {
-          MissingSlide(r);  // then the same statement once more
+          if (!MissingSlide(r)) break;  // nothing was removed: the cell stays empty
           if (r > UpperBound()) break;
-          continue;
+          continue;  // the same statement once more
         }
         if (e == RtError::None) Image1(cell)->SetPicture(std::move(picture));
         else UnloadLoading();  // an invalid picture leaves the cell empty
         break;
       }
-      if (r <= UpperBound())
-        Image1(cell)->setToolTip(ToQ(SlideToolTip(slides[static_cast<std::size_t>(r)].Get(Field::SlideText))));
+      if (r <= UpperBound()) NameCell(cell, r);
     } else if (fill == CellFill::OutOfRange) {
       UnloadLoading();
     }

@@ -63,7 +63,8 @@ bool frmGallery::ShowSlide(std::int16_t index) {
 bool frmGallery::ShowReportSlide(std::int32_t record) {
   if (record < 0 || record >= static_cast<std::int32_t>(Globals().Slides.size())) return false;
   const QImage picture = SlidePicture(record);
-  const QString tip = ToQ(Trim(Globals().Slides[static_cast<std::size_t>(record)].Get(Field::SlideText)));
+  const std::string& text = Globals().Slides[static_cast<std::size_t>(record)].Get(Field::SlideText);
+  const QString tip = ToQ(Trim(text));
   if (auto* open = qobject_cast<frmSlide*>(FindOpenForm("frmSlide"))) {
     if (!picture.isNull()) open->Image1->SetPicture(picture);
     open->Image1->setToolTip(tip);
@@ -72,6 +73,7 @@ bool frmGallery::ShowReportSlide(std::int32_t record) {
   } else {
     fSlide = NewSlideWindow(picture, tip);
   }
+  fSlide->Image1->setAccessibleName(ToQ(SlideAccessibleName(record, text)));
   return false;
 }
 

@@ -33,7 +33,8 @@ const DeleteRow kDeletes[] = {
     {"first_page_cell_three", 1, 3, true, "H1245"},
     {"cell_counts_from_the_base", 3, 2, true, "H1235"},
     {"past_the_end_drops_the_last", 1, 9, true, "H1234"},
-    {"cell_zero_shifts_over_the_header", 1, 0, true, "12345"},
+    // The header is never overwritten: the removal is refused.
+    {"cell_zero_would_overwrite_the_header", 1, 0, false, "H12345"},
     {"before_the_header_is_out_of_range", -1, 1, false, "H12345"},
 };
 
@@ -63,14 +64,17 @@ TEST_F(DeleteSlideTest, ByFileNameDropsTheLastWhenNoneMatches) {
   EXPECT_EQ(mc.NumberOfRecords(), 3);
 }
 
-TEST_F(DeleteSlideTest, AddingToAnEmptyCollectionStartsFromTheHeader) {
+// The old header's bytes must not reach the next save.
+TEST_F(DeleteSlideTest, AddingToAnEmptyCollectionStartsFromAFreshHeader) {
   UIMainController& mc = Start();
   std::filesystem::create_directories(app / "Gallery");
   testing::WriteFile(app / "Pictures/Chair Photo.jpg", "bytes");
   SlideArray s = Five();  // stale records behind a count of 0
   mc.NumberOfRecords(0);
   ASSERT_TRUE(UIGlobalController().AddSlide(app / "Pictures/Chair Photo.jpg", mc, s));
-  EXPECT_EQ(Names(s), "HChair Photo.jpg");
+  ASSERT_EQ(s.size(), 2u);
+  EXPECT_EQ(s[0], SlideRecord());
+  EXPECT_EQ(Trim(s[1].Get(Field::PictureFile)), "Chair Photo.jpg");
   EXPECT_EQ(testing::ReadFile(app / "Gallery/Chair Photo.jpg"), "bytes");
   EXPECT_FALSE(UIGlobalController().AddSlide(app / "Pictures/gone.jpg", mc, s));
   EXPECT_EQ(mc.NumberOfRecords(), 2);  // the record stays when the copy fails

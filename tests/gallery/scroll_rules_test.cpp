@@ -18,7 +18,11 @@ namespace {
 struct Gallery {
   explicit Gallery(std::int32_t slides) : n(slides), window(OpeningWindow(slides)) {
     for (int i = 1; i <= std::min(n, 15); ++i) cells[i] = i;
-    if (ScrollBarEnabled(n)) bar = MapToToolkitBar(GalleryScrollRange(n));
+    if (ScrollBarEnabled(n)) {
+      bar = MapToToolkitBar(GalleryScrollRange(n));
+      value = bar.minimum;
+      l = LoadScrollValue(bar);
+    }
   }
 
   // r/l a small step, R/L a large one, tN the thumb dropped at N, a the
@@ -90,29 +94,33 @@ struct ScrollCase {
 };
 
 const ScrollCase kScrollRows[] = {
-    {"ColumnRight", 20, "r", "4..18", {4, 18, 4}, "Slides: 4 to 18 of 20", 1, 1},
-    {"ColumnRightToTheEnd", 20, "r r", "7..20,E", {7, 20, 7}, "Slides: 7 to 20 of 20", 2, 2},
+    {"ColumnRight", 20, "r", "4..18", {4, 18, 4}, "Slides: 4 to 18 of 20", 2, 1},
+    {"ColumnRightToTheEnd", 20, "r r", "7..20,E", {7, 20, 7}, "Slides: 7 to 20 of 20", 3, 2},
     // Refused at the end: the bar is pushed back, and that write runs the
     // handler again with D = 0.
-    {"ColumnRightPushedBack", 20, "r r r", "7..20,E", {7, 20, 7}, "Slides: 7 to 20 of 20", 2, 4},
-    {"PageRight", 20, "R", "16..20,E*10", {16, 30, 16}, "Slides: 16 to 20 of 20", 15, 1},
+    {"ColumnRightPushedBack", 20, "r r r", "7..20,E", {7, 20, 7}, "Slides: 7 to 20 of 20", 3, 4},
+    {"PageRight", 20, "R", "16..20,E*10", {16, 30, 16}, "Slides: 16 to 20 of 20", 16, 1},
     // The loop runs over the old Base..Roof, so a short page refills short.
-    {"PageLeftAfterActivate", 20, "R a L", "1..5,E*10", {1, 15, 1}, "Slides: 1 to 15 of 20", 0, 2},
-    {"PageLeftBeforeActivate", 20, "R L", "1..15", {1, 15, 1}, "Slides: 1 to 15 of 20", 0, 2},
+    {"PageLeftAfterActivate", 20, "R a L", "1..5,E*10", {1, 15, 1}, "Slides: 1 to 15 of 20", 1, 2},
+    {"PageLeftBeforeActivate", 20, "R L", "1..15", {1, 15, 1}, "Slides: 1 to 15 of 20", 1, 2},
+    // The bar stops at 30, so the second large step arrives as a jump and is refused.
     {"PageRightRefusedTakesTheValue", 20, "R R", "16..20,E*10", {16, 30, 16},
      "Slides: 16 to 20 of 20", 30, 2},
-    {"PageLeftFromDeepIn", 40, "R R L", "16..30", {16, 30, 1}, "Slides: 16 to 30 of 40", 15, 3},
-    {"ColumnLeft", 40, "r r l", "4..18", {4, 18, 4}, "Slides: 4 to 18 of 40", 1, 3},
-    // Base 1: a small step left changes L only.
-    {"ColumnLeftAtFirst", 40, "t20 t1 l", "1..15", {1, 15, 1}, "Slides: 1 to 15 of 40", 0, 3},
+    {"PageLeftFromDeepIn", 40, "R R L", "16..30", {16, 30, 1}, "Slides: 16 to 30 of 40", 16, 3},
+    {"ColumnLeft", 40, "r r l", "4..18", {4, 18, 4}, "Slides: 4 to 18 of 40", 2, 3},
+    // The bar stands at its left end: a small step left does not move it.
+    {"ColumnLeftAtTheLeftEnd", 40, "t20 t1 l", "1..15", {1, 15, 1}, "Slides: 1 to 15 of 40", 1, 2},
     // Jumps: left takes V as Base, right adds D and stops at a full last page.
-    {"JumpRight", 40, "t20", "21..35", {21, 35, 1}, "Slides: 21 to 35 of 40", 20, 1},
+    {"JumpRight", 40, "t20", "20..34", {20, 34, 1}, "Slides: 20 to 34 of 40", 20, 1},
     {"JumpLeft", 40, "t20 t6", "6..20", {6, 20, 1}, "Slides: 6 to 20 of 40", 6, 2},
+    // The thumb dragged to the left end brings the first page, never the header.
+    {"ThumbToTheLeftEnd", 40, "R R t1", "1..15", {1, 15, 31}, "Slides: 1 to 15 of 40", 1, 3},
     {"ThumbToTheRightEnd", 20, "t30", "6..20", {6, 20, 1}, "Slides: 6 to 20 of 20", 30, 1},
     {"JumpLeftPastTheEnd", 20, "t30 t10", "10..20,E*4", {10, 24, 1}, "Slides: 10 to 24 of 20", 10, 2},
     {"JumpRightRefusedAtTheEnd", 20, "r r t10", "7..20,E", {7, 20, 7}, "Slides: 7 to 20 of 20", 10, 3},
-    // Base 2: offset -3 reaches record -1 (left empty) and the header, 0.
-    {"ColumnLeftFromBaseTwo", 40, "t20 t2 l", "E,0..13", {-1, 13, -2}, "Slides: -1 to 13 of 40", 1, 3},
+    // Base 2 or 3: offset -3 reaches record -1 and the header, 0; both cells stay empty.
+    {"ColumnLeftFromBaseTwo", 40, "t20 t2 l", "E*2,1..13", {-1, 13, -2}, "Slides: -1 to 13 of 40", 1, 3},
+    {"ColumnLeftFromBaseThree", 40, "t5 t3 l", "E,1..14", {0, 14, -2}, "Slides: 0 to 14 of 40", 2, 3},
 };
 
 class ScrollTest : public ::testing::TestWithParam<ScrollCase> {};
@@ -139,6 +147,14 @@ TEST(ScrollBarTest, RangeRoundsUpToWholePages) {
   }
 }
 
+// Base 1 refuses a small step left wherever the bar stands; L takes V.
+TEST(ScrollStepTest, ColumnLeftAtTheFirstRecordOnlyTakesTheValue) {
+  const auto step = BeginScroll({1, 15, 1}, 5, 4, 40);
+  EXPECT_TRUE(step.refused);
+  EXPECT_FALSE(step.pushBack);
+  EXPECT_EQ(step.scrollValue, 4);
+}
+
 // The missing-file protocol may drop records and set Roof while a column
 // step refills; the step then finishes on what stands after the refill.
 TEST(ScrollStepTest, FinishesOnTheWindowAfterTheRefill) {
@@ -154,7 +170,7 @@ TEST(ScrollStepTest, LargestCollectionScrollsToTheEnd) {
   for (int i = 0; i < 10919; ++i) g.Do("r");  // the last one is pushed back
   EXPECT_EQ(g.window, (RecordWindow{32755, 32767, 32755}));
   EXPECT_EQ(g.Cells(), "32755..32767,E*2");
-  EXPECT_EQ(g.value, 10918);
+  EXPECT_EQ(g.value, 10919);
   Gallery thumb(32767);
   thumb.Do("t32767");
   EXPECT_EQ(thumb.window, (RecordWindow{32753, 32767, 1}));
