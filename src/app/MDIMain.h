@@ -5,6 +5,7 @@
 #include <QImage>
 #include <QMainWindow>
 #include <QMdiArea>
+#include <QMdiSubWindow>
 #include <QPointer>
 
 #include "app/MDIMainMenuBuilder.h"
@@ -132,6 +133,7 @@ class MDIMain : public QMainWindow {
   std::array<QAction*, kToolbarButtonCount> buttons_{};
   QList<QAction*> windowList_;
   QPointer<frmGallery> gallery_;
+  QPointer<QMdiSubWindow> activeChild_;  // the child whose activation ran last
   int windowCounter_ = 0;
   ErrorArray errors_;
 };

@@ -36,7 +36,7 @@ bool Exists(const frmCommonDialog& d, const QString& probe, const QString& name)
 
 bool OverwriteConfirmed(const QString& name, const char* title) {
   return MsgBox("The file '" + name + "' already exists.\nAre you sure you want to overwrite this file?",
-                vbYesNo + vbQuestion, title) == vbYes;
+                vbYesNo, title) == vbYes;
 }
 
 std::string InFileList(const frmCommonDialog& d, const QString& name) {
@@ -72,7 +72,7 @@ void MDIMain::OpenFile(const std::string& path) {
   if (mc.LoadSettings(errors_))
     CaptionGallery();
   else
-    MsgBox(kLoadErrorText, vbExclamation, kLoadErrorTitle);
+    MsgBox(kLoadErrorText, vbOKOnly, kLoadErrorTitle);
 }
 
 void MDIMain::mnuFileOpen_Click() {

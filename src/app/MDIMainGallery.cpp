@@ -84,6 +84,11 @@ void MDIMain::SetMenuBar(const QList<QMenu*>& menus) {
 }
 
 void MDIMain::SubWindowActivated(QMdiSubWindow* sub) {
+  // The frame losing and regaining focus (a message box, a dialog) makes the
+  // toolkit deactivate and reactivate the same child; that is no activation.
+  if (!sub && !area_->subWindowList().isEmpty()) return;
+  if (sub && sub == activeChild_) return;
+  activeChild_ = sub;
   QWidget* child = sub ? sub->widget() : nullptr;
   if (auto* gallery = qobject_cast<frmGallery*>(child)) {
     SetMenuBar(gallery->MenuBarMenus());

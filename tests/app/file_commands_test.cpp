@@ -69,6 +69,7 @@ TEST_F(FileCommandsTest, NewAsksBeforeOverwritingTheSelectedFile) {
   TheMDIMain().mnuFileNew_Click();
   EXPECT_EQ(messages, QStringList({"New File: The file 't.sif' already exists.\n"
                                    "Are you sure you want to overwrite this file?"}));
+  EXPECT_EQ(styles, QList<int>({vbYesNo}));  // no icon: the question has no style that gives one
   EXPECT_EQ(Mc().NumberOfRecords(), 3);  // No leaves everything as it was
 }
 
@@ -138,6 +139,31 @@ TEST_F(FileCommandsTest, NextStartOpensTheFileOpened) {
   Globals().SplashDismissed = true;
   ASSERT_TRUE(Main(app.str(), settings));
   EXPECT_EQ(Mc().SlideInformationFilePath(), Files("second.sif"));
+}
+
+// A real message box takes the focus from the main window, which gets it back
+// once the command has rebuilt the gallery. The gallery's activation, and the
+// fourth entry's rule with it, must still run once.
+TEST_F(FileCommandsTest, MissingFourthHistoryEntryMovesTheListOnce) {
+  Start(3);
+  QApplication::setActiveWindow(&TheMDIMain());
+  Globals().History = {"", "t.sif", "b.sif", "c.sif", "gone.sif"};
+  QWidget box;
+  SetMsgBoxHook([&](const QString& text, int style, const QString& title) {
+    messages.push_back(title + ": " + text);
+    styles.push_back(style);
+    box.show();
+    QApplication::setActiveWindow(&box);
+    box.hide();
+    return vbOK;
+  });
+  TheMDIMain().mnuFileHist_Click(4);
+  QApplication::setActiveWindow(&TheMDIMain());
+  QApplication::processEvents();
+  EXPECT_EQ(messages, QStringList({"Load Error: Invalid Slide Information File"}));
+  EXPECT_EQ(styles, QList<int>({vbOKOnly}));  // no icon
+  EXPECT_EQ(Globals().History, (std::array<std::string, 5>{"", "c.sif", "t.sif", "b.sif", "c.sif"}));
+  EXPECT_EQ(Mc().NumberOfRecords(), 3);  // the slides still held
 }
 
 struct AddRow {

@@ -26,8 +26,9 @@ class GalleryFixture : public ::testing::Test {
     QImage frame(4, 4, QImage::Format_RGB32);
     frame.fill(Qt::darkYellow);
     frame.save(QString::fromStdString(app / "Background/oak.jpg"));
-    SetMsgBoxHook([this](const QString& text, int, const QString& title) {
+    SetMsgBoxHook([this](const QString& text, int style, const QString& title) {
       messages.push_back(title + ": " + text);
+      styles.push_back(style);
       return answer;
     });
   }
@@ -79,6 +80,7 @@ class GalleryFixture : public ::testing::Test {
   TempDir app, config;
   MemorySettings settings;
   QStringList messages;
+  QList<int> styles;  // of each message, in order
   int answer = vbYes;
 };
 
