@@ -3,6 +3,7 @@
 #include <QLabel>
 #include <QPushButton>
 
+#include "app/MDIMainRules.h"
 #include "artwork/Artwork.h"
 #include "qt/Twips.h"
 
@@ -13,6 +14,7 @@ frmAbout::frmAbout() {
   setWindowTitle("About Chattelbook");
   picture_ = new QLabel(this);
   picture_->setScaledContents(true);
+  picture_->setAccessibleName(kAppTitle);  // the picture shows the program's name
   cmdOK = new QPushButton("OK", this);
   cmdOK->setObjectName("cmdOK");
   cmdOK->setDefault(true);

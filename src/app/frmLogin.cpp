@@ -21,13 +21,16 @@ constexpr char kErrorTitle[] = "Error";
 struct Place {
   double left, top, width, height;
 };
-constexpr Place kPassword{1560, 120, 2505, 330};
-constexpr Place kPasswordLabel{120, 150, 1380, 270};
-constexpr Place kConfirm{1560, 540, 2505, 330};
-constexpr Place kConfirmLabel{120, 570, 1380, 270};
+// The labels are wider than the design's 1380, and the boxes and the window
+// grow to match, so that "Confirm Password:" shows whole at today's fonts.
+constexpr double kLabelWidth = 1980, kShift = kLabelWidth - 1380;
+constexpr Place kPassword{1560 + kShift, 120, 2505, 330};
+constexpr Place kPasswordLabel{120, 150, kLabelWidth, 270};
+constexpr Place kConfirm{1560 + kShift, 540, 2505, 330};
+constexpr Place kConfirmLabel{120, 570, kLabelWidth, 270};
 constexpr double kButtonsTop = 1020;
 constexpr double kButtonsTopLogin = 496.3;
-constexpr double kClientWidth = 4245, kClientHeight = 1590;
+constexpr double kClientWidth = 4245 + kShift, kClientHeight = 1590;
 // The login's outer height of 1815 less a title bar.
 constexpr double kClientHeightLogin = 1815 - 420;
 

@@ -1,6 +1,7 @@
 #include "app/frmSplash.h"
 
 #include "artwork/Artwork.h"
+#include "app/MDIMainRules.h"
 #include "app/modGlobal.h"
 #include "qt/Twips.h"
 
@@ -12,6 +13,7 @@ frmSplash::frmSplash() : QLabel(nullptr, Qt::SplashScreen | Qt::FramelessWindowH
   const QSize size(TwipsToPixelsX(7200), TwipsToPixelsY(4320));
   setFixedSize(size);
   setPixmap(SplashPicture(size));
+  setAccessibleName(kAppTitle);  // the picture shows the program's name
   CentreOnScreen(*this);
 }
 

@@ -42,24 +42,34 @@ struct Control {
   const char* name;
   Place place;
 };
+// The left column is wider than the design's 1815, and everything right of it
+// moves over, so that "Slide Info Files (*.sif)" shows whole at today's fonts.
+constexpr double kLeftWidth = 2415, kShift = kLeftWidth - 1815;
 constexpr Control kControls[] = {
-    {"txtFilename", {240, 480, 1815, 285}},  {"FileListBox1", {240, 840, 1815, 1260}},
-    {"cboFileType", {240, 2520, 1815, 315}}, {"Dir1", {2520, 480, 1935, 1665}},
-    {"Drive1", {2520, 2520, 1935, 315}},     {"cmdOK", {4800, 240, 1455, 375}},
-    {"cmdCancel", {4800, 720, 1455, 375}},   {"cmdHelp", {4800, 1320, 1455, 375}},
+    {"txtFilename", {240, 480, kLeftWidth, 285}},
+    {"FileListBox1", {240, 840, kLeftWidth, 1260}},
+    {"cboFileType", {240, 2520, kLeftWidth, 315}},
+    {"Dir1", {2520 + kShift, 480, 1935, 1665}},
+    {"Drive1", {2520 + kShift, 2520, 1935, 315}},
+    {"cmdOK", {4800 + kShift, 240, 1455, 375}},
+    {"cmdCancel", {4800 + kShift, 720, 1455, 375}},
+    {"cmdHelp", {4800 + kShift, 1320, 1455, 375}},
 };
 struct Caption {
   const char* name;
   const char* text;
   Place place;
+  const char* labels;  // the control it names
 };
 constexpr Caption kLabels[] = {
-    {"lblFileName", "File Name:", {240, 240, 1815, 240}},
-    {"lblFileType", "List Files of Type:", {240, 2280, 1815, 240}},
-    {"lblFolders", "Folders:", {2520, 240, 1935, 240}},
-    {"lblDrives", "Drives:", {2520, 2280, 1935, 240}},
+    {"lblFileName", "File Name:", {240, 240, kLeftWidth, 240}, "txtFilename"},
+    {"lblFileType", "List Files of Type:", {240, 2280, kLeftWidth, 240}, "cboFileType"},
+    {"lblFolders", "Folders:", {2520 + kShift, 240, 1935, 240}, "Dir1"},
+    {"lblDrives", "Drives:", {2520 + kShift, 2280, 1935, 240}, "Drive1"},
 };
-constexpr double kClientWidth = 6450, kClientHeight = 3075;
+// The file list stands under the name's label with no label of its own.
+constexpr char kFileListName[] = "Files";
+constexpr double kClientWidth = 6450 + kShift, kClientHeight = 3075;
 
 void Put(QWidget* w, const Place& p) { w->setGeometry(TwipsRect(p.left, p.top, p.width, p.height)); }
 
@@ -215,7 +225,11 @@ void frmCommonDialog::PlaceControls() {
     auto* label = new QLabel(c.text, this);
     label->setObjectName(c.name);
     Put(label, c.place);
+    QWidget* named = findChild<QWidget*>(c.labels);
+    label->setBuddy(named);
+    named->setAccessibleName(QString(c.text).chopped(1));  // without the colon
   }
+  FileListBox1->setAccessibleName(kFileListName);
   setFixedSize(TwipsToPixelsX(kClientWidth), TwipsToPixelsY(kClientHeight));
 }
 

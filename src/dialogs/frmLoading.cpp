@@ -19,6 +19,8 @@ frmLoading::frmLoading() : QDialog(nullptr, Qt::Tool | Qt::CustomizeWindowHint |
   ProgressBar1 = new QProgressBar(this);
   ProgressBar1->setObjectName("ProgressBar1");
   ProgressBar1->setTextVisible(false);
+  ProgressBar1->setRange(1, 100);  // the design's range; the fills step it from 1
+  ProgressBar1->setAccessibleName("Progress");
   auto* layout = new QVBoxLayout(this);
   layout->addWidget(lblText);
   layout->addWidget(ProgressBar1);

@@ -29,7 +29,7 @@ dlgRemoveSlide::dlgRemoveSlide() {
     accept();
   });
   connect(cmdCancel, &QPushButton::clicked, this, &QDialog::reject);
-  connect(cmdHelp, &QPushButton::clicked, this, [this] { OpenHelp(kHelpPage); });
+  connect(cmdHelp, &QPushButton::clicked, this, [this] { CloseWithHelp(*this, kHelpPage); });
   InstallF1(*this, kHelpPage);
   CentreOnScreen(*this);
 }

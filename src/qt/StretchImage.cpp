@@ -2,6 +2,7 @@
 
 #include <QMouseEvent>
 #include <QPainter>
+#include <utility>
 
 namespace cb {
 
@@ -23,7 +24,11 @@ void StretchImage::mousePressEvent(QMouseEvent* e) { emit MouseDown(e->button(),
 
 void StretchImage::mouseReleaseEvent(QMouseEvent* e) {
   emit MouseUp(e->button(), e->position());
-  if (rect().contains(e->position().toPoint())) emit Click();
+  const bool second = std::exchange(doubleClicked_, false);
+  if (!second && rect().contains(e->position().toPoint())) emit Click();
 }
+
+// The toolkit's default would report the press a second time.
+void StretchImage::mouseDoubleClickEvent(QMouseEvent*) { doubleClicked_ = true; }
 
 }  // namespace cb

@@ -1,6 +1,8 @@
 #pragma once
 // An image element that stretches its picture to whatever size it is given,
-// and reports a press as mouse-down, then mouse-up followed by click.
+// and reports a press as mouse-down, then mouse-up followed by click. The
+// second press of a double-click gives mouse-up only, so a double-click is
+// one click, as on the platform the program comes from.
 
 #include <QImage>
 #include <QWidget>
@@ -26,9 +28,11 @@ class StretchImage : public QWidget {
   void paintEvent(QPaintEvent* e) override;
   void mousePressEvent(QMouseEvent* e) override;
   void mouseReleaseEvent(QMouseEvent* e) override;
+  void mouseDoubleClickEvent(QMouseEvent* e) override;
 
  private:
   QImage picture_;
+  bool doubleClicked_ = false;
 };
 
 }  // namespace cb

@@ -13,6 +13,7 @@
 namespace cb {
 namespace {
 constexpr char kHelpPage[] = "help009.htm";
+constexpr double kDesignWidth = 7725, kDesignHeight = 5355;
 }  // namespace
 
 frmSlide::frmSlide() {
@@ -29,10 +30,12 @@ frmSlide::frmSlide() {
   connect(Image1, &StretchImage::Click, this, &frmSlide::Image1_Click);
   setFocusPolicy(Qt::StrongFocus);  // so the window has the keyboard, and F1, when it is active
   InstallF1(*this, kHelpPage);
-  resize(TwipsToPixelsX(7725), TwipsToPixelsY(5355));
+  resize(sizeHint());
   Place({0, 0, 7095, 4575});
   SetCaption();
 }
+
+QSize frmSlide::sizeHint() const { return {TwipsToPixelsX(kDesignWidth), TwipsToPixelsY(kDesignHeight)}; }
 
 double frmSlide::ScaleWidth() const { return PixelsToTwipsX(width()); }
 double frmSlide::ScaleHeight() const { return PixelsToTwipsY(height()); }
@@ -49,6 +52,7 @@ void frmSlide::SetCaption() {
                                ? g.Slides[static_cast<std::size_t>(n)].Get(Field::SlideText)
                                : std::string();
   setWindowTitle(ToQ(SlideCaption(text, n)));
+  Image1->setAccessibleName(ToQ(SlideAccessibleName(n, text)));
 }
 
 void frmSlide::resizeEvent(QResizeEvent*) { Place(FitImage(image_, ScaleWidth(), ScaleHeight())); }

@@ -31,6 +31,8 @@ class frmSlide : public QWidget {
   // The caption from the current slide.
   void SetCaption();
   void Form_Activate();
+  // Cascading keeps the window's design size.
+  QSize sizeHint() const override;
 
  signals:
   // Each activation: the frame sets its toolbar for a slide.
