@@ -121,8 +121,8 @@ void frmGallery::Image1_MouseUp(int index, Qt::MouseButton button, QPointF pos) 
   ModGlobal& g = Globals();
   UIMainController& mc = *g.MainController;
   if (button == Qt::RightButton) {
-    const auto x = mc.GetXCoord(ToLong(PixelsToTwipsX(static_cast<int>(std::lround(pos.x())))).value, std::int16_t(index));
-    const auto y = mc.GetYCoord(ToLong(PixelsToTwipsY(static_cast<int>(std::lround(pos.y())))).value, std::int16_t(index));
+    const auto x = GalleryController.GetXCoord(ToLong(PixelsToTwipsX(static_cast<int>(std::lround(pos.x())))).value, std::int16_t(index));
+    const auto y = GalleryController.GetYCoord(ToLong(PixelsToTwipsY(static_cast<int>(std::lround(pos.y())))).value, std::int16_t(index));
     if (x.error == RtError::None) g.MouseX = x.value;
     if (y.error == RtError::None) g.MouseY = y.value;
     PopupSlideIndex = static_cast<std::int16_t>(index);
@@ -174,7 +174,7 @@ void frmGallery::mnuSlidesAdd_Click() {
   NewSlidePath = d.FileListBox1->Path() + "/" + selected;
   UnloadCommonDialog();
   // A failed copy or save ends the command without a word; the new record stays in memory.
-  if (!GalleryController.AppendSlide(PathFromQ(NewSlidePath), mc, g.Slides)) return;
+  if (!mc.GlobalController().AppendSlide(PathFromQ(NewSlidePath), mc, g.Slides)) return;
   if (!mc.SaveSettings(errors_)) return;
   NewSlidePath.clear();
   emit CollectionChanged();

@@ -10,7 +10,7 @@
 
 #include "app/MDIMainMenuBuilder.h"
 #include "base/RuntimeError.h"
-#include "gallery/UIGlobalController.h"
+#include "gallery/UIGalleryController.h"
 
 class QAction;
 class QMenu;
@@ -112,7 +112,7 @@ class frmGallery : public QWidget {
   // Where the elements stand, in twips: the design's until the first resize.
   std::array<ElementRect, 30> placed_ = DesignLayout().elements;
   BuiltMenus menus_;
-  UIGlobalController GalleryController;
+  UIGalleryController GalleryController;
   ErrorArray errors_;
 };
 

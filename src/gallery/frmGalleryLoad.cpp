@@ -70,7 +70,7 @@ void frmGallery::Load() {
   loading.lblText->setText(kLoadingText);
   loading.repaint();
   WarnMissingSlides = true;
-  GalleryController = UIGlobalController();
+  GalleryController = UIGalleryController();
   if (QWidget* frame = parentWidget())
     frame->resize(TwipsToPixelsX(mc.FormWidth()), TwipsToPixelsY(mc.FormHeight()));
   const std::int32_t n = UpperBound();

@@ -59,8 +59,8 @@ void frmSlide::resizeEvent(QResizeEvent*) { Place(FitImage(image_, ScaleWidth(),
 
 void frmSlide::Image1_MouseUp(Qt::MouseButton button, QPointF pos) {
   ModGlobal& g = Globals();
-  const auto x = g.MainController->GetXCoord(ToLong(PixelsToTwipsX(static_cast<int>(std::lround(pos.x())))).value, 0);
-  const auto y = g.MainController->GetYCoord(ToLong(PixelsToTwipsY(static_cast<int>(std::lround(pos.y())))).value, 0);
+  const auto x = SlideController.GetXCoord(ToLong(PixelsToTwipsX(static_cast<int>(std::lround(pos.x())))).value, 0);
+  const auto y = SlideController.GetYCoord(ToLong(PixelsToTwipsY(static_cast<int>(std::lround(pos.y())))).value, 0);
   if (x.error == RtError::None) g.MouseX = x.value;
   if (y.error == RtError::None) g.MouseY = y.value;
   if (button != Qt::RightButton) return;

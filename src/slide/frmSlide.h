@@ -5,6 +5,7 @@
 #include <QWidget>
 
 #include "gallery/GalleryLayout.h"
+#include "slide/UISlideController.h"
 
 namespace cb {
 
@@ -53,6 +54,7 @@ class frmSlide : public QWidget {
   double ScaleHeight() const;
 
   ElementRect image_;
+  UISlideController SlideController;
 };
 
 }  // namespace cb
