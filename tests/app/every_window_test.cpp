@@ -20,7 +20,7 @@
 #include <memory>
 
 #include "app/frmAbout.h"
-#include "app/frmLoading.h"
+#include "dialogs/frmLoading.h"
 #include "app/frmLogin.h"
 #include "app/frmSplash.h"
 #include "dialogs/dlgWhat.h"

@@ -8,7 +8,7 @@
 #include <QContextMenuEvent>
 
 #include "support/RowName.h"
-#include "app/frmLoading.h"
+#include "dialogs/frmLoading.h"
 #include "dialogs/HelpRoutine.h"
 #include "qt/StretchImage.h"
 #include "gallery/dlgRemoveSlide.h"
@@ -325,7 +325,7 @@ TEST_F(GalleryWindowTest, CascadeKeepsTheChildrensSizes) {
   auto* slide = qobject_cast<frmSlide*>(FindOpenForm("frmSlide"));
   ASSERT_NE(slide, nullptr);
   for (const char* how : {"menu", "button"}) {
-    if (std::string(how) == "menu") TheMDIMain().Item("mnuWindowCascade")->trigger();
+    if (std::string(how) == "menu") TheMDIMain().Item(MenuId::WindowCascade)->trigger();
     else TheMDIMain().Arrange(Arrangement::Cascade);
     EXPECT_EQ(Gallery().size(), Gallery().sizeHint()) << how;
     EXPECT_EQ(slide->size(), slide->sizeHint()) << how;
