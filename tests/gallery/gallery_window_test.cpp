@@ -329,6 +329,7 @@ TEST_F(GalleryWindowTest, CascadeKeepsTheChildrensSizes) {
     else TheMDIMain().Arrange(Arrangement::Cascade);
     EXPECT_EQ(Gallery().size(), Gallery().sizeHint()) << how;
     EXPECT_EQ(slide->size(), slide->sizeHint()) << how;
+    EXPECT_GT(Gallery().height(), 200) << how;
     EXPECT_GT(slide->height(), 200) << how;
     EXPECT_NE(Gallery().parentWidget()->pos(), slide->parentWidget()->pos()) << how;
   }
