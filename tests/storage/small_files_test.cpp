@@ -124,8 +124,7 @@ TEST_F(SmallFilesTest, SaveReportReplacesThePageAndMakesTheFolder) {
 }
 
 // The number follows the failure: a directory missing on the way is 76, a
-// refusal 75, whether it comes from making the folder, deleting the old page
-// or opening the file. /sys stands for a place where nothing may be made.
+// refusal 75, whether it comes from making the folder or writing the file. /sys stands for a place where nothing may be made.
 struct WriteFailureRow {
   const char* name;
   const char* appPath;  // empty: the temporary installation
@@ -139,7 +138,7 @@ const WriteFailureRow kWriteFailures[] = {
     {"history_file_is_a_directory", "", "fhistlst.dat", false, "75"},
     {"reports_folder_cannot_be_made", "/sys", "", true, "75"},
     {"reports_folder_in_a_missing_directory", "/nonexistent/app", "", true, "76"},
-    {"old_page_cannot_be_deleted", "", "Reports/Report1.htm", true, "75"},
+    {"old_page_cannot_be_replaced", "", "Reports/Report1.htm", true, "75"},
 };
 
 class WriteFailureTest : public SmallFilesTest, public ::testing::WithParamInterface<WriteFailureRow> {};
@@ -148,14 +147,12 @@ TEST_P(WriteFailureTest, NumberFollowsTheFailure) {
   const auto& row = GetParam();
   const std::string root = *row.appPath ? std::string(row.appPath) : app.str();
   if (*row.inTheWay) std::filesystem::create_directories(root + "/" + row.inTheWay + "/inside");
-  ModGlobal other;
-  UIMainController mc(root, settings, other);
-  DataAccess data(mc, other.Slides);
+  DataAccess data;
   ErrorArray errors;
   if (row.report)
-    EXPECT_FALSE(data.SaveReport(root + "/Reports/Report1.htm", "x", errors));
+    EXPECT_FALSE(Report(data.SaveReport(root + "/Reports/", root + "/Reports/Report1.htm", "x"), errors));
   else
-    EXPECT_FALSE(mc.PutFileHistoryList({"", "a.sif", "", "", ""}, errors));
+    EXPECT_FALSE(Report(data.PutFileHistoryList(root, {"", "a.sif", "", "", ""}), errors));
   EXPECT_EQ(errors[0], row.number);
 }
 
