@@ -141,12 +141,14 @@ TEST_F(FileCommandsTest, NextStartOpensTheFileOpened) {
   EXPECT_EQ(Mc().SlideInformationFilePath(), Files("second.sif"));
 }
 
-// A real message box takes the focus from the main window, which gets it back
-// once the command has rebuilt the gallery. The gallery's activation, and the
-// fourth entry's rule with it, must still run once.
+// A real message box takes the focus from the main window while its own loop
+// runs, and the main window gets it back once the command has rebuilt the
+// gallery. The gallery's activation, and the fourth entry's rule with it,
+// must still run once.
 TEST_F(FileCommandsTest, MissingFourthHistoryEntryMovesTheListOnce) {
   Start(3);
   QApplication::setActiveWindow(&TheMDIMain());
+  QApplication::processEvents();
   Globals().History = {"", "t.sif", "b.sif", "c.sif", "gone.sif"};
   QWidget box;
   SetMsgBoxHook([&](const QString& text, int style, const QString& title) {
@@ -154,6 +156,7 @@ TEST_F(FileCommandsTest, MissingFourthHistoryEntryMovesTheListOnce) {
     styles.push_back(style);
     box.show();
     QApplication::setActiveWindow(&box);
+    QApplication::processEvents();  // what the box's own loop delivers
     box.hide();
     return vbOK;
   });
