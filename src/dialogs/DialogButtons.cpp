@@ -10,15 +10,14 @@ namespace {
 struct ButtonSpec {
   const char* name;
   const char* caption;
-  double left;  // twips
 };
 
-constexpr ButtonSpec kButtons[] = {{"cmdOK", "OK", 600}, {"cmdCancel", "Cancel", 1815}, {"cmdHelp", "Help", 3030}};
-constexpr double kWidth = 1140, kHeight = 390;
+constexpr ButtonSpec kButtons[] = {{"cmdOK", "OK"}, {"cmdCancel", "Cancel"}, {"cmdHelp", "Help"}};
+constexpr double kGap = 75, kHeight = 390;  // twips
 
 }  // namespace
 
-DialogButtons MakeDialogButtons(QWidget* dialog, double top) {
+DialogButtons MakeDialogButtons(QWidget* dialog, double top, double left, double width) {
   QPushButton* made[3];
   for (int i = 0; i < 3; ++i) {
     made[i] = new QPushButton(kButtons[i].caption, dialog);
@@ -26,13 +25,13 @@ DialogButtons MakeDialogButtons(QWidget* dialog, double top) {
   }
   made[0]->setDefault(true);
   const DialogButtons buttons{made[0], made[1], made[2]};
-  PlaceDialogButtons(buttons, top);
+  PlaceDialogButtons(buttons, top, left, width);
   return buttons;
 }
 
-void PlaceDialogButtons(const DialogButtons& b, double top) {
+void PlaceDialogButtons(const DialogButtons& b, double top, double left, double width) {
   QPushButton* all[] = {b.ok, b.cancel, b.help};
-  for (int i = 0; i < 3; ++i) all[i]->setGeometry(TwipsRect(kButtons[i].left, top, kWidth, kHeight));
+  for (int i = 0; i < 3; ++i) all[i]->setGeometry(TwipsRect(left + i * (width + kGap), top, width, kHeight));
 }
 
 }  // namespace cb

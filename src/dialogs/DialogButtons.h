@@ -12,10 +12,11 @@ struct DialogButtons {
   QPushButton* help;
 };
 
-// Makes cmdOK (the default), cmdCancel and cmdHelp in `dialog`, side by side at `top` twips.
-DialogButtons MakeDialogButtons(QWidget* dialog, double top);
+// Makes cmdOK (the default), cmdCancel and cmdHelp in `dialog`, side by side at `top` twips,
+// the first at `left`, each `width` wide.
+DialogButtons MakeDialogButtons(QWidget* dialog, double top, double left = 600, double width = 1140);
 
 // Moves the three buttons to `top` twips.
-void PlaceDialogButtons(const DialogButtons& buttons, double top);
+void PlaceDialogButtons(const DialogButtons& buttons, double top, double left = 600, double width = 1140);
 
 }  // namespace cb

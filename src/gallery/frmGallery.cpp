@@ -21,6 +21,7 @@
 #include "gallery/ScrollRules.h"
 #include "gallery/dlgRemoveSlide.h"
 #include "slide/frmSlide.h"
+#include "slide/frmSetSlideTemplate.h"
 #include "slide/SlideNames.h"
 
 namespace cb {
@@ -93,6 +94,7 @@ void frmGallery::CreateMenus() {
     connect(Item(what), &QAction::triggered, this, [this, what] { ShowWhat(what); });
   for (MenuId help : {MenuId::Popup1Help, MenuId::Popup3Help, MenuId::Popup4Help})
     connect(Item(help), &QAction::triggered, this, [] { OpenHelp(kHelpPage); });
+  connect(Item(MenuId::SlidesTemplate), &QAction::triggered, this, [] { ShowSetSlideTemplate(); });
 }
 
 void frmGallery::ShowWhat(MenuId item) {

@@ -8,6 +8,7 @@
 #include "qt/StretchImage.h"
 #include "qt/Twips.h"
 #include "slide/SlideNames.h"
+#include "slide/frmEditSlide.h"
 #include "slide/Zoom.h"
 
 namespace cb {
@@ -98,7 +99,9 @@ void frmSlide::Form_Activate() {
   emit Activated();
 }
 
-// The Edit button reaches here; the slide editors of the three templates are not built yet.
-void frmSlide::ShowEditSlide(std::int32_t) {}
+void frmSlide::ShowEditSlide(std::int32_t slideTemplate) {
+  // A top-level window over the main window, not one of its children; a new one at each call.
+  (new frmEditSlide(slideTemplate, window()))->show();
+}
 
 }  // namespace cb

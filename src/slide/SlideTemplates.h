@@ -1,0 +1,63 @@
+#pragma once
+// The three slide templates (1 Home Security, 2 Real Estate, 3 Car Yard):
+// one record layout, read under three sets of meanings. A template gives the
+// slide editor its labels, layout and tab order; the stored bytes never
+// change with it. Measures are twips.
+
+#include <array>
+#include <cstdint>
+#include <string_view>
+
+namespace cb {
+
+// The slide editor's controls, the same in every template.
+enum class EditControl {
+  txtSlideNumber, txtFilename, txtEditText, cboCategory, cboLocation,
+  txtSerial, txtMake, txtModel, txtValue, cmdOK, cmdCancel, cmdHelp, Count
+};
+
+inline constexpr std::size_t kEditControls = static_cast<std::size_t>(EditControl::Count);
+
+// The control's object name ("txtEditText").
+std::string_view ControlName(EditControl c);
+
+// What F1 does on a control: close the editor and open help, only open
+// help, or nothing at all.
+enum class F1Action { CloseWithHelp, OpenHelp, Nothing };
+
+// A box of the editor with its label to the left; the box is kBoxHeight high.
+struct EditorBox {
+  EditControl control;
+  std::string_view caption;
+  double left, top, width;
+};
+
+inline constexpr double kBoxHeight = 315;
+
+struct SlideTemplateSpec {
+  std::int32_t code;
+  std::string_view editorName;     // the editor's object name
+  std::string_view optionName;     // the option of the template dialog
+  std::string_view optionCaption;
+  double clientWidth, clientHeight;
+  double buttonsTop;
+  std::array<EditorBox, 9> boxes;  // every box, txtSlideNumber and txtFilename first
+  std::array<EditControl, 10> tabOrder;
+  F1Action f1OnCategory;
+  F1Action f1OnLocation;
+};
+
+// Codes 1, 2, 3 in order.
+extern const std::array<SlideTemplateSpec, 3> kSlideTemplates;
+
+// The template of `code`; a code outside 1 to 3 gives Home Security's.
+const SlideTemplateSpec& TemplateFor(std::int32_t code);
+
+// F1 on `control` in the editor of `spec`. Controls with no rule of their
+// own, and the window itself, close the editor.
+F1Action F1On(const SlideTemplateSpec& spec, EditControl control);
+
+// The page that the editor's Help button and F1 open.
+inline constexpr char kEditSlideHelpPage[] = "help011.htm";
+
+}  // namespace cb

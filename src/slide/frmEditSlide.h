@@ -1,0 +1,68 @@
+#pragma once
+// The slide editor: the one place where a slide's details are typed in. One
+// class serves the three templates; the template table gives each its
+// labels, layout, tab order and F1 rules, and its object name
+// (frmEditSlide, frmEditSlideRE, frmEditSlideVEH).
+//
+// Modeless and unloaded by OK, Cancel, Help or a closing F1. It holds no
+// record number: it fills its boxes from the slide current when it opens
+// and its OK writes to the slide current at the moment of OK.
+
+#include <QDialog>
+#include <array>
+#include <memory>
+
+#include "slide/SlideTemplates.h"
+
+class QComboBox;
+class QLineEdit;
+class QPushButton;
+
+namespace cb {
+
+class UIEditSlideController;
+
+class frmEditSlide : public QDialog {
+  Q_OBJECT
+ public:
+  // The editor of template `slideTemplate`, loaded from the current slide.
+  // It deletes itself when it closes.
+  explicit frmEditSlide(std::int32_t slideTemplate, QWidget* parent = nullptr);
+  ~frmEditSlide() override;
+
+  QLineEdit* txtSlideNumber;
+  QLineEdit* txtFilename;
+  QLineEdit* txtEditText;
+  QComboBox* cboCategory;
+  QComboBox* cboLocation;
+  QLineEdit* txtSerial;
+  QLineEdit* txtMake;
+  QLineEdit* txtModel;
+  QLineEdit* txtValue;
+  QPushButton* cmdOK;
+  QPushButton* cmdCancel;
+  QPushButton* cmdHelp;
+
+  const SlideTemplateSpec& Template() const { return spec_; }
+
+  void cmdOK_Click();
+
+ protected:
+  bool eventFilter(QObject* watched, QEvent* e) override;
+  void keyPressEvent(QKeyEvent* e) override;
+
+ private:
+  void CreateControls();
+  void LayOut();
+  void Form_Load();
+  void LoadCategoryList();
+  void LoadLocationList();
+  void F1(EditControl control);
+  QWidget* Control(EditControl c) const { return controls_[static_cast<std::size_t>(c)]; }
+
+  const SlideTemplateSpec& spec_;
+  std::array<QWidget*, kEditControls> controls_{};
+  std::unique_ptr<UIEditSlideController> controller_;
+};
+
+}  // namespace cb

@@ -1,0 +1,130 @@
+#include <QGroupBox>
+#include <QLineEdit>
+#include <QLabel>
+#include <QPushButton>
+#include <QRadioButton>
+
+#include "dialogs/HelpRoutine.h"
+#include "dialogs/frmCommonDialog.h"
+#include "slide/EditorFixture.h"
+#include "slide/frmSetSlideTemplate.h"
+#include "support/RowName.h"
+
+namespace cb {
+namespace {
+
+using testing::RowName;
+
+class SetTemplateTest : public testing::EditorFixture {
+ protected:
+  // Chooses `option` in the template dialog opened from the gallery's menu,
+  // presses OK and cancels the New File dialog that follows. Returns that
+  // dialog's title, or nothing when none came.
+  QString ChooseAndCancelNew(const char* option) {
+    QString asked;
+    WhenModal<frmSetSlideTemplate>([&asked, option](frmSetSlideTemplate* d) {
+      WhenModal<frmCommonDialog>([&asked](frmCommonDialog* f) {
+        asked = f->DialogTitle;
+        f->cmdCancel->click();
+      });
+      d->findChild<QRadioButton*>(option)->click();
+      d->cmdOK->click();
+    });
+    Gallery().Item("mnuSlidesTemplate")->trigger();
+    return asked;
+  }
+};
+
+TEST_F(SetTemplateTest, ChosenTemplateStaysInForceWhenNewIsCancelled) {
+  Start(3);
+  Globals().Slides[2].Set(Field::Serial, "ABC-123");
+  Mc().SlideTemplate(1);
+  const std::int32_t inFile = OnDisk().slideTemplate;
+  EXPECT_EQ(ChooseAndCancelNew("optVEH"), "New");
+  EXPECT_EQ(Mc().SlideTemplate(), 3);
+  EXPECT_EQ(Mc().NumberOfRecords(), 3);  // the old gallery stays open
+  EXPECT_EQ(settings.Get("Startup", "DefDir", ""), app / "Files/t.sif");
+  // Its editor now shows the car yard's labels over the old values...
+  QPointer<frmEditSlide> e = OpenEditor(2);
+  ASSERT_TRUE(e);
+  EXPECT_EQ(e->objectName(), "frmEditSlideVEH");
+  EXPECT_EQ(e->txtSerial->text(), "ABC-123");
+  EXPECT_EQ(e->txtSerial->accessibleName(), "Regn #");
+  EXPECT_EQ(OnDisk().slideTemplate, inFile);  // the choice itself rewrites nothing
+  // ...and the next save writes the new code into the old file.
+  e->cmdOK->click();
+  EXPECT_EQ(OnDisk().slideTemplate, 3);
+}
+
+TEST_F(SetTemplateTest, OkWithTheTemplateUnchangedStillAsksForANewFile) {
+  Start(2);
+  Mc().SlideTemplate(2);
+  EXPECT_EQ(ChooseAndCancelNew("optRE"), "New");
+  EXPECT_EQ(Mc().SlideTemplate(), 2);
+}
+
+struct LoadRow {
+  const char* name;
+  std::int32_t code;
+  const char* chosen;
+};
+
+const LoadRow kLoadRows[] = {
+    {"home", 1, "optHome"}, {"real_estate", 2, "optRE"}, {"car_yard", 3, "optVEH"}, {"unknown_code", 9, "optHome"},
+};
+
+class SetTemplateLoad : public SetTemplateTest, public ::testing::WithParamInterface<LoadRow> {};
+
+TEST_P(SetTemplateLoad, ShowsTheTemplateInForceAndCancelChangesNothing) {
+  Start(1);
+  Mc().SlideTemplate(GetParam().code);
+  bool asked = false;
+  WhenModal<frmSetSlideTemplate>([&](frmSetSlideTemplate* d) {
+    WhenModal<frmCommonDialog>([&asked](frmCommonDialog* f) {
+      asked = true;
+      f->cmdCancel->click();
+    });
+    EXPECT_EQ(d->windowTitle(), "Set Slide Template");
+    EXPECT_EQ(d->Frame1->title(), "Available Templates");
+    QStringList checked;
+    for (QRadioButton* o : d->findChildren<QRadioButton*>())
+      if (o->isChecked()) checked << o->objectName();
+    EXPECT_EQ(checked, QStringList{GetParam().chosen});
+    // Each option has its picture beside it.
+    for (const char* picture : {"imgHome", "imgRE", "imgVEH"}) {
+      auto* label = d->findChild<QLabel*>(picture);
+      ASSERT_NE(label, nullptr) << picture;
+      EXPECT_FALSE(label->pixmap().isNull()) << picture;
+    }
+    d->optVEH->setChecked(true);
+    d->cmdCancel->click();
+  });
+  Gallery().Item("mnuSlidesTemplate")->trigger();
+  QCoreApplication::processEvents();
+  EXPECT_FALSE(asked);
+  EXPECT_EQ(Mc().SlideTemplate(), GetParam().code);
+}
+
+INSTANTIATE_TEST_SUITE_P(Rows, SetTemplateLoad, ::testing::ValuesIn(kLoadRows), RowName());
+
+TEST_F(SetTemplateTest, HelpClosesTheDialogWithoutANewFile) {
+  Start(1);
+  Mc().SlideTemplate(1);
+  bool asked = false;
+  WhenModal<frmSetSlideTemplate>([&](frmSetSlideTemplate* d) {
+    WhenModal<frmCommonDialog>([&asked](frmCommonDialog* f) {
+      asked = true;
+      f->cmdCancel->click();
+    });
+    d->optRE->setChecked(true);
+    QTest::keyClick(d->optRE, Qt::Key_F1);
+  });
+  Gallery().Item("mnuSlidesTemplate")->trigger();
+  QCoreApplication::processEvents();
+  EXPECT_FALSE(asked);
+  EXPECT_EQ(HelpPage(), "help015.htm");
+  EXPECT_EQ(Mc().SlideTemplate(), 1);
+}
+
+}  // namespace
+}  // namespace cb

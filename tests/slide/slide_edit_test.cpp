@@ -1,0 +1,139 @@
+#include <gtest/gtest.h>
+
+#include "app/modGlobal.h"
+#include "slide/SlideEdits.h"
+#include "slide/UIEditSlideController.h"
+#include "support/RowName.h"
+#include "support/SifFixture.h"
+
+namespace cb {
+namespace {
+
+using testing::RowName;
+using testing::Slide;
+
+// `text` padded with blanks to the width of `field`, as the record holds it.
+std::string Padded(Field field, std::string text) {
+  text.resize(Spec(field).width, ' ');
+  return text;
+}
+
+std::string* Box(SlideEdits& edits, Field field) {
+  switch (field) {
+    case Field::SlideText: return &edits.text;
+    case Field::Category: return &edits.category;
+    case Field::Location: return &edits.location;
+    case Field::Serial: return &edits.serial;
+    case Field::Make: return &edits.make;
+    case Field::Model: return &edits.model;
+    case Field::Value: return &edits.value;
+    default: return nullptr;
+  }
+}
+
+struct OkRow {
+  const char* name;
+  Field field;
+  std::string typed;
+  std::string stored;  // before padding
+};
+
+const OkRow kOkRows[] = {
+    {"empty_value", Field::Value, "", "0"},
+    {"letters_value", Field::Value, "abc", "0"},
+    {"thousands_separator", Field::Value, "1,500", "1"},
+    {"currency_sign", Field::Value, "$500", "0"},
+    {"trailing_zero", Field::Value, "12.50", "12.5"},
+    {"blanks_before_number", Field::Value, "  42", "42"},
+    {"long_number_loses_its_tail", Field::Value, "1234567.12345", "1234567.123"},
+    {"twenty_digits", Field::Value, "100000000000000000000", "1E+20"},
+    {"overflow_keeps_the_old_value", Field::Value, "1E+400", "250"},
+    {"category_trimmed_blanks_underscored", Field::Category, "  Living Room  ", "Living_Room"},
+    {"location_each_blank_its_underscore", Field::Location, "Back  Yard", "Back__Yard"},
+    {"location_underscore_stays", Field::Location, "Living_Room", "Living_Room"},
+    {"text_trimmed", Field::SlideText, "  Lounge chair  ", "Lounge chair"},
+    {"text_cut_to_100", Field::SlideText, std::string(100, 'a') + std::string(50, 'b'), std::string(100, 'a')},
+    {"category_cut_to_26", Field::Category, std::string(30, 'c'), std::string(26, 'c')},
+    {"serial_as_typed", Field::Serial, "  A1 ", "  A1 "},
+    {"make_as_typed", Field::Make, " Sony", " Sony"},
+    {"model_blank_inside_kept", Field::Model, "KV 20", "KV 20"},
+};
+
+class OkRule : public ::testing::TestWithParam<OkRow> {};
+
+TEST_P(OkRule, StoresTheFieldByItsRule) {
+  const OkRow& row = GetParam();
+  SlideArray slides{SlideRecord(), Slide({{Field::PictureFile, "a.jpg"}, {Field::Value, "250"}})};
+  SlideEdits typed = EditsFromSlide(slides[1]);
+  *Box(typed, row.field) = row.typed;
+  ASSERT_TRUE(StoreEdits(typed, 1, slides));
+  EXPECT_EQ(slides[1].Get(row.field), Padded(row.field, row.stored));
+  EXPECT_EQ(Trim(slides[1].Get(Field::PictureFile)), "a.jpg");  // the editor renames nothing
+}
+
+INSTANTIATE_TEST_SUITE_P(Rows, OkRule, ::testing::ValuesIn(kOkRows), RowName());
+
+TEST(StoreEdits, UnchangedOkStillNormalisesAndTellsTheCutText) {
+  SlideArray slides{SlideRecord(), SlideRecord(),
+                    Slide({{Field::SlideText, std::string(100, 'x')}, {Field::Category, "Hi Fi"}})};
+  SlideEdits typed = EditsFromSlide(slides[2]);
+  typed.text += "yyy";  // 103 characters, cut on storing
+  const auto status = StoreEdits(typed, 2, slides);
+  ASSERT_TRUE(status);
+  EXPECT_EQ(*status, "Slide: 2 (" + std::string(100, 'x') + ")");
+  EXPECT_EQ(Trim(slides[2].Get(Field::Category)), "Hi_Fi");
+  EXPECT_EQ(Trim(slides[2].Get(Field::Value)), "0");
+}
+
+TEST(StoreEdits, NoSlideAtTheNumberWritesNothing) {
+  SlideArray slides{Slide({{Field::Spare, "1"}}), Slide({{Field::SlideText, "one"}})};
+  const SlideArray before = slides;
+  SlideEdits typed;
+  typed.text = "lost";
+  for (std::int32_t n : {0, 2, -1}) {
+    EXPECT_FALSE(StoreEdits(typed, n, slides)) << n;
+    EXPECT_EQ(slides, before) << n;
+  }
+}
+
+TEST(EditsFromSlide, BoxesOpenTrimmedAndANeverAssignedFieldOpensEmpty) {
+  const SlideRecord r = Slide({{Field::SlideText, "  Lounge"}, {Field::Location, "Back_Yard"}});
+  const SlideEdits shown = EditsFromSlide(r);
+  EXPECT_EQ(shown.text, "Lounge");
+  EXPECT_EQ(shown.location, "Back_Yard");  // underscores are not turned back
+  EXPECT_EQ(shown.serial, "");             // all NUL
+  EXPECT_EQ(shown.value, "");
+}
+
+struct PathRow {
+  const char* name;
+  std::string path;
+  std::string shown;
+};
+
+const std::string k50 = "/home/ann/chattelbook-inventory/Gallery/lounge.jpg";  // 50 characters
+
+const PathRow kPathRows[] = {
+    {"fifty_characters_left_whole", k50, "/HOME/ANN/CHATTELBOOK-INVENTORY/GALLERY/LOUNGE.JPG"},
+    {"fifty_one_characters_shortened", "/home/anne/chattelbook-inventory/Gallery/lounge.jpg", "/HOME/.../LOUNGE.JPG"},
+    {"short_path_only_upper_case", "C:/Program Files/Inventory/Gallery/lounge.jpg",
+     "C:/PROGRAM FILES/INVENTORY/GALLERY/LOUNGE.JPG"},
+    {"drive_letter_keeps_its_first_folder", "C:/Program Files/Chattelbook Inventory/Gallery/lounge.jpg",
+     "C:/PROGRAM FILES/.../LOUNGE.JPG"},
+    {"no_second_slash_keeps_nothing_before", std::string(60, 'x') + "/lounge.jpg", ".../LOUNGE.JPG"},
+    {"code_page_letters_upper_case", "/caf\xE9/\x9C\xFF\xF7.jpg", "/CAF\xC9/\x8C\x9F\xF7.JPG"},
+};
+
+class FilenamePath : public testing::SifFixture, public ::testing::WithParamInterface<PathRow> {};
+
+TEST_P(FilenamePath, FitsTheBoxInUpperCase) {
+  ASSERT_EQ(k50.size(), 50u);
+  Start().CurrentImageNumber(2);
+  g.Slides = {SlideRecord(), Slide({{Field::PictureFile, "other.jpg"}}), Slide({{Field::PictureFile, " lounge.jpg "}})};
+  EXPECT_EQ(UIEditSlideController(g).GetFilenamePath(GetParam().path), GetParam().shown);
+}
+
+INSTANTIATE_TEST_SUITE_P(Rows, FilenamePath, ::testing::ValuesIn(kPathRows), RowName());
+
+}  // namespace
+}  // namespace cb

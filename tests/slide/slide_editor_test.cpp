@@ -1,0 +1,240 @@
+#include <QComboBox>
+#include <QLabel>
+#include <QLineEdit>
+#include <QPushButton>
+
+#include "dialogs/HelpRoutine.h"
+#include "qt/Twips.h"
+#include "slide/EditorFixture.h"
+#include "support/RowName.h"
+
+namespace cb {
+namespace {
+
+using testing::RowName;
+
+class SlideEditorTest : public testing::EditorFixture {};
+
+TEST_F(SlideEditorTest, EditTypedAndEnterIsOnDiskAtOnce) {
+  Start(3);
+  QPointer<frmEditSlide> e = OpenEditor(2);
+  ASSERT_TRUE(e);
+  EXPECT_EQ(e->objectName(), "frmEditSlide");
+  EXPECT_EQ(e->windowTitle(), "Edit Slide");
+  EXPECT_TRUE(e->isWindow());
+  EXPECT_FALSE(e->isModal());
+  EXPECT_EQ(e->txtSlideNumber->text(), "2");
+  // A temporary directory makes the path longer than 50: its first folder, then the picture.
+  EXPECT_TRUE(e->txtFilename->text().endsWith("/.../P2.PNG")) << e->txtFilename->text().toStdString();
+  EXPECT_EQ(e->txtFilename->text().count('/'), 3);
+  EXPECT_EQ(e->txtEditText->text(), "Slide 2");
+  e->txtEditText->selectAll();
+  QTest::keyClicks(e->txtEditText, "Pearl necklace");
+  QTest::keyClicks(e->cboLocation->lineEdit(), "Main bedroom");
+  QTest::keyClicks(e->txtValue, "1,500");
+  QTest::keyClick(e->txtValue, Qt::Key_Return);
+  EXPECT_TRUE(Gone(e));
+  const Disk disk = OnDisk();
+  EXPECT_EQ(disk.Get(2, Field::SlideText), "Pearl necklace");
+  EXPECT_EQ(disk.Get(2, Field::Location), "Main_bedroom");
+  EXPECT_EQ(disk.Get(2, Field::Value), "1");
+  EXPECT_EQ(disk.Get(2, Field::Category), "");
+  EXPECT_EQ(disk.Get(2, Field::PictureFile), "p2.png");
+  EXPECT_EQ(disk.Get(1, Field::SlideText), "Slide 1");
+  EXPECT_EQ(TheMDIMain().StatusText(), "Slide: 2 (Pearl necklace)");
+  EXPECT_FALSE(Globals().SlidesChanged);  // the save cleared it
+}
+
+TEST_F(SlideEditorTest, EnterInAComboIsOkToo) {
+  Start(2);
+  QPointer<frmEditSlide> e = OpenEditor(1);
+  ASSERT_TRUE(e);
+  QTest::keyClicks(e->cboCategory->lineEdit(), "Jewellery");
+  QTest::keyClick(e->cboCategory->lineEdit(), Qt::Key_Return);
+  EXPECT_TRUE(Gone(e));
+  EXPECT_EQ(OnDisk().Get(1, Field::Category), "Jewellery");
+}
+
+TEST_F(SlideEditorTest, OkWritesToTheSlideCurrentAtOkNotAtOpening) {
+  Start(4);
+  QPointer<frmEditSlide> e = OpenEditor(2);
+  ASSERT_TRUE(e);
+  QTest::mouseClick(Gallery().Image1(3), Qt::LeftButton);  // the user opens another slide meanwhile
+  e->txtEditText->setText("Edited while slide 2 was open");
+  e->cmdOK->click();
+  const Disk disk = OnDisk();
+  EXPECT_EQ(disk.Get(3, Field::SlideText), "Edited while slide 2 was open");
+  EXPECT_EQ(disk.Get(2, Field::SlideText), "Slide 2");
+  EXPECT_EQ(TheMDIMain().StatusText(), "Slide: 3 (Edited while slide 2 was open)");
+}
+
+TEST_F(SlideEditorTest, CancelLeavesSlideAndFileAlone) {
+  Start(2);
+  const std::string before = testing::ReadFile(app / "Files/t.sif");
+  QPointer<frmEditSlide> e = OpenEditor(1);
+  ASSERT_TRUE(e);
+  e->txtEditText->setText("dropped");
+  QTest::keyClick(e->txtEditText, Qt::Key_Escape);
+  EXPECT_TRUE(Gone(e));
+  EXPECT_EQ(Trim(Globals().Slides[1].Get(Field::SlideText)), "Slide 1");
+  EXPECT_EQ(testing::ReadFile(app / "Files/t.sif"), before);
+}
+
+TEST_F(SlideEditorTest, CombosListTheValuesInFirstAppearanceAndTakeTypedText) {
+  Start(5);
+  const char* categories[] = {"Chairs", "", "Art", "Chairs", "Beds"};
+  for (int i = 1; i <= 5; ++i) Globals().Slides[static_cast<std::size_t>(i)].Set(Field::Category, categories[i - 1]);
+  Globals().Slides[3].Set(Field::Location, "Living_Room");
+  QPointer<frmEditSlide> e = OpenEditor(3);
+  ASSERT_TRUE(e);
+  QStringList listed;
+  for (int i = 0; i < e->cboCategory->count(); ++i) listed << e->cboCategory->itemText(i);
+  EXPECT_EQ(listed, QStringList({"Chairs", "Art", "Beds"}));
+  EXPECT_EQ(e->cboCategory->currentText(), "Art");
+  EXPECT_EQ(e->cboLocation->count(), 1);
+  EXPECT_EQ(e->cboLocation->currentText(), "Living_Room");
+  e->cboCategory->setEditText("Sculpture");
+  e->cmdOK->click();
+  EXPECT_EQ(OnDisk().Get(3, Field::Category), "Sculpture");
+  // A value typed on OK reaches the list at the next opening; one no slide holds has left it.
+  Globals().Slides[5].Set(Field::Category, "Chairs");
+  e = OpenEditor(2);
+  ASSERT_TRUE(e);
+  listed.clear();
+  for (int i = 0; i < e->cboCategory->count(); ++i) listed << e->cboCategory->itemText(i);
+  EXPECT_EQ(listed, QStringList({"Chairs", "Sculpture"}));
+}
+
+struct TemplateRow {
+  const char* name;
+  std::int32_t code;
+  const char* editor;
+  double clientHeight;  // twips; all are 8775 wide
+  std::vector<std::pair<const char*, const char*>> labels;  // control, caption
+  std::vector<const char*> tabs;
+};
+
+const std::vector<const char*> kHomeTabs{"txtEditText", "cboLocation", "cboCategory", "txtSerial", "txtMake",
+                                         "txtValue",    "txtModel",    "cmdOK",       "cmdCancel", "cmdHelp"};
+const std::vector<const char*> kOtherTabs{"txtEditText", "cboCategory", "txtSerial", "cboLocation", "txtMake",
+                                          "txtModel",    "txtValue",    "cmdOK",     "cmdCancel",   "cmdHelp"};
+
+const TemplateRow kTemplates[] = {
+    {"home_security", 1, "frmEditSlide", 3270,
+     {{"txtEditText", "Slide Text"}, {"cboCategory", "Category"}, {"cboLocation", "Location"},
+      {"txtSerial", "Serial #"}, {"txtMake", "Make"}, {"txtModel", "Model"}, {"txtValue", "Total Value"}},
+     kHomeTabs},
+    {"real_estate", 2, "frmEditSlideRE", 3795,
+     {{"txtEditText", "Slide Text"}, {"cboCategory", "Category"}, {"cboLocation", "Suburb"},
+      {"txtSerial", "Street"}, {"txtMake", "Bedrooms"}, {"txtModel", "Extras"}, {"txtValue", "Ask Price"}},
+     kOtherTabs},
+    {"car_yard", 3, "frmEditSlideVEH", 3795,
+     {{"txtEditText", "Slide Text"}, {"cboCategory", "Category"}, {"cboLocation", "Year"},
+      {"txtSerial", "Regn #"}, {"txtMake", "Colour"}, {"txtModel", "Extras"}, {"txtValue", "Price"}},
+     kOtherTabs},
+    {"unknown_code_is_home_security", 7, "frmEditSlide", 3270,
+     {{"cboLocation", "Location"}, {"txtValue", "Total Value"}}, kHomeTabs},
+};
+
+class EditorTemplate : public SlideEditorTest, public ::testing::WithParamInterface<TemplateRow> {};
+
+// The control that has the focus; a combo's typing box counts as the combo.
+QString Focused() {
+  QWidget* w = QApplication::focusWidget();
+  if (w && qobject_cast<QComboBox*>(w->parentWidget())) w = w->parentWidget();
+  return w ? w->objectName() : QString();
+}
+
+TEST_P(EditorTemplate, LabelsSizeAndTabOrder) {
+  const TemplateRow& row = GetParam();
+  Start(2);
+  Mc().SlideTemplate(row.code);
+  QPointer<frmEditSlide> e = OpenEditor(1);
+  ASSERT_TRUE(e);
+  EXPECT_EQ(e->objectName(), row.editor);
+  EXPECT_EQ(e->size(), QSize(TwipsToPixelsX(8775), TwipsToPixelsY(row.clientHeight)));
+  EXPECT_EQ(e->minimumSize(), e->maximumSize());
+  for (const auto& [control, caption] : row.labels) {
+    QWidget* box = e->findChild<QWidget*>(control);
+    ASSERT_NE(box, nullptr) << control;
+    QString label;
+    for (QLabel* l : e->findChildren<QLabel*>())
+      if (l->buddy() == box) label = l->text();
+    EXPECT_EQ(label, caption) << control;
+    EXPECT_EQ(box->accessibleName(), caption) << control;
+  }
+  QApplication::setActiveWindow(e);
+  EXPECT_EQ(Focused(), "txtEditText");
+  QStringList visited;
+  for (std::size_t i = 0; i <= row.tabs.size(); ++i) {
+    visited << Focused();
+    QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab);
+  }
+  QStringList expected;
+  for (const char* name : row.tabs) expected << name;
+  expected << row.tabs.front();  // round again
+  EXPECT_EQ(visited, expected);
+}
+
+INSTANTIATE_TEST_SUITE_P(Rows, EditorTemplate, ::testing::ValuesIn(kTemplates), RowName());
+
+struct F1Row {
+  const char* name;
+  std::int32_t code;
+  const char* control;
+  bool closes;
+  bool opensHelp;
+};
+
+const F1Row kF1Rows[] = {
+    {"home_category_closes", 1, "cboCategory", true, true},
+    {"home_location_closes", 1, "cboLocation", true, true},
+    {"home_text_closes", 1, "txtEditText", true, true},
+    {"real_estate_category_closes", 2, "cboCategory", true, true},
+    {"real_estate_value_closes", 2, "txtValue", true, true},
+    {"car_yard_location_only_opens_help", 3, "cboLocation", false, true},
+    {"car_yard_category_does_nothing", 3, "cboCategory", false, false},
+    {"car_yard_make_closes", 3, "txtMake", true, true},
+    {"car_yard_ok_button_closes", 3, "cmdOK", true, true},
+};
+
+class EditorF1 : public SlideEditorTest, public ::testing::WithParamInterface<F1Row> {};
+
+TEST_P(EditorF1, ClosesOrStaysByTemplateAndDropsTheEdit) {
+  const F1Row& row = GetParam();
+  Start(2);
+  Mc().SlideTemplate(row.code);
+  QPointer<frmEditSlide> e = OpenEditor(1);
+  ASSERT_TRUE(e);
+  const std::string before = testing::ReadFile(app / "Files/t.sif");
+  e->txtEditText->setText("typed before F1");
+  OpenHelp("help001.htm");
+  QWidget* target = e->findChild<QWidget*>(row.control);
+  if (auto* combo = qobject_cast<QComboBox*>(target)) target = combo->lineEdit();
+  QTest::keyClick(target, Qt::Key_F1);
+  EXPECT_EQ(Gone(e), row.closes);
+  EXPECT_EQ(HelpPage(), row.opensHelp ? "help011.htm" : "help001.htm");
+  EXPECT_EQ(Trim(Globals().Slides[1].Get(Field::SlideText)), "Slide 1");
+  EXPECT_EQ(testing::ReadFile(app / "Files/t.sif"), before);
+  if (!row.closes) {
+    EXPECT_EQ(e->txtEditText->text(), "typed before F1");
+  }
+}
+
+INSTANTIATE_TEST_SUITE_P(Rows, EditorF1, ::testing::ValuesIn(kF1Rows), RowName());
+
+TEST_F(SlideEditorTest, HelpButtonClosesOnThePageAndEditorsAreIndependent) {
+  Start(3);
+  QPointer<frmEditSlide> first = OpenEditor(1);
+  QPointer<frmEditSlide> second = PressEdit();  // modeless: a second editor beside the first
+  ASSERT_TRUE(first && second);
+  EXPECT_NE(first, second);
+  OpenHelp("help001.htm");
+  second->cmdHelp->click();
+  EXPECT_TRUE(Gone(second));
+  EXPECT_FALSE(Gone(first));
+  EXPECT_EQ(HelpPage(), "help011.htm");
+}
+
+}  // namespace
+}  // namespace cb
