@@ -48,7 +48,8 @@ QComboBox* TypedCombo(QWidget* parent) {
 }  // namespace
 
 frmEditSlide::frmEditSlide(std::int32_t slideTemplate, QWidget* parent)
-    : QDialog(parent, Qt::Dialog | Qt::WindowTitleHint | Qt::WindowCloseButtonHint | Qt::MSWindowsFixedSizeDialogHint),
+    : QDialog(parent, Qt::Dialog | Qt::CustomizeWindowHint | Qt::WindowTitleHint | Qt::WindowCloseButtonHint |
+                          Qt::MSWindowsFixedSizeDialogHint),
       spec_(TemplateFor(slideTemplate)) {
   setObjectName(QString::fromUtf8(spec_.editorName.data(), int(spec_.editorName.size())));
   setWindowTitle(kCaption);

@@ -30,7 +30,8 @@ constexpr double kButtonsTop = 2190, kButtonsLeft = 180, kButtonWidth = 1035;
 }  // namespace
 
 frmSetSlideTemplate::frmSetSlideTemplate(QWidget* parent)
-    : QDialog(parent, Qt::Dialog | Qt::WindowTitleHint | Qt::WindowCloseButtonHint | Qt::MSWindowsFixedSizeDialogHint) {
+    : QDialog(parent, Qt::Dialog | Qt::CustomizeWindowHint | Qt::WindowTitleHint | Qt::WindowCloseButtonHint |
+                          Qt::MSWindowsFixedSizeDialogHint) {
   setObjectName("frmSetSlideTemplate");
   setWindowTitle(kCaption);
   Frame1 = new QGroupBox(kFrameCaption, this);
