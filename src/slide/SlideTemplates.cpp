@@ -29,6 +29,7 @@ constexpr std::string_view kNames[kEditControls] = {
 
 }  // namespace
 
+// clang-format off
 const std::array<SlideTemplateSpec, 3> kSlideTemplates{{
     {1, "frmEditSlide", "optHome", "Home (Default)", 8775, 3270, 2760,
      {kNumber, kFile, kText,
@@ -53,6 +54,7 @@ const std::array<SlideTemplateSpec, 3> kSlideTemplates{{
       L(C::txtValue, "Price", 2640)},
      kOtherTabs, F1Action::Nothing, F1Action::OpenHelp},
 }};
+// clang-format on
 
 std::string_view ControlName(EditControl c) { return kNames[static_cast<std::size_t>(c)]; }
 

@@ -11,10 +11,12 @@
 namespace cb {
 
 // The slide editor's controls, the same in every template.
+// clang-format off
 enum class EditControl {
   txtSlideNumber, txtFilename, txtEditText, cboCategory, cboLocation,
   txtSerial, txtMake, txtModel, txtValue, cmdOK, cmdCancel, cmdHelp, Count
 };
+// clang-format on
 
 inline constexpr std::size_t kEditControls = static_cast<std::size_t>(EditControl::Count);
 
@@ -36,8 +38,8 @@ inline constexpr double kBoxHeight = 315;
 
 struct SlideTemplateSpec {
   std::int32_t code;
-  std::string_view editorName;     // the editor's object name
-  std::string_view optionName;     // the option of the template dialog
+  std::string_view editorName;  // the editor's object name
+  std::string_view optionName;  // the option of the template dialog
   std::string_view optionCaption;
   double clientWidth, clientHeight;
   double buttonsTop;

@@ -15,11 +15,16 @@ char Upper(char c) {
   if (u >= 'a' && u <= 'z') return static_cast<char>(u - 32);
   if (u >= 0xE0 && u <= 0xFE && u != 0xF7) return static_cast<char>(u - 32);
   switch (u) {
-    case 0x9A: return '\x8A';  // s caron
-    case 0x9C: return '\x8C';  // oe
-    case 0x9E: return '\x8E';  // z caron
-    case 0xFF: return '\x9F';  // y diaeresis
-    default: return c;
+    case 0x9A:
+      return '\x8A';  // s caron
+    case 0x9C:
+      return '\x8C';  // oe
+    case 0x9E:
+      return '\x8E';  // z caron
+    case 0xFF:
+      return '\x9F';  // y diaeresis
+    default:
+      return c;
   }
 }
 

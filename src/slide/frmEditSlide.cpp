@@ -1,11 +1,11 @@
 #include "slide/frmEditSlide.h"
 
 #include <QComboBox>
-#include <algorithm>
 #include <QKeyEvent>
 #include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
+#include <algorithm>
 
 #include "app/Forms.h"
 #include "app/MDIMain.h"
@@ -123,8 +123,8 @@ void frmEditSlide::Form_Load() {
   if (n >= 0 && static_cast<std::size_t>(n) < g.Slides.size()) {
     const SlideRecord& slide = g.Slides[static_cast<std::size_t>(n)];
     // The application directory is the file system's bytes, the picture's name the file's code page.
-    const std::string path = Utf8ToCp1252Lossy(mc.AppPath() + mc.GetGalleryDirectory()) +
-                             Trim(slide.Get(Field::PictureFile));
+    const std::string path =
+        Utf8ToCp1252Lossy(mc.AppPath() + mc.GetGalleryDirectory()) + Trim(slide.Get(Field::PictureFile));
     txtFilename->setText(ToQ(controller_->GetFilenamePath(path)));
     const SlideEdits shown = EditsFromSlide(slide);
     txtEditText->setText(ToQ(shown.text));
@@ -155,9 +155,13 @@ void frmEditSlide::LoadLocationList() {
 
 void frmEditSlide::cmdOK_Click() {
   ModGlobal& g = Globals();
-  const SlideEdits typed{FromQ(txtEditText->text()), FromQ(cboCategory->currentText()),
-                         FromQ(cboLocation->currentText()), FromQ(txtSerial->text()),
-                         FromQ(txtMake->text()), FromQ(txtModel->text()), FromQ(txtValue->text())};
+  const SlideEdits typed{FromQ(txtEditText->text()),
+                         FromQ(cboCategory->currentText()),
+                         FromQ(cboLocation->currentText()),
+                         FromQ(txtSerial->text()),
+                         FromQ(txtMake->text()),
+                         FromQ(txtModel->text()),
+                         FromQ(txtValue->text())};
   // The slide current now, which may not be the one the editor opened on.
   if (const auto status = StoreEdits(typed, g.MainController->CurrentImageNumber(), g.Slides))
     TheMDIMain().SetStatusText(ToQ(*status));
@@ -169,9 +173,14 @@ void frmEditSlide::cmdOK_Click() {
 
 void frmEditSlide::F1(EditControl control) {
   switch (F1On(spec_, control)) {
-    case F1Action::CloseWithHelp: CloseWithHelp(*this, kEditSlideHelpPage); break;
-    case F1Action::OpenHelp: OpenHelp(kEditSlideHelpPage); break;
-    case F1Action::Nothing: break;
+    case F1Action::CloseWithHelp:
+      CloseWithHelp(*this, kEditSlideHelpPage);
+      break;
+    case F1Action::OpenHelp:
+      OpenHelp(kEditSlideHelpPage);
+      break;
+    case F1Action::Nothing:
+      break;
   }
 }
 

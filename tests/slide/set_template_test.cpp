@@ -1,6 +1,6 @@
 #include <QGroupBox>
-#include <QLineEdit>
 #include <QLabel>
+#include <QLineEdit>
 #include <QPushButton>
 #include <QRadioButton>
 
@@ -70,7 +70,10 @@ struct LoadRow {
 };
 
 const LoadRow kLoadRows[] = {
-    {"home", 1, "optHome"}, {"real_estate", 2, "optRE"}, {"car_yard", 3, "optVEH"}, {"unknown_code", 9, "optHome"},
+    {"home", 1, "optHome"},
+    {"real_estate", 2, "optRE"},
+    {"car_yard", 3, "optVEH"},
+    {"unknown_code", 9, "optHome"},
 };
 
 class SetTemplateLoad : public SetTemplateTest, public ::testing::WithParamInterface<LoadRow> {};

@@ -20,14 +20,22 @@ std::string Padded(Field field, std::string text) {
 
 std::string* Box(SlideEdits& edits, Field field) {
   switch (field) {
-    case Field::SlideText: return &edits.text;
-    case Field::Category: return &edits.category;
-    case Field::Location: return &edits.location;
-    case Field::Serial: return &edits.serial;
-    case Field::Make: return &edits.make;
-    case Field::Model: return &edits.model;
-    case Field::Value: return &edits.value;
-    default: return nullptr;
+    case Field::SlideText:
+      return &edits.text;
+    case Field::Category:
+      return &edits.category;
+    case Field::Location:
+      return &edits.location;
+    case Field::Serial:
+      return &edits.serial;
+    case Field::Make:
+      return &edits.make;
+    case Field::Model:
+      return &edits.model;
+    case Field::Value:
+      return &edits.value;
+    default:
+      return nullptr;
   }
 }
 

@@ -109,7 +109,7 @@ struct TemplateRow {
   const char* name;
   std::int32_t code;
   const char* editor;
-  double clientHeight;  // twips; all are 8775 wide
+  double clientHeight;                                      // twips; all are 8775 wide
   std::vector<std::pair<const char*, const char*>> labels;  // control, caption
   std::vector<const char*> tabs;
 };
@@ -119,6 +119,7 @@ const std::vector<const char*> kHomeTabs{"txtEditText", "cboLocation", "cboCateg
 const std::vector<const char*> kOtherTabs{"txtEditText", "cboCategory", "txtSerial", "cboLocation", "txtMake",
                                           "txtModel",    "txtValue",    "cmdOK",     "cmdCancel",   "cmdHelp"};
 
+// clang-format off
 const TemplateRow kTemplates[] = {
     {"home_security", 1, "frmEditSlide", 3270,
      {{"txtEditText", "Slide Text"}, {"cboCategory", "Category"}, {"cboLocation", "Location"},
@@ -135,6 +136,7 @@ const TemplateRow kTemplates[] = {
     {"unknown_code_is_home_security", 7, "frmEditSlide", 3270,
      {{"cboLocation", "Location"}, {"txtValue", "Total Value"}}, kHomeTabs},
 };
+// clang-format on
 
 class EditorTemplate : public SlideEditorTest, public ::testing::WithParamInterface<TemplateRow> {};
 
