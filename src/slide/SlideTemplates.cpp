@@ -1,5 +1,7 @@
 #include "slide/SlideTemplates.h"
 
+#include <algorithm>
+
 namespace cb {
 namespace {
 
@@ -62,6 +64,14 @@ const SlideTemplateSpec& TemplateFor(std::int32_t code) {
   for (const auto& t : kSlideTemplates)
     if (t.code == code) return t;
   return kSlideTemplates[0];
+}
+
+LabelPlace LabelFor(const SlideTemplateSpec& spec, const EditorBox& box) {
+  constexpr double kGap = 60, kMargin = 120;
+  double from = kMargin;
+  for (const EditorBox& other : spec.boxes)
+    if (other.top == box.top && other.left < box.left) from = std::max(from, other.left + other.width + kMargin);
+  return {from, box.left - kGap - from};
 }
 
 F1Action F1On(const SlideTemplateSpec& spec, EditControl control) {

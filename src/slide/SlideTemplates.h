@@ -49,6 +49,13 @@ struct SlideTemplateSpec {
   F1Action f1OnLocation;
 };
 
+// Where the label of `box` stands on its row: right-aligned against the box,
+// filling the room back to the box before it on the row, or to the window's edge.
+struct LabelPlace {
+  double left, width;
+};
+LabelPlace LabelFor(const SlideTemplateSpec& spec, const EditorBox& box);
+
 // Codes 1, 2, 3 in order.
 extern const std::array<SlideTemplateSpec, 3> kSlideTemplates;
 

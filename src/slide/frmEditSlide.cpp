@@ -22,8 +22,6 @@ namespace cb {
 namespace {
 
 constexpr char kCaption[] = "Edit Slide";
-constexpr double kLabelGap = 60;      // between a label and its box
-constexpr double kLabelMargin = 120;  // a label's free space on its left
 // The buttons stand at the right, under the boxes' right edge.
 constexpr double kButtonWidth = 1140, kButtonsRight = 8535;
 constexpr double kButtonsLeft = kButtonsRight - 3 * kButtonWidth - 2 * 75;
@@ -48,9 +46,7 @@ QComboBox* TypedCombo(QWidget* parent) {
 }  // namespace
 
 frmEditSlide::frmEditSlide(std::int32_t slideTemplate, QWidget* parent)
-    : QDialog(parent, Qt::Dialog | Qt::CustomizeWindowHint | Qt::WindowTitleHint | Qt::WindowCloseButtonHint |
-                          Qt::MSWindowsFixedSizeDialogHint),
-      spec_(TemplateFor(slideTemplate)) {
+    : QDialog(parent, kFixedDialog), spec_(TemplateFor(slideTemplate)) {
   setObjectName(QString::fromUtf8(spec_.editorName.data(), int(spec_.editorName.size())));
   setWindowTitle(kCaption);
   setAttribute(Qt::WA_DeleteOnClose);
@@ -96,14 +92,11 @@ void frmEditSlide::LayOut() {
     QWidget* control = Control(box.control);
     control->setGeometry(TwipsRect(box.left, box.top, box.width, kBoxHeight));
     const QString caption = QString::fromUtf8(box.caption.data(), int(box.caption.size()));
-    // The label fills the room to the left of its box, up to the box before it on the row.
-    double from = kLabelMargin;
-    for (const EditorBox& other : spec_.boxes)
-      if (other.top == box.top && other.left < box.left) from = std::max(from, other.left + other.width + kLabelMargin);
+    const LabelPlace place = LabelFor(spec_, box);
     auto* label = new QLabel(caption, this);
     label->setObjectName("lbl" + control->objectName().mid(3));
     label->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
-    label->setGeometry(TwipsRect(from, box.top, box.left - kLabelGap - from, kBoxHeight));
+    label->setGeometry(TwipsRect(place.left, box.top, place.width, kBoxHeight));
     label->setBuddy(control);
     control->setAccessibleName(caption);
   }
@@ -204,7 +197,7 @@ bool frmEditSlide::eventFilter(QObject* watched, QEvent* e) {
     F1(static_cast<EditControl>(at - controls_.begin()));
     return true;
   }
-  // Enter in a combo's box is OK, as in the other boxes, unless its list is open.
+  // Enter in a combo's box is OK, as in the other boxes (an open list takes Enter itself).
   auto* combo = qobject_cast<QComboBox*>(control);
   if (combo && watched != combo && (key == Qt::Key_Return || key == Qt::Key_Enter)) {
     cmdOK->click();

@@ -22,6 +22,10 @@ namespace cb {
 
 class UIEditSlideController;
 
+// A dialog of fixed size with a title and a close button, and no minimise or maximise.
+inline constexpr Qt::WindowFlags kFixedDialog = Qt::Dialog | Qt::CustomizeWindowHint | Qt::WindowTitleHint |
+                                                Qt::WindowCloseButtonHint | Qt::MSWindowsFixedSizeDialogHint;
+
 class frmEditSlide : public QDialog {
   Q_OBJECT
  public:

@@ -13,6 +13,7 @@
 #include "dialogs/HelpRoutine.h"
 #include "qt/Twips.h"
 #include "slide/SlideTemplates.h"
+#include "slide/frmEditSlide.h"
 
 namespace cb {
 namespace {
@@ -29,9 +30,7 @@ constexpr double kButtonsTop = 2190, kButtonsLeft = 180, kButtonWidth = 1035;
 
 }  // namespace
 
-frmSetSlideTemplate::frmSetSlideTemplate(QWidget* parent)
-    : QDialog(parent, Qt::Dialog | Qt::CustomizeWindowHint | Qt::WindowTitleHint | Qt::WindowCloseButtonHint |
-                          Qt::MSWindowsFixedSizeDialogHint) {
+frmSetSlideTemplate::frmSetSlideTemplate(QWidget* parent) : QDialog(parent, kFixedDialog) {
   setObjectName("frmSetSlideTemplate");
   setWindowTitle(kCaption);
   Frame1 = new QGroupBox(kFrameCaption, this);

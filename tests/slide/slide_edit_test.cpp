@@ -2,6 +2,7 @@
 
 #include "app/modGlobal.h"
 #include "slide/SlideEdits.h"
+#include "slide/SlideTemplates.h"
 #include "slide/UIEditSlideController.h"
 #include "support/RowName.h"
 #include "support/SifFixture.h"
@@ -18,53 +19,29 @@ std::string Padded(Field field, std::string text) {
   return text;
 }
 
-std::string* Box(SlideEdits& edits, Field field) {
-  switch (field) {
-    case Field::SlideText:
-      return &edits.text;
-    case Field::Category:
-      return &edits.category;
-    case Field::Location:
-      return &edits.location;
-    case Field::Serial:
-      return &edits.serial;
-    case Field::Make:
-      return &edits.make;
-    case Field::Model:
-      return &edits.model;
-    case Field::Value:
-      return &edits.value;
-    default:
-      return nullptr;
-  }
-}
-
 struct OkRow {
   const char* name;
   Field field;
+  std::string SlideEdits::*box;
   std::string typed;
   std::string stored;  // before padding
 };
 
 const OkRow kOkRows[] = {
-    {"empty_value", Field::Value, "", "0"},
-    {"letters_value", Field::Value, "abc", "0"},
-    {"thousands_separator", Field::Value, "1,500", "1"},
-    {"currency_sign", Field::Value, "$500", "0"},
-    {"trailing_zero", Field::Value, "12.50", "12.5"},
-    {"blanks_before_number", Field::Value, "  42", "42"},
-    {"long_number_loses_its_tail", Field::Value, "1234567.12345", "1234567.123"},
-    {"twenty_digits", Field::Value, "100000000000000000000", "1E+20"},
-    {"overflow_keeps_the_old_value", Field::Value, "1E+400", "250"},
-    {"category_trimmed_blanks_underscored", Field::Category, "  Living Room  ", "Living_Room"},
-    {"location_each_blank_its_underscore", Field::Location, "Back  Yard", "Back__Yard"},
-    {"location_underscore_stays", Field::Location, "Living_Room", "Living_Room"},
-    {"text_trimmed", Field::SlideText, "  Lounge chair  ", "Lounge chair"},
-    {"text_cut_to_100", Field::SlideText, std::string(100, 'a') + std::string(50, 'b'), std::string(100, 'a')},
-    {"category_cut_to_26", Field::Category, std::string(30, 'c'), std::string(26, 'c')},
-    {"serial_as_typed", Field::Serial, "  A1 ", "  A1 "},
-    {"make_as_typed", Field::Make, " Sony", " Sony"},
-    {"model_blank_inside_kept", Field::Model, "KV 20", "KV 20"},
+    {"empty_value", Field::Value, &SlideEdits::value, "", "0"},
+    {"thousands_separator", Field::Value, &SlideEdits::value, "1,500", "1"},
+    {"currency_sign", Field::Value, &SlideEdits::value, "$500", "0"},
+    {"trailing_zero", Field::Value, &SlideEdits::value, "12.50", "12.5"},
+    {"long_number_loses_its_tail", Field::Value, &SlideEdits::value, "1234567.12345", "1234567.123"},
+    {"twenty_digits", Field::Value, &SlideEdits::value, "100000000000000000000", "1E+20"},
+    {"overflow_keeps_the_old_value", Field::Value, &SlideEdits::value, "1E+400", "250"},
+    {"category_trimmed_blanks_underscored", Field::Category, &SlideEdits::category, "  Living Room  ", "Living_Room"},
+    {"location_each_blank_its_underscore", Field::Location, &SlideEdits::location, "Back  Yard", "Back__Yard"},
+    {"text_trimmed", Field::SlideText, &SlideEdits::text, "  Lounge chair  ", "Lounge chair"},
+    {"text_cut_to_100", Field::SlideText, &SlideEdits::text, std::string(100, 'a') + std::string(50, 'b'),
+     std::string(100, 'a')},
+    {"category_cut_to_26", Field::Category, &SlideEdits::category, std::string(30, 'c'), std::string(26, 'c')},
+    {"serial_as_typed", Field::Serial, &SlideEdits::serial, "  A1 ", "  A1 "},
 };
 
 class OkRule : public ::testing::TestWithParam<OkRow> {};
@@ -73,7 +50,7 @@ TEST_P(OkRule, StoresTheFieldByItsRule) {
   const OkRow& row = GetParam();
   SlideArray slides{SlideRecord(), Slide({{Field::PictureFile, "a.jpg"}, {Field::Value, "250"}})};
   SlideEdits typed = EditsFromSlide(slides[1]);
-  *Box(typed, row.field) = row.typed;
+  typed.*row.box = row.typed;
   ASSERT_TRUE(StoreEdits(typed, 1, slides));
   EXPECT_EQ(slides[1].Get(row.field), Padded(row.field, row.stored));
   EXPECT_EQ(Trim(slides[1].Get(Field::PictureFile)), "a.jpg");  // the editor renames nothing
@@ -111,6 +88,23 @@ TEST(EditsFromSlide, BoxesOpenTrimmedAndANeverAssignedFieldOpensEmpty) {
   EXPECT_EQ(shown.location, "Back_Yard");  // underscores are not turned back
   EXPECT_EQ(shown.serial, "");             // all NUL
   EXPECT_EQ(shown.value, "");
+}
+
+// Every label has room for "Total Value" in a common 9-point face, clear of the box before it.
+TEST(SlideTemplates, EachLabelHasItsRoomBetweenTheBoxesOfItsRow) {
+  for (const SlideTemplateSpec& t : kSlideTemplates) {
+    for (const EditorBox& box : t.boxes) {
+      const LabelPlace label = LabelFor(t, box);
+      EXPECT_GE(label.width, 1100) << t.editorName << " " << box.caption;
+      EXPECT_LT(label.left + label.width, box.left) << t.editorName << " " << box.caption;
+      for (const EditorBox& other : t.boxes) {
+        if (other.top == box.top && other.left < box.left) {
+          EXPECT_GT(label.left, other.left + other.width) << t.editorName << " " << box.caption;
+        }
+      }
+      EXPECT_LE(box.left + box.width, t.clientWidth - 120) << t.editorName << " " << box.caption;
+    }
+  }
 }
 
 struct PathRow {

@@ -191,9 +191,7 @@ struct F1Row {
 const F1Row kF1Rows[] = {
     {"home_category_closes", 1, "cboCategory", true, true},
     {"home_location_closes", 1, "cboLocation", true, true},
-    {"home_text_closes", 1, "txtEditText", true, true},
     {"real_estate_category_closes", 2, "cboCategory", true, true},
-    {"real_estate_value_closes", 2, "txtValue", true, true},
     {"car_yard_location_only_opens_help", 3, "cboLocation", false, true},
     {"car_yard_category_does_nothing", 3, "cboCategory", false, false},
     {"car_yard_make_closes", 3, "txtMake", true, true},
