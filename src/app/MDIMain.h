@@ -81,6 +81,7 @@ class MDIMain : public QMainWindow {
   void mnuFileExit_Click();
   void mnuViewToolbar_Click();
   void mnuViewStatusbar_Click();
+  void mnuSlidesTemplate_Click();
   void mnuWindowVertical_Click() { Arrange(Arrangement::TileVertical); }
   void mnuWindowHorizontal_Click() { Arrange(Arrangement::TileHorizontal); }
   void mnuWindowCascade_Click() { Arrange(Arrangement::Cascade); }

@@ -14,6 +14,7 @@
 #include "dialogs/HelpRoutine.h"
 #include "qt/MsgBox.h"
 #include "qt/Twips.h"
+#include "slide/frmSetSlideTemplate.h"
 #include "dialogs/dlgWhat.h"
 
 namespace cb {
@@ -43,6 +44,7 @@ constexpr Handler kHandlers[] = {
     {MenuId::FileGallery, &MDIMain::mnuFileGallery_Click},
     {MenuId::FilePassword, &MDIMain::mnuFilePassword_Click},
     {MenuId::FileExit, &MDIMain::mnuFileExit_Click},
+    {MenuId::SlidesTemplate, &MDIMain::mnuSlidesTemplate_Click},
     {MenuId::ViewToolbar, &MDIMain::mnuViewToolbar_Click},
     {MenuId::ViewStatusbar, &MDIMain::mnuViewStatusbar_Click},
     {MenuId::WindowVertical, &MDIMain::mnuWindowVertical_Click},
@@ -128,6 +130,14 @@ void MDIMain::mnuFilePassword_Click() {
 }
 
 void MDIMain::mnuFileExit_Click() { close(); }
+
+// The gallery's Set Slide Template. The dialog is the frame's: its OK's New
+// File command rebuilds the gallery that opened it.
+void MDIMain::mnuSlidesTemplate_Click() {
+  frmSetSlideTemplate dialog(this);
+  connect(&dialog, &frmSetSlideTemplate::NewFileWanted, this, &MDIMain::mnuFileNew_Click);
+  dialog.exec();
+}
 
 void MDIMain::mnuHelpAbout_Click() {
   frmAbout about;

@@ -57,7 +57,7 @@ enum class Awaits : std::uint8_t {
 constexpr bool Built(Awaits w) {
   switch (w) {
     case Awaits::Nothing: return true;
-    case Awaits::SlideTemplate: return false;
+    case Awaits::SlideTemplate: return true;
     case Awaits::ReportViewer: return false;
     case Awaits::HelpViewer: return false;
     case Awaits::CollectionEditor: return false;

@@ -21,7 +21,6 @@
 #include "gallery/ScrollRules.h"
 #include "gallery/dlgRemoveSlide.h"
 #include "slide/frmSlide.h"
-#include "slide/frmSetSlideTemplate.h"
 #include "slide/SlideNames.h"
 
 namespace cb {
@@ -38,6 +37,7 @@ constexpr MenuId kForwards[] = {
     MenuId::ViewStatusbar,    MenuId::WindowVertical,  MenuId::WindowHorizontal,   MenuId::WindowCascade,
     MenuId::HelpContents,     MenuId::HelpAbout,       MenuId::Popup2SetWallpaper, MenuId::Popup4SetBackground,
     MenuId::FileHist1,        MenuId::FileHist2,       MenuId::FileHist3,          MenuId::FileHist4,
+    MenuId::SlidesTemplate,
 };
 
 }  // namespace
@@ -94,7 +94,6 @@ void frmGallery::CreateMenus() {
     connect(Item(what), &QAction::triggered, this, [this, what] { ShowWhat(what); });
   for (MenuId help : {MenuId::Popup1Help, MenuId::Popup3Help, MenuId::Popup4Help})
     connect(Item(help), &QAction::triggered, this, [] { OpenHelp(kHelpPage); });
-  connect(Item(MenuId::SlidesTemplate), &QAction::triggered, this, [] { ShowSetSlideTemplate(); });
 }
 
 void frmGallery::ShowWhat(MenuId item) {

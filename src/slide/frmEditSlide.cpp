@@ -7,8 +7,6 @@
 #include <QPushButton>
 #include <algorithm>
 
-#include "app/Forms.h"
-#include "app/MDIMain.h"
 #include "app/modGlobal.h"
 #include "base/Cp1252.h"
 #include "base/Text.h"
@@ -157,7 +155,7 @@ void frmEditSlide::cmdOK_Click() {
                          FromQ(txtValue->text())};
   // The slide current now, which may not be the one the editor opened on.
   if (const auto status = StoreEdits(typed, g.MainController->CurrentImageNumber(), g.Slides))
-    TheMDIMain().SetStatusText(ToQ(*status));
+    emit StatusTextChanged(ToQ(*status));
   g.SlidesChanged = true;
   accept();
   // Every OK rewrites the whole file; a failed save keeps the edit in memory, unannounced.

@@ -51,6 +51,10 @@ class frmEditSlide : public QDialog {
 
   void cmdOK_Click();
 
+ signals:
+  // OK's line for the frame's status bar: the slide's number and text.
+  void StatusTextChanged(const QString& text);
+
  protected:
   bool eventFilter(QObject* watched, QEvent* e) override;
   void keyPressEvent(QKeyEvent* e) override;

@@ -5,8 +5,6 @@
 #include <QPushButton>
 #include <QRadioButton>
 
-#include "app/Forms.h"
-#include "app/MDIMain.h"
 #include "app/modGlobal.h"
 #include "artwork/TemplatePictures.h"
 #include "dialogs/DialogButtons.h"
@@ -87,14 +85,8 @@ void frmSetSlideTemplate::cmdOK_Click() {
   }
   // Also when nothing changed: a template only ever applies to a new gallery. The new code is
   // not put back when the user cancels New.
-  TheMDIMain().mnuFileNew_Click();
+  emit NewFileWanted();
   accept();
-}
-
-void ShowSetSlideTemplate() {
-  // Owned by the main window: the New File command rebuilds the gallery that opened it.
-  frmSetSlideTemplate dialog(&TheMDIMain());
-  dialog.exec();
 }
 
 }  // namespace cb

@@ -28,12 +28,13 @@ class frmSetSlideTemplate : public QDialog {
 
   void cmdOK_Click();
 
+ signals:
+  // Every OK: the frame runs its New File command before the dialog closes.
+  void NewFileWanted();
+
  private:
   void Form_Load();
   std::array<QRadioButton*, 3> options_{};
 };
-
-// The gallery's Set Slide Template: shows the chooser and waits for it.
-void ShowSetSlideTemplate();
 
 }  // namespace cb

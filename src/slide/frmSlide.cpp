@@ -101,7 +101,9 @@ void frmSlide::Form_Activate() {
 
 void frmSlide::ShowEditSlide(std::int32_t slideTemplate) {
   // A top-level window over the main window, not one of its children; a new one at each call.
-  (new frmEditSlide(slideTemplate, window()))->show();
+  auto* editor = new frmEditSlide(slideTemplate, window());
+  emit EditorOpened(editor);
+  editor->show();
 }
 
 }  // namespace cb

@@ -10,6 +10,7 @@
 namespace cb {
 
 class StretchImage;
+class frmEditSlide;
 
 class frmSlide : public QWidget {
   Q_OBJECT
@@ -42,6 +43,8 @@ class frmSlide : public QWidget {
   void Clicked();
   // The right button: the gallery offers its slide popup.
   void PopupWanted();
+  // A new editor, for the frame to hear its OK; it may outlive this window.
+  void EditorOpened(cb::frmEditSlide* editor);
 
  protected:
   void resizeEvent(QResizeEvent* e) override;

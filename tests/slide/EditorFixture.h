@@ -23,7 +23,7 @@ class EditorFixture : public GalleryFixture {
 
   frmEditSlide* PressEdit() {
     const auto before = Editors();
-    TheMDIMain().Button("Edit")->trigger();
+    TheMDIMain().Button(ToolbarButton::Edit)->trigger();
     for (frmEditSlide* e : Editors())
       if (!before.contains(e)) return e;
     return nullptr;

@@ -30,7 +30,7 @@ class SetTemplateTest : public testing::EditorFixture {
       d->findChild<QRadioButton*>(option)->click();
       d->cmdOK->click();
     });
-    Gallery().Item("mnuSlidesTemplate")->trigger();
+    Gallery().Item(MenuId::SlidesTemplate)->trigger();
     return asked;
   }
 };
@@ -102,7 +102,7 @@ TEST_P(SetTemplateLoad, ShowsTheTemplateInForceAndCancelChangesNothing) {
     d->optVEH->setChecked(true);
     d->cmdCancel->click();
   });
-  Gallery().Item("mnuSlidesTemplate")->trigger();
+  Gallery().Item(MenuId::SlidesTemplate)->trigger();
   QCoreApplication::processEvents();
   EXPECT_FALSE(asked);
   EXPECT_EQ(Mc().SlideTemplate(), GetParam().code);
@@ -122,7 +122,7 @@ TEST_F(SetTemplateTest, HelpClosesTheDialogWithoutANewFile) {
     d->optRE->setChecked(true);
     QTest::keyClick(d->optRE, Qt::Key_F1);
   });
-  Gallery().Item("mnuSlidesTemplate")->trigger();
+  Gallery().Item(MenuId::SlidesTemplate)->trigger();
   QCoreApplication::processEvents();
   EXPECT_FALSE(asked);
   EXPECT_EQ(HelpPage(), "help015.htm");
