@@ -68,6 +68,34 @@ TEST_F(SlideEditorTest, OkWritesToTheSlideCurrentAtOkNotAtOpening) {
   EXPECT_EQ(TheMDIMain().StatusText(), "Slide: 3 (Edited while slide 2 was open)");
 }
 
+TEST_F(SlideEditorTest, OkWithNothingTypedStillRewritesTheFile) {
+  Start(2);
+  Globals().Slides[1].Set(Field::Category, " Hi Fi");  // in memory only, not yet on disk
+  QPointer<frmEditSlide> e = OpenEditor(1);
+  ASSERT_TRUE(e);
+  e->cmdOK->click();
+  const Disk disk = OnDisk();
+  EXPECT_EQ(disk.Get(1, Field::Category), "Hi_Fi");
+  EXPECT_EQ(disk.Get(1, Field::Value), "0");
+  EXPECT_EQ(disk.Get(1, Field::SlideText), "Slide 1");
+}
+
+TEST_F(SlideEditorTest, EditorOutlivesItsSlideWindowAndStillReports) {
+  Start(2);
+  QPointer<frmEditSlide> e = OpenEditor(2);
+  ASSERT_TRUE(e);
+  QPointer<QWidget> slide = FindOpenForm("frmSlide");
+  ASSERT_TRUE(slide);
+  slide->parentWidget()->close();  // its sub-window
+  QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+  ASSERT_FALSE(slide);
+  ASSERT_FALSE(Gone(e));
+  e->txtEditText->setText("Kept");
+  e->cmdOK->click();
+  EXPECT_EQ(OnDisk().Get(2, Field::SlideText), "Kept");
+  EXPECT_EQ(TheMDIMain().StatusText(), "Slide: 2 (Kept)");
+}
+
 TEST_F(SlideEditorTest, CancelLeavesSlideAndFileAlone) {
   Start(2);
   const std::string before = testing::ReadFile(app / "Files/t.sif");
