@@ -77,6 +77,8 @@ LabelPlace LabelFor(const SlideTemplateSpec& spec, const EditorBox& box) {
 F1Action F1On(const SlideTemplateSpec& spec, EditControl control) {
   if (control == C::cboCategory) return spec.f1OnCategory;
   if (control == C::cboLocation) return spec.f1OnLocation;
+  // The two read-only boxes have no key handler of their own.
+  if (control == C::txtSlideNumber || control == C::txtFilename) return F1Action::Nothing;
   return F1Action::CloseWithHelp;
 }
 

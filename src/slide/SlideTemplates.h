@@ -62,8 +62,8 @@ extern const std::array<SlideTemplateSpec, 3> kSlideTemplates;
 // The template of `code`; a code outside 1 to 3 gives Home Security's.
 const SlideTemplateSpec& TemplateFor(std::int32_t code);
 
-// F1 on `control` in the editor of `spec`. Controls with no rule of their
-// own, and the window itself, close the editor.
+// F1 on `control` in the editor of `spec`. The read-only boxes ignore it;
+// the other controls with no rule of their own, and the window, close the editor.
 F1Action F1On(const SlideTemplateSpec& spec, EditControl control);
 
 // The page that the editor's Help button and F1 open.

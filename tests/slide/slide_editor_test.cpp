@@ -224,6 +224,7 @@ const F1Row kF1Rows[] = {
     {"car_yard_category_does_nothing", 3, "cboCategory", false, false},
     {"car_yard_make_closes", 3, "txtMake", true, true},
     {"car_yard_ok_button_closes", 3, "cmdOK", true, true},
+    {"read_only_path_ignores_it", 1, "txtFilename", false, false},
 };
 
 class EditorF1 : public SlideEditorTest, public ::testing::WithParamInterface<F1Row> {};
