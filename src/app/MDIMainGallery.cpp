@@ -62,8 +62,9 @@ QAction* MDIMain::GalleryItem(MenuId id) const { return gallery_ ? gallery_->Ite
 void MDIMain::AddSlideWindow(frmSlide* slide) {
   connect(slide, &frmSlide::Activated, this, [this] { ApplyToolbar(ToolbarEvent::SlideActivated); });
   connect(slide, &frmSlide::Clicked, this, [this, slide] { SlideClicked(slide); });
-  connect(slide, &frmSlide::EditorOpened, this,
-          [this](frmEditSlide* editor) { connect(editor, &frmEditSlide::StatusTextChanged, this, &MDIMain::SetStatusText); });
+  connect(slide, &frmSlide::EditorOpened, this, [this](frmEditSlide* editor) {
+    connect(editor, &frmEditSlide::StatusTextChanged, this, &MDIMain::SetStatusText);
+  });
   QMdiSubWindow* sub = area_->addSubWindow(slide);
   sub->setAttribute(Qt::WA_DeleteOnClose);
   sub->setGeometry(area_->viewport()->rect());
