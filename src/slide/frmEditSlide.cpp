@@ -1,5 +1,6 @@
 #include "slide/frmEditSlide.h"
 
+#include <QAbstractItemView>
 #include <QComboBox>
 #include <QKeyEvent>
 #include <QLabel>
@@ -97,6 +98,11 @@ void frmEditSlide::LayOut() {
     label->setGeometry(TwipsRect(place.left, box.top, place.width, kBoxHeight));
     label->setBuddy(control);
     control->setAccessibleName(caption);
+    if (auto* combo = qobject_cast<QComboBox*>(control)) {
+      // A screen reader meets the combo's typing box and list, not the combo.
+      combo->lineEdit()->setAccessibleName(caption);
+      combo->view()->setAccessibleName(caption);
+    }
   }
   for (std::size_t i = 1; i < spec_.tabOrder.size(); ++i)
     setTabOrder(Control(spec_.tabOrder[i - 1]), Control(spec_.tabOrder[i]));

@@ -26,6 +26,8 @@
 #include "dialogs/dlgWhat.h"
 #include "dialogs/frmCommonDialog.h"
 #include "gallery/dlgRemoveSlide.h"
+#include "slide/frmEditSlide.h"
+#include "slide/frmSetSlideTemplate.h"
 #include "slide/frmSlide.h"
 #include "support/GalleryFixture.h"
 #include "support/RowName.h"
@@ -72,6 +74,12 @@ Opened SlideWindow() {
   return {FindOpenForm("frmSlide"), nullptr};
 }
 
+// The editor of `code` on the slide in the third cell.
+Opened SlideEditor(std::int32_t code) {
+  QTest::mouseClick(TheMDIMain().fGallery()->Image1(3), Qt::LeftButton);
+  return Own(new frmEditSlide(code));
+}
+
 Opened MainWallpaperNote() {
   auto* note = new dlgWhat;
   note->SetHeight(800);
@@ -94,6 +102,10 @@ const WindowRow kWindows[] = {
     {"frmCommonDialog_AddSlide", AddSlideDialog},
     {"dlgRemoveSlide", [] { return Own(new dlgRemoveSlide); }},
     {"dlgWhat", MainWallpaperNote},
+    {"frmEditSlide", [] { return SlideEditor(1); }},
+    {"frmEditSlideRE", [] { return SlideEditor(2); }},
+    {"frmEditSlideVEH", [] { return SlideEditor(3); }},
+    {"frmSetSlideTemplate", [] { return Own(new frmSetSlideTemplate); }},
 };
 
 // The text a caption shows: "&&" is a literal "&", a single "&" marks the access key.
