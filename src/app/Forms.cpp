@@ -7,6 +7,7 @@
 #include "app/MDIMain.h"
 #include "dialogs/frmLoading.h"
 #include "app/frmSplash.h"
+#include "dialogs/HelpRoutine.h"
 
 namespace cb {
 namespace {
@@ -46,6 +47,7 @@ QWidget* FindOpenForm(const QString& name) {
 }
 
 void UnloadForms() {
+  UnloadHelp();
   Unload<frmSplash>();
   Unload<frmLoading>();
   Unload<MDIMain>();

@@ -15,6 +15,7 @@
 #include "app/Forms.h"
 #include "app/modGlobal.h"
 #include "artwork/ToolbarIcons.h"
+#include "dialogs/HelpRoutine.h"
 #include "gallery/frmGallery.h"
 #include "qt/Twips.h"
 
@@ -41,6 +42,7 @@ MDIMain::MDIMain() : area_(new WallpaperArea(this)) {
   area_->viewport()->installEventFilter(this);
   connect(area_, &QMdiArea::subWindowActivated, this, &MDIMain::SubWindowActivated);
   setCentralWidget(area_);
+  SetHelpArea(area_);
   CreateMenus();
   CreateToolBar();
   CreateStatusBar();

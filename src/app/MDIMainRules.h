@@ -59,7 +59,7 @@ constexpr bool Built(Awaits w) {
     case Awaits::Nothing: return true;
     case Awaits::SlideTemplate: return true;
     case Awaits::ReportViewer: return false;
-    case Awaits::HelpViewer: return false;
+    case Awaits::HelpViewer: return true;
     case Awaits::CollectionEditor: return false;
     case Awaits::BackgroundChooser: return false;
   }

@@ -13,7 +13,6 @@
 namespace cb {
 namespace {
 
-constexpr char kHelpPage[] = "help004.htm";
 constexpr char kMismatch[] = "The confirmation password is not the same as the password.  Please try again.";
 constexpr char kErrorTitle[] = "Error";
 
@@ -62,8 +61,8 @@ frmLogin::frmLogin(const QString& mode) : Mode(mode) {
   setFixedSize(TwipsToPixelsX(kClientWidth), TwipsToPixelsY(kClientHeight));
   connect(cmdOK, &QPushButton::clicked, this, &frmLogin::cmdOK_Click);
   connect(cmdCancel, &QPushButton::clicked, this, &QDialog::reject);
-  connect(cmdHelp, &QPushButton::clicked, this, [this] { CloseWithHelp(*this, kHelpPage); });
-  InstallF1(*this, kHelpPage);
+  connect(cmdHelp, &QPushButton::clicked, this, [this] { CloseWithHelp(*this); });
+  InstallF1(*this);
   Form_Load();
 }
 

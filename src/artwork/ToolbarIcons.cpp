@@ -367,6 +367,34 @@ void DrawHelp(Canvas& c) {
   c.Disc({12, 17.9}, 1.6, White);
 }
 
+// A printer with a sheet going in at the back and the printed page coming out in front.
+void DrawPrint(Canvas& c) {
+  Page(c, 6, 1.5, 18, 10, 3);
+  c.Box(1.5, 9, 22.5, 18, Steel, Ink, 1.5);
+  c.Bar(17, 11.5, 20, 13, Green);
+  const QRectF out = c.Box(5, 14.5, 19, 22.5, Paper, Ink);
+  for (double y : {17.0, 19.5}) c.Bar(out.left() + 2, y, out.right() - 2, y + c.Px(1), Steel);
+}
+
+// A round button with an arrow pointing `left` or right, for going through a history.
+void Arrow(Canvas& c, bool left) {
+  c.Disc({12, 12}, 10, Green, GreenDark);
+  QPainterPath arrow;
+  const double s = left ? -1 : 1;
+  arrow.moveTo(12 + s * 6.5, 12);
+  arrow.lineTo(12 + s * 0.5, 5.5);
+  arrow.lineTo(12 + s * 0.5, 9.5);
+  arrow.lineTo(12 - s * 6, 9.5);
+  arrow.lineTo(12 - s * 6, 14.5);
+  arrow.lineTo(12 + s * 0.5, 14.5);
+  arrow.lineTo(12 + s * 0.5, 18.5);
+  arrow.closeSubpath();
+  c.Painter().fillPath(arrow, c(White));
+}
+
+void DrawPrevious(Canvas& c) { Arrow(c, true); }
+void DrawNext(Canvas& c) { Arrow(c, false); }
+
 using DrawFn = void (*)(Canvas&);
 
 struct Drawing {
@@ -374,11 +402,12 @@ struct Drawing {
   DrawFn draw;
 };
 
-// The image keys of the main window's toolbar and their pictures.
+// The image keys of the main window's toolbar and the viewers' toolbars, and their pictures.
 constexpr Drawing kDrawings[] = {
     {"New", DrawNew},       {"Open", DrawOpen},     {"Edit", DrawEdit},
     {"Report", DrawReport}, {"Zoom", DrawZoom},     {"Unzoom", DrawUnzoom},
     {"Window", DrawWindow}, {"Background", DrawBackground}, {"Help", DrawHelp},
+    {"Print", DrawPrint},   {"Previous", DrawPrevious},     {"Next", DrawNext},
 };
 
 QImage Render(DrawFn draw, QSize size, bool greyed) {

@@ -1,5 +1,5 @@
 #pragma once
-// The pictures of the main window's toolbar, drawn in code at whatever size is asked.
+// The pictures of the main window's and the viewers' toolbars, drawn in code at whatever size is asked.
 
 #include <QIcon>
 #include <QString>
@@ -7,7 +7,8 @@
 namespace cb {
 
 // The toolbar picture under the image key `key` ("New", "Open", "Edit", "Report", "Zoom",
-// "Unzoom", "Window", "Background", "Help"); a null icon for any other key. Keys are exact.
+// "Unzoom", "Window", "Background", "Help", and the viewers' "Print", "Previous", "Next");
+// a null icon for any other key. Keys are exact.
 // Pixmaps come out at the requested size, and the disabled mode is drawn in greys.
 QIcon ToolbarIcon(const QString& key);
 

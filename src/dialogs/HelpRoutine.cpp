@@ -1,39 +1,108 @@
 #include "dialogs/HelpRoutine.h"
 
+#include <QApplication>
 #include <QDialog>
+#include <QMdiArea>
+#include <QMdiSubWindow>
+#include <QPointer>
 #include <QShortcut>
+
+#include "help/frmHelp.h"
 
 namespace cb {
 namespace {
-QString& Page() {
-  static QString page;
-  return page;
+
+QPointer<frmHelp>& Viewer() {
+  static QPointer<frmHelp> viewer;
+  return viewer;
 }
+
+QPointer<QMdiArea>& Area() {
+  static QPointer<QMdiArea> area;
+  return area;
+}
+
+std::string_view View(const QByteArray& utf8) { return {utf8.data(), static_cast<std::size_t>(utf8.size())}; }
+
+// The viewer is a child of the main window; before there is one (the login) it stands alone.
+frmHelp& TheHelp() {
+  auto& viewer = Viewer();
+  if (!viewer) {
+    viewer = new frmHelp();
+    if (QMdiArea* area = Area()) area->addSubWindow(viewer)->setAttribute(Qt::WA_DeleteOnClose);
+  }
+  return *viewer;
+}
+
+// An MDI child hides and closes with its frame.
+QWidget& Frame(QWidget& window) {
+  auto* sub = qobject_cast<QMdiSubWindow*>(window.parentWidget());
+  return sub ? static_cast<QWidget&>(*sub) : window;
+}
+
+void CloseAndOpen(QWidget& window, const QString& page) {
+  QWidget& frame = Frame(window);
+  frame.hide();
+  OpenHelp(page);
+  if (auto* dialog = qobject_cast<QDialog*>(&window))
+    dialog->reject();  // the dialog's own unload, which a waiting caller sees as a Cancel
+  else
+    frame.close();
+}
+
+const WindowHelp* RowForFocus(QWidget& window) {
+  const QByteArray name = window.objectName().toUtf8();
+  for (QWidget* w = QApplication::focusWidget(); w && w != &window; w = w->parentWidget()) {
+    const WindowHelp* row = FindWindowHelp(View(name), View(w->objectName().toUtf8()));
+    if (row && !row->control.empty()) return row;
+  }
+  return FindWindowHelp(View(name));
+}
+
+void Run(QWidget& window, const WindowHelp* row) {
+  if (!row) return;
+  const QString page = QString::fromUtf8(row->page.data(), static_cast<qsizetype>(row->page.size()));
+  if (row->closes)
+    CloseAndOpen(window, page);
+  else
+    OpenHelp(page);
+}
+
 }  // namespace
 
-const QString& HelpPage() { return Page(); }
+void SetHelpArea(QMdiArea* area) { Area() = area; }
 
 void OpenHelp(const QString& page) {
+<<<<<<< HEAD
   Page() = page;
   // Only recorded: the help viewer is not built, and the items that would open it are disabled.
+=======
+  frmHelp& viewer = TheHelp();
+  viewer.HelpPage = page;
+  viewer.ShowForward();
+>>>>>>> e00a41f (The help viewer opens on help requests; one main window during its load)
 }
 
-void CloseWithHelp(QDialog& dialog, const QString& page) {
-  dialog.hide();
-  OpenHelp(page);
-  dialog.reject();
+void ShowHelp(QWidget& window, const QString& control) {
+  Run(window, FindWindowHelp(View(window.objectName().toUtf8()), View(control.toUtf8())));
 }
 
-void InstallF1(QWidget& window, const QString& page) {
+void InstallF1(QWidget& window) {
   auto* f1 = new QShortcut(QKeySequence(Qt::Key_F1), &window);
   // MDI children share their frame's window: each F1 keeps to its own widget.
   f1->setContext(Qt::WidgetWithChildrenShortcut);
-  QObject::connect(f1, &QShortcut::activated, &window, [&window, page] {
-    if (auto* dialog = qobject_cast<QDialog*>(&window))
-      CloseWithHelp(*dialog, page);
-    else
-      OpenHelp(page);
-  });
+  QObject::connect(f1, &QShortcut::activated, &window, [&window] { Run(window, RowForFocus(window)); });
+}
+
+frmHelp* HelpViewer() { return Viewer().data(); }
+
+QString HelpPage() { return Viewer() ? Viewer()->HelpPage : QString(); }
+
+void UnloadHelp() {
+  if (auto& viewer = Viewer()) {
+    QWidget& frame = Frame(*viewer);
+    delete &frame;
+  }
 }
 
 }  // namespace cb

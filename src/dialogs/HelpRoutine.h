@@ -1,28 +1,46 @@
 #pragma once
-// The help conventions shared by every window: F1 and the Help buttons open
-// the help viewer on the window's own page; dialogs close as they do so.
+// The help conventions shared by every window: F1, the Help buttons and the
+// Help menu items open the help viewer on the page the window help table
+// (help/WindowHelp.h) gives the window; dialogs close as they do so.
 
 #include <QString>
 
+#include "help/WindowHelp.h"
+
+class QMdiArea;
 class QWidget;
-class QDialog;
 
 namespace cb {
 
-// The quick start page, opened at a first start and by the main window's popups.
-inline constexpr char kQuickStartPage[] = "help002.htm";
+class frmHelp;
 
-// The page the help viewer opens on when it loads (its HelpPage).
-const QString& HelpPage();
+// The client area the viewer opens in; the main window names its own as it
+// is made. Without one (the login at start-up) the viewer stands alone.
+void SetHelpArea(QMdiArea* area);
 
-// Sets the page and shows the help viewer without waiting.
+// The open-only routine: sets the viewer's HelpPage and shows it without
+// waiting. A viewer that is already open comes forward and keeps its page.
 void OpenHelp(const QString& page);
 
-// Hides `dialog`, opens help on `page` and unloads the dialog, which ends
-// as if it had been cancelled.
-void CloseWithHelp(QDialog& dialog, const QString& page);
+// Help for `control` on `window`, both by object name, as the table gives
+// it: the closing routine (hide the window, open the viewer, unload the
+// window, so a caller waiting on a dialog finds it cancelled) or the
+// open-only one. A window without a row takes no help.
+void ShowHelp(QWidget& window, const QString& control = {});
 
-// F1 anywhere in `window`: the closing routine for a dialog, else open-only.
-void InstallF1(QWidget& window, const QString& page);
+// The Help button: the row of "cmdHelp", which closes every dialog.
+inline void CloseWithHelp(QWidget& window) { ShowHelp(window, "cmdHelp"); }
+
+// F1 in `window` or any control in it: ShowHelp for the control that has the
+// keyboard, or the nearest of its parents that has a row of its own.
+void InstallF1(QWidget& window);
+
+// The open viewer, or null.
+frmHelp* HelpViewer();
+// The open viewer's HelpPage: the page it was last asked for; "" when none is open.
+QString HelpPage();
+
+// Closes and deletes the viewer, if one is open.
+void UnloadHelp();
 
 }  // namespace cb

@@ -1,5 +1,6 @@
 #include "dialogs/dlgWhat.h"
 
+#include <QApplication>
 #include <QEvent>
 #include <QLabel>
 
@@ -11,7 +12,8 @@ namespace {
 constexpr double kBorderTwips = 20;
 }  // namespace
 
-dlgWhat::dlgWhat() : QWidget(nullptr, Qt::Popup | Qt::FramelessWindowHint) {
+dlgWhat::dlgWhat(QWidget* owner)
+    : QWidget(owner ? owner : QApplication::activeWindow(), Qt::Tool | Qt::FramelessWindowHint) {
   setObjectName("dlgWhat");
   setAttribute(Qt::WA_DeleteOnClose);
   lblBack = new QLabel(this);
@@ -28,14 +30,18 @@ dlgWhat::dlgWhat() : QWidget(nullptr, Qt::Popup | Qt::FramelessWindowHint) {
   QFont font("Verdana");
   font.setPointSizeF(9.75);
   lblWhat->setFont(font);
-  for (QLabel* l : {lblBack, lblWhat}) l->installEventFilter(this);
 }
 
 void dlgWhat::Show() {
   resize(TwipsToPixelsX(width_), TwipsToPixelsY(height_));
   move(TwipsToPixelsX(left_), TwipsToPixelsY(top_));
   lblWhat->setText(WhatText);
+  setAccessibleName(WhatText);
+  // Every press in the program passes by the note first; it is never a grab.
+  qApp->installEventFilter(this);
   show();
+  raise();
+  activateWindow();
 }
 
 void dlgWhat::resizeEvent(QResizeEvent*) {
@@ -44,15 +50,26 @@ void dlgWhat::resizeEvent(QResizeEvent*) {
   lblWhat->setGeometry(bx, by, width() - 2 * bx, height() - 2 * by);
 }
 
-bool dlgWhat::eventFilter(QObject*, QEvent* e) {
-  if (e->type() == QEvent::MouseButtonPress) {
-    close();
-    return true;
+void dlgWhat::changeEvent(QEvent* e) {
+  if (e->type() == QEvent::ActivationChange) {
+    if (isActiveWindow())
+      wasActive_ = true;
+    else if (wasActive_)
+      close();
   }
-  return false;
+  QWidget::changeEvent(e);
 }
 
-void ShowWhat(long heightTwips, long widthTwips, const QString& text) {
+bool dlgWhat::eventFilter(QObject* watched, QEvent* e) {
+  if (e->type() != QEvent::MouseButtonPress || !isVisible()) return false;
+  auto* w = qobject_cast<QWidget*>(watched);
+  if (!w) return false;
+  close();
+  // A press on the note ends there; one elsewhere goes on to what was clicked.
+  return w->window() == this;
+}
+
+dlgWhat* ShowWhat(long heightTwips, long widthTwips, const QString& text) {
   auto* what = new dlgWhat();
   what->SetHeight(heightTwips);
   what->SetWidth(widthTwips);
@@ -60,6 +77,7 @@ void ShowWhat(long heightTwips, long widthTwips, const QString& text) {
   what->SetTop(Globals().MouseY);
   what->WhatText = text;
   what->Show();
+  return what;
 }
 
 }  // namespace cb

@@ -1,6 +1,7 @@
 #pragma once
 // A borderless what's-this note, placed from the screen's top left corner
-// at the caller's twips and gone at the next click anywhere.
+// at the caller's twips. A click on it, a click anywhere else, or the note
+// losing the focus takes it away; a click elsewhere still does its own work.
 
 #include <QWidget>
 
@@ -11,7 +12,8 @@ namespace cb {
 class dlgWhat : public QWidget {
   Q_OBJECT
  public:
-  dlgWhat();
+  // The note stays above `owner`, the active window by default.
+  explicit dlgWhat(QWidget* owner = nullptr);
 
   QString WhatText;
   void SetHeight(long twips) { height_ = twips; }
@@ -22,17 +24,20 @@ class dlgWhat : public QWidget {
   // Loads the note from the members and shows it without waiting.
   void Show();
 
+  QLabel* lblBack;
+  QLabel* lblWhat;
+
  protected:
   void resizeEvent(QResizeEvent* e) override;
+  void changeEvent(QEvent* e) override;
   bool eventFilter(QObject* watched, QEvent* e) override;
 
  private:
-  QLabel* lblBack;
-  QLabel* lblWhat;
   long height_ = 2490, width_ = 5010, left_ = 0, top_ = 0;
+  bool wasActive_ = false;
 };
 
 // Makes and shows a note of the given size at the last mouse press.
-void ShowWhat(long heightTwips, long widthTwips, const QString& text);
+dlgWhat* ShowWhat(long heightTwips, long widthTwips, const QString& text);
 
 }  // namespace cb

@@ -21,7 +21,6 @@
 namespace cb {
 namespace {
 
-constexpr char kHelpPage[] = "help002.htm";
 constexpr char kNewCaption[] = "New";
 
 // The two type items the dialog understands; any other leaves the pattern alone.
@@ -210,7 +209,7 @@ frmCommonDialog::frmCommonDialog() {
   connect(cmdOK, &QPushButton::clicked, this, &frmCommonDialog::cmdOK_Click);
   connect(cmdCancel, &QPushButton::clicked, this, &frmCommonDialog::cmdCancel_Click);
   connect(cmdHelp, &QPushButton::clicked, this, &frmCommonDialog::cmdHelp_Click);
-  InstallF1(*this, kHelpPage);
+  InstallF1(*this);
 }
 
 void frmCommonDialog::PlaceControls() {
@@ -301,7 +300,7 @@ void frmCommonDialog::cmdCancel_Click() {
   done(Rejected);
 }
 
-void frmCommonDialog::cmdHelp_Click() { CloseWithHelp(*this, kHelpPage); }
+void frmCommonDialog::cmdHelp_Click() { CloseWithHelp(*this); }
 
 void frmCommonDialog::reject() {
   QDialog::reject();

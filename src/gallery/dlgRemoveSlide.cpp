@@ -10,7 +10,6 @@
 namespace cb {
 namespace {
 constexpr char kQuestion[] = "Are you sure you want to remove this slide?";
-constexpr char kHelpPage[] = "help002.htm";
 }  // namespace
 
 dlgRemoveSlide::dlgRemoveSlide() {
@@ -29,8 +28,8 @@ dlgRemoveSlide::dlgRemoveSlide() {
     accept();
   });
   connect(cmdCancel, &QPushButton::clicked, this, &QDialog::reject);
-  connect(cmdHelp, &QPushButton::clicked, this, [this] { CloseWithHelp(*this, kHelpPage); });
-  InstallF1(*this, kHelpPage);
+  connect(cmdHelp, &QPushButton::clicked, this, [this] { CloseWithHelp(*this); });
+  InstallF1(*this);
   CentreOnScreen(*this);
 }
 

@@ -26,7 +26,6 @@
 namespace cb {
 namespace {
 
-constexpr char kHelpPage[] = "help011.htm";
 constexpr char kCannotSave[] = "Could not save sif file.";
 constexpr char kErrorTitle[] = "Error";
 
@@ -66,7 +65,7 @@ frmGallery::frmGallery() {
   connect(FlatScrollBar1, &QScrollBar::valueChanged, this, &frmGallery::FlatScrollBar1_Change);
   CreateMenus();
   setFocusPolicy(Qt::StrongFocus);  // so the window has the keyboard, and F1, when it is active
-  InstallF1(*this, kHelpPage);
+  InstallF1(*this);
   resize(TwipsToPixelsX(kOpeningClientWidth), TwipsToPixelsY(kOpeningClientHeight));
   LayOut();
 }
@@ -93,7 +92,7 @@ void frmGallery::CreateMenus() {
   for (MenuId what : {MenuId::Popup1What, MenuId::Popup3What, MenuId::Popup4What})
     connect(Item(what), &QAction::triggered, this, [this, what] { ShowWhat(what); });
   for (MenuId help : {MenuId::Popup1Help, MenuId::Popup3Help, MenuId::Popup4Help})
-    connect(Item(help), &QAction::triggered, this, [] { OpenHelp(kHelpPage); });
+    connect(Item(help), &QAction::triggered, this, [this] { ShowHelp(*this); });
 }
 
 void frmGallery::ShowWhat(MenuId item) {

@@ -13,7 +13,6 @@
 
 namespace cb {
 namespace {
-constexpr char kHelpPage[] = "help009.htm";
 constexpr double kDesignWidth = 7725, kDesignHeight = 5355;
 }  // namespace
 
@@ -30,7 +29,7 @@ frmSlide::frmSlide() {
   connect(Image1, &StretchImage::MouseUp, this, &frmSlide::Image1_MouseUp);
   connect(Image1, &StretchImage::Click, this, &frmSlide::Image1_Click);
   setFocusPolicy(Qt::StrongFocus);  // so the window has the keyboard, and F1, when it is active
-  InstallF1(*this, kHelpPage);
+  InstallF1(*this);
   resize(sizeHint());
   Place({0, 0, 7095, 4575});
   SetCaption();

@@ -1,0 +1,54 @@
+#include "help/WindowHelp.h"
+
+#include <array>
+
+namespace cb {
+namespace {
+
+constexpr bool kCloses = true, kStays = false;
+
+// A window's own row stands for the window and every control without a row
+// of its own. The dialogs close, so a caller waiting on one finds it
+// cancelled; the main working windows stay.
+constexpr std::array<WindowHelp, 23> kRows{{
+    {"frmCommonDialog", "", kQuickStartPage, kCloses},
+    {"frmDirectory", "", kQuickStartPage, kCloses},
+    {"dlgRemoveSlide", "", kQuickStartPage, kCloses},
+    {"frmLogin", "", "help004.htm", kCloses},
+    {"frmModifySlide", "", "help009.htm", kCloses},
+    {"frmEditSlide", "", "help011.htm", kCloses},
+    {"frmEditSlideRE", "", "help011.htm", kCloses},
+    {"frmEditSlideVEH", "", "help011.htm", kCloses},
+    {"frmSelectReport", "", "help012.htm", kCloses},
+    {"frmReport", "", "help012.htm", kCloses},
+    {"frmBackground", "", "help014.htm", kCloses},
+    {"frmSetSlideTemplate", "", "help015.htm", kCloses},
+    {"frmSlide", "", "help009.htm", kStays},
+    {"frmGallery", "", "help011.htm", kStays},
+    {"frmHelp", "", kQuickStartPage, kStays},  // read only at load: an open viewer keeps its page
+    // Controls that differ from their window, and the menu items and buttons that only open help.
+    {"frmEditSlideVEH", "cboLocation", "help011.htm", kStays},
+    {"frmReport", "Help", "help012.htm", kStays},
+    {"frmGallery", "mnuPopup1Help", "help011.htm", kStays},
+    {"frmGallery", "mnuPopup3Help", "help011.htm", kStays},
+    {"frmGallery", "mnuPopup4Help", "help011.htm", kStays},
+    {"MDIMain", "mnuHelpContents", "help001.htm", kStays},
+    {"MDIMain", "mnuPopup1Help", kQuickStartPage, kStays},
+    {"MDIMain", "mnuPopup2Help", kQuickStartPage, kStays},
+}};
+
+}  // namespace
+
+std::span<const WindowHelp> WindowHelpTable() { return kRows; }
+
+const WindowHelp* FindWindowHelp(std::string_view window, std::string_view control) {
+  const WindowHelp* own = nullptr;
+  for (const WindowHelp& row : kRows) {
+    if (row.window != window) continue;
+    if (!control.empty() && row.control == control) return &row;
+    if (row.control.empty()) own = &row;
+  }
+  return own;
+}
+
+}  // namespace cb

@@ -1,0 +1,159 @@
+#include "help/frmHelp.h"
+
+#include <QAction>
+#include <QCoreApplication>
+#include <QDesktopServices>
+#include <QFile>
+#include <QFileInfo>
+#include <QMdiArea>
+#include <QMdiSubWindow>
+#include <QPrintDialog>
+#include <QPrinter>
+#include <QTextBrowser>
+#include <QToolBar>
+#include <QVBoxLayout>
+
+#include "app/MDIMainRules.h"
+#include "app/modGlobal.h"
+#include "artwork/ToolbarIcons.h"
+#include "base/Cp1252.h"
+#include "dialogs/HelpRoutine.h"
+#include "qt/MsgBox.h"
+#include "qt/Twips.h"
+
+namespace cb {
+namespace {
+
+constexpr char kCaption[] = "Chattelbook Help";
+constexpr char kHelpDir[] = "/Help/";
+constexpr char kPrinterFailed[] = "The printer did not take the page.";
+
+QString Q(std::string_view s) { return QString::fromUtf8(s.data(), static_cast<qsizetype>(s.size())); }
+
+std::string AppPath() {
+  const ModGlobal& g = Globals();
+  return g.MainController ? g.MainController->AppPath() : PathFromQ(QCoreApplication::applicationDirPath());
+}
+
+// A link's target as written in the page: a path, with any "?" or "#" it held.
+std::string LinkPath(const QUrl& url) {
+  if (url.isLocalFile()) return PathFromQ(url.toLocalFile());
+  QString path = url.path(QUrl::FullyDecoded);
+  if (url.hasQuery()) path += '?' + url.query(QUrl::FullyDecoded);
+  if (url.hasFragment()) path += '#' + url.fragment(QUrl::FullyDecoded);
+  return PathFromQ(path);
+}
+
+}  // namespace
+
+frmHelp::frmHelp() {
+  setObjectName("frmHelp");
+  setWindowTitle(kCaption);
+  setAttribute(Qt::WA_DeleteOnClose);
+  Toolbar1 = new QToolBar(this);
+  Toolbar1->setObjectName("Toolbar1");
+  Toolbar1->setToolButtonStyle(Qt::ToolButtonTextUnderIcon);
+  Toolbar1->setIconSize(QSize(24, 24));
+  QAction** buttons[] = {&cmdPrint, &cmdPrevious, &cmdNext};
+  for (std::size_t i = 0; i < kHelpToolbar.size(); ++i) {
+    const QString key = Q(kHelpToolbar[i].key);
+    QAction* a = Toolbar1->addAction(ToolbarIcon(key), key);
+    a->setObjectName(key);
+    a->setToolTip(Q(kHelpToolbar[i].tooltip));
+    *buttons[i] = a;
+  }
+  WebBrowser1 = new QTextBrowser(this);
+  WebBrowser1->setObjectName("WebBrowser1");
+  WebBrowser1->setAccessibleName("Help page");
+  WebBrowser1->setOpenLinks(false);  // every link comes through the history
+  auto* layout = new QVBoxLayout(this);
+  layout->setContentsMargins(0, 0, 0, 0);
+  layout->setSpacing(0);
+  layout->addWidget(Toolbar1);
+  layout->addWidget(WebBrowser1, 1);
+  connect(cmdPrint, &QAction::triggered, this, &frmHelp::Print_Click);
+  connect(cmdPrevious, &QAction::triggered, this, &frmHelp::Previous_Click);
+  connect(cmdNext, &QAction::triggered, this, &frmHelp::Next_Click);
+  connect(WebBrowser1, &QTextBrowser::anchorClicked, this, &frmHelp::WebBrowser1_AnchorClicked);
+  InstallF1(*this);
+  SetButtons();
+}
+
+void frmHelp::ShowForward() {
+  QWidget* frame = parentWidget() ? parentWidget() : this;
+  if (frame->isMinimized()) frame->showNormal();
+  show();
+  frame->show();
+  frame->raise();
+  if (auto* sub = qobject_cast<QMdiSubWindow*>(frame)) {
+    if (QMdiArea* area = sub->mdiArea()) area->setActiveSubWindow(sub);
+  } else {
+    activateWindow();
+  }
+}
+
+void frmHelp::showEvent(QShowEvent* e) {
+  if (!loaded_) Form_Load();
+  QWidget::showEvent(e);
+}
+
+void frmHelp::Form_Load() {
+  loaded_ = true;
+  // As large as the main window's client area, from its top left.
+  if (auto* sub = qobject_cast<QMdiSubWindow*>(parentWidget()))
+    if (QMdiArea* area = sub->mdiArea()) sub->setGeometry(area->viewport()->rect());
+  Display(history_.Load(AppPath() + kHelpDir + PathFromQ(HelpPage)));
+  SetButtons();
+  WebBrowser1->setFocus();
+}
+
+void frmHelp::Navigate2(const std::string& url) {
+  history_.BeforeNavigate(url);
+  Display(url);
+  SetButtons();
+}
+
+void frmHelp::Display(const std::string& path) {
+  shown_ = path;
+  const QString file = PathToQ(path);
+  QFile in(file);
+  if (QFileInfo(file).isFile() && in.open(QIODevice::ReadOnly)) {
+    const QByteArray bytes = in.readAll();
+    WebBrowser1->setHtml(QString::fromStdString(Cp1252ToUtf8(std::string_view(bytes.data(), bytes.size()))));
+  } else {
+    WebBrowser1->setHtml(QString::fromStdString(MissingHelpPage(path)));
+  }
+}
+
+void frmHelp::WebBrowser1_AnchorClicked(const QUrl& url) {
+  // The maker's web site and mail address belong to the desktop's browser and mail program.
+  if (!url.scheme().isEmpty() && !url.isLocalFile()) {
+    QDesktopServices::openUrl(url);
+    return;
+  }
+  Navigate2(LinkPath(url));
+}
+
+void frmHelp::Previous_Click() { Navigate2(history_.Previous()); }
+
+void frmHelp::Next_Click() { Navigate2(history_.Next()); }
+
+void frmHelp::SetButtons() {
+  cmdPrevious->setEnabled(history_.PreviousEnabled());
+  cmdNext->setEnabled(history_.NextEnabled());
+}
+
+void frmHelp::Print_Click() {
+  if (WebBrowser1->document()->isEmpty()) {
+    MsgBox(kPrintDisabled, vbOKOnly, kAppTitle);
+    return;
+  }
+  QPrinter printer;
+  QPrintDialog dialog(&printer, this);
+  if (dialog.exec() != QDialog::Accepted) return;
+  WebBrowser1->document()->print(&printer);
+  if (printer.printerState() == QPrinter::Error)
+    MsgBox(QString::fromStdString(PrintErrorText(kPrinterFailed)), vbOKOnly, kAppTitle);
+}
+
+}  // namespace cb
