@@ -1,6 +1,8 @@
 #include <gtest/gtest.h>
 
+#include <QMdiSubWindow>
 #include <QMouseEvent>
+#include <QTextBrowser>
 #include <QTest>
 #include <QTimer>
 
@@ -11,6 +13,7 @@
 #include "app/frmSplash.h"
 #include "app/modGlobal.h"
 #include "dialogs/HelpRoutine.h"
+#include "help/frmHelp.h"
 #include "qt/MsgBox.h"
 #include "storage/DataAccess.h"
 #include "support/TempDir.h"
@@ -77,7 +80,10 @@ TEST_F(StartupTest, FirstUseStoresTheDefaultFileAndOpensTheMainWindow) {
   EXPECT_EQ(OpenSplash(), nullptr);
   EXPECT_TRUE(messages.empty());
   EXPECT_TRUE(std::filesystem::exists(app / "Help/help001.htm"));
-  EXPECT_EQ(HelpPage(), "help002.htm");  // the quick start page comes up
+  // The quick start page comes up on top of the gallery.
+  ASSERT_NE(HelpViewer(), nullptr);
+  EXPECT_EQ(HelpViewer()->WebBrowser1->documentTitle(), "Chattelworks Help - Quick Start");
+  EXPECT_EQ(TheMDIMain().MdiArea()->activeSubWindow(), HelpViewer()->parentWidget());
 }
 
 TEST_F(StartupTest, HelpThatCannotBeWrittenIsToldOnceAndTheStartGoesOn) {

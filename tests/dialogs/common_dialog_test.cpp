@@ -45,8 +45,8 @@ class CommonDialogTest : public ::testing::Test {
  protected:
   CommonDialogTest() {
     for (const char* f : {"b.sif", "A.sif", "note.txt", "IMG_0001.JPG", "Other/x.sif"}) testing::WriteFile(app / f, "x");
-    OpenHelp(QString());
   }
+  ~CommonDialogTest() override { UnloadHelp(); }
 
   // The callers' order: title, folder (the first touch), pattern, type items and text.
   void Prepare(frmCommonDialog& d, const QString& title, const QString& pattern = "*.sif",

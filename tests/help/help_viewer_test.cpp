@@ -1,53 +1,207 @@
 #include <gtest/gtest.h>
 
 #include <QAction>
+#include <QLineEdit>
 #include <QMdiSubWindow>
+#include <QPushButton>
 #include <QTest>
 #include <QTextBrowser>
-#include <QToolBar>
+#include <QTextDocument>
+#include <functional>
+#include <memory>
 
+#include "app/frmLogin.h"
 #include "dialogs/HelpRoutine.h"
+#include "gallery/dlgRemoveSlide.h"
 #include "help/UIHelpController.h"
 #include "help/frmHelp.h"
 #include "support/GalleryFixture.h"
+#include "support/RowName.h"
 
 namespace cb {
 namespace {
 
 namespace fs = std::filesystem;
 
+constexpr char kContents[] = "Contents";
+constexpr char kQuickStart[] = "Chattelworks Help - Quick Start";
+constexpr char kFileMenu[] = "Menu Options - (File Menu)";
+
 // The main window over an installation whose help pages are written, with
 // the "help" spelling of the directory that the pages' links use.
 class HelpViewerTest : public testing::GalleryFixture {
- protected:
+ public:
   HelpViewerTest() {
     fs::create_directories(app / "Help");
     fs::create_directory_symlink("Help", app / "help");
     EXPECT_TRUE(UIHelpController(app.str()).GenerateHelp());
+    Start(0);
   }
 
   frmHelp& Viewer() {
     frmHelp* viewer = HelpViewer();
-    EXPECT_NE(viewer, nullptr);
+    if (!viewer) throw std::runtime_error("no help viewer");
     return *viewer;
   }
   QString Title() { return Viewer().WebBrowser1->documentTitle(); }
   std::string Page(const std::string& file) { return app / ("Help/" + file); }
   QMdiSubWindow* Frame() { return qobject_cast<QMdiSubWindow*>(Viewer().parentWidget()); }
+
+  // A user's click on the link whose text is `text`.
+  void ClickLink(const QString& text) {
+    QTextBrowser* b = Viewer().WebBrowser1;
+    const QTextCursor found = b->document()->find(text);
+    ASSERT_FALSE(found.isNull()) << text.toStdString();
+    QTextCursor inside(b->document());
+    inside.setPosition(found.selectionStart() + 1);
+    QTest::mouseClick(b->viewport(), Qt::LeftButton, {}, b->cursorRect(inside).center());
+  }
+  // The first link of the page by the keyboard.
+  void TabToFirstLinkAndEnter() {
+    QTextBrowser* b = Viewer().WebBrowser1;
+    b->setFocus();
+    QTest::keyClick(b, Qt::Key_Tab);
+    QTest::keyClick(b, Qt::Key_Return);
+  }
 };
 
-TEST_F(HelpViewerTest, ContentsAgainAfterTheViewerIsClosed) {
-  Start(0);
+struct Step {
+  const char* what;
+  std::function<void(HelpViewerTest&)> act;
+  const char* title;
+  int current, total;
+  bool previous, next;
+};
+
+TEST_F(HelpViewerTest, HistoryRecordsEveryNavigationButTheToolbars) {
+  const Step steps[] = {
+      {"contents", [](auto&) { TheMDIMain().Item("mnuHelpContents")->trigger(); }, kContents, 2, 2, false, false},
+      {"link by keyboard", [](auto& t) { t.TabToFirstLinkAndEnter(); }, kQuickStart, 3, 3, true, false},
+      {"previous", [](auto& t) { t.Viewer().cmdPrevious->trigger(); }, kContents, 2, 3, true, true},
+      {"previous to the load's own entry", [](auto& t) { t.Viewer().cmdPrevious->trigger(); }, kContents, 1, 3,
+       false, true},
+      {"next", [](auto& t) { t.Viewer().cmdNext->trigger(); }, kContents, 2, 3, true, true},
+      {"next to the end", [](auto& t) { t.Viewer().cmdNext->trigger(); }, kQuickStart, 3, 3, true, false},
+      {"previous again", [](auto& t) { t.Viewer().cmdPrevious->trigger(); }, kContents, 2, 3, true, true},
+      {"link by mouse drops the forward page", [](auto& t) { t.ClickLink("Menu Options"); }, kFileMenu, 3, 3, true,
+       false},
+  };
+  for (const Step& s : steps) {
+    SCOPED_TRACE(s.what);
+    s.act(*this);
+    EXPECT_EQ(Title(), s.title);
+    EXPECT_EQ(Viewer().History().Stack().CurrentItem(), s.current);
+    EXPECT_EQ(Viewer().History().Stack().TotalItems(), s.total);
+    EXPECT_EQ(Viewer().cmdPrevious->isEnabled(), s.previous);
+    EXPECT_EQ(Viewer().cmdNext->isEnabled(), s.next);
+  }
+}
+
+TEST_F(HelpViewerTest, OpensOverTheWholeClientAreaOnTop) {
+  TheMDIMain().Button("Help")->trigger();
+  EXPECT_EQ(Viewer().Shown(), Page("help001.htm"));
+  EXPECT_EQ(Frame()->geometry(), TheMDIMain().MdiArea()->viewport()->rect());
+  EXPECT_EQ(TheMDIMain().MdiArea()->activeSubWindow(), Frame());
+}
+
+TEST_F(HelpViewerTest, AnOpenViewerComesForwardAndKeepsItsPage) {
   TheMDIMain().Item("mnuHelpContents")->trigger();
-  EXPECT_EQ(Title(), "Contents");
-  QApplication::setActiveWindow(&TheMDIMain());
-  Viewer().WebBrowser1->setFocus();
-  QTest::keyClick(Viewer().WebBrowser1, Qt::Key_F4, Qt::ControlModifier);
+  TheMDIMain().MdiArea()->setActiveSubWindow(qobject_cast<QMdiSubWindow*>(Gallery().parentWidget()));
+  ShowHelp(Gallery());  // the gallery's F1
+  EXPECT_EQ(HelpPage(), "help011.htm");
+  EXPECT_EQ(Title(), kContents);
+  EXPECT_EQ(Viewer().History().Stack().TotalItems(), 2);
+  EXPECT_EQ(TheMDIMain().MdiArea()->activeSubWindow(), Frame());
+  // Closed, it starts afresh on the page asked for next.
+  Frame()->close();
   QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
-  EXPECT_EQ(HelpViewer(), nullptr);
-  Gallery().Item("mnuHelpContents")->trigger();
-  EXPECT_EQ(Title(), "Contents");
+  ASSERT_EQ(HelpViewer(), nullptr);
+  Gallery().Item("mnuPopup1Help")->trigger();
+  EXPECT_EQ(Viewer().Shown(), Page("help011.htm"));
+}
+
+TEST_F(HelpViewerTest, AMissingPageIsRecordedAndShownAsNotFound) {
+  OpenHelp("help099.htm");
+  EXPECT_EQ(Title(), "Page not found");
+  EXPECT_TRUE(Viewer().WebBrowser1->toPlainText().contains(QString::fromStdString(Page("help099.htm"))));
+  Viewer().close();
+  QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+
+  fs::remove(Page("help003.htm"));
+  OpenHelp("help001.htm");
+  ClickLink("Menu Options");
+  EXPECT_EQ(Title(), "Page not found");
+  EXPECT_EQ(Viewer().Shown(), app / "help/help003.htm");
+  Viewer().cmdPrevious->trigger();
+  EXPECT_EQ(Title(), kContents);
+}
+
+// Each window's help routine as a user reaches it; the viewer was closed before.
+struct Routine {
+  const char* name;
+  std::function<QWidget*(std::unique_ptr<QWidget>&)> open;  // the window asked, shown
+  std::function<void(QWidget*)> ask;
+  const char* page;
+  bool closes;
+};
+
+template <class Dialog, class... Args>
+QWidget* Show(std::unique_ptr<QWidget>& keep, Args... args) {
+  keep = std::make_unique<Dialog>(args...);
+  keep->show();
+  QApplication::setActiveWindow(keep.get());
+  return keep.get();
+}
+
+void F1In(QWidget* control) {
+  control->setFocus();
+  QTest::keyClick(control, Qt::Key_F1);
+}
+
+const Routine kRoutines[] = {
+    {"login_f1", [](auto& k) { return Show<frmLogin>(k, frmLogin::kSetPassword); },
+     [](QWidget* w) { F1In(static_cast<frmLogin*>(w)->txtConfirmPassword); }, "help004.htm", true},
+    {"login_help_button", [](auto& k) { return Show<frmLogin>(k, frmLogin::kSetPassword); },
+     [](QWidget* w) { static_cast<frmLogin*>(w)->cmdHelp->click(); }, "help004.htm", true},
+    {"remove_slide_f1", [](auto& k) { return Show<dlgRemoveSlide>(k); },
+     [](QWidget* w) { F1In(static_cast<dlgRemoveSlide*>(w)->cmdOK); }, "help002.htm", true},
+    {"remove_slide_help_button", [](auto& k) { return Show<dlgRemoveSlide>(k); },
+     [](QWidget* w) { static_cast<dlgRemoveSlide*>(w)->cmdHelp->click(); }, "help002.htm", true},
+    {"gallery_f1", [](auto&) -> QWidget* { return TheMDIMain().fGallery(); },
+     [](QWidget* w) {
+       QApplication::setActiveWindow(&TheMDIMain());
+       F1In(w);
+     },
+     "help011.htm", false},
+    {"gallery_popup_help", [](auto&) -> QWidget* { return TheMDIMain().fGallery(); },
+     [](QWidget*) { TheMDIMain().fGallery()->Item("mnuPopup4Help")->trigger(); }, "help011.htm", false},
+    {"wallpaper_popup_help", [](auto&) -> QWidget* { return &TheMDIMain(); },
+     [](QWidget*) { TheMDIMain().Item("mnuPopup2Help")->trigger(); }, "help002.htm", false},
+    {"gallery_help_contents", [](auto&) -> QWidget* { return &TheMDIMain(); },
+     [](QWidget*) { TheMDIMain().fGallery()->Item("mnuHelpContents")->trigger(); }, "help001.htm", false},
+};
+
+class HelpRoutineTest : public HelpViewerTest, public ::testing::WithParamInterface<Routine> {};
+
+TEST_P(HelpRoutineTest, OpensTheWindowsPageAndClosesOnlyDialogs) {
+  std::unique_ptr<QWidget> keep;
+  QWidget* window = GetParam().open(keep);
+  ASSERT_EQ(HelpViewer(), nullptr);
+  GetParam().ask(window);
+  EXPECT_EQ(Viewer().Shown(), Page(GetParam().page));
   EXPECT_TRUE(Viewer().isVisible());
+  EXPECT_EQ(window->isVisible(), !GetParam().closes);
+  if (auto* dialog = qobject_cast<QDialog*>(window)) EXPECT_EQ(dialog->result(), QDialog::Rejected);
+}
+
+INSTANTIATE_TEST_SUITE_P(Rows, HelpRoutineTest, ::testing::ValuesIn(kRoutines), cb::testing::RowName());
+
+TEST_F(HelpViewerTest, F1InTheViewerLeavesItsPage) {
+  TheMDIMain().Item("mnuHelpContents")->trigger();
+  QApplication::setActiveWindow(&TheMDIMain());
+  F1In(Viewer().WebBrowser1);
+  EXPECT_EQ(HelpPage(), "help002.htm");
+  EXPECT_EQ(Title(), kContents);
 }
 
 }  // namespace
