@@ -73,14 +73,9 @@ void Run(QWidget& window, const WindowHelp* row) {
 void SetHelpArea(QMdiArea* area) { Area() = area; }
 
 void OpenHelp(const QString& page) {
-<<<<<<< HEAD
-  Page() = page;
-  // Only recorded: the help viewer is not built, and the items that would open it are disabled.
-=======
   frmHelp& viewer = TheHelp();
   viewer.HelpPage = page;
   viewer.ShowForward();
->>>>>>> e00a41f (The help viewer opens on help requests; one main window during its load)
 }
 
 void ShowHelp(QWidget& window, const QString& control) {

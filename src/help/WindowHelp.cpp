@@ -10,7 +10,7 @@ constexpr bool kCloses = true, kStays = false;
 // A window's own row stands for the window and every control without a row
 // of its own. The dialogs close, so a caller waiting on one finds it
 // cancelled; the main working windows stay.
-constexpr std::array<WindowHelp, 20> kRows{{
+constexpr std::array<WindowHelp, 17> kRows{{
     {"frmCommonDialog", "", kQuickStartPage, kCloses},
     {"frmDirectory", "", kQuickStartPage, kCloses},
     {"dlgRemoveSlide", "", kQuickStartPage, kCloses},
@@ -26,12 +26,9 @@ constexpr std::array<WindowHelp, 20> kRows{{
     {"frmSlide", "", "help009.htm", kStays},
     {"frmGallery", "", "help011.htm", kStays},
     {"frmHelp", "", kQuickStartPage, kStays},  // read only at load: an open viewer keeps its page
-    // Controls that differ from their window; the main window's items, which only open help.
+    // Controls that differ from their window.
     {"frmEditSlideVEH", "cboLocation", "help011.htm", kStays},
-    {"frmReport", "Help", "help012.htm", kStays},
-    {"MDIMain", "mnuHelpContents", "help001.htm", kStays},
-    {"MDIMain", "mnuPopup1Help", kQuickStartPage, kStays},
-    {"MDIMain", "mnuPopup2Help", kQuickStartPage, kStays},
+    {"frmReport", "Help", "help012.htm", kStays},  // the viewer's toolbar button
 }};
 
 }  // namespace

@@ -73,8 +73,8 @@ struct ToolbarRow {
 };
 
 const ToolbarRow kToolbarRows[] = {
-    {"frame_without_slide", ToolbarEvent::FrameActivated, {false, false, false}, "++----+--", ".+"},
-    {"frame_with_slide_zoom_pressed", ToolbarEvent::FrameActivated, {true, true, true}, "--+-+++--", ".-"},
+    {"frame_without_slide", ToolbarEvent::FrameActivated, {false, false, false}, "++----+-+", ".+"},
+    {"frame_with_slide_zoom_pressed", ToolbarEvent::FrameActivated, {true, true, true}, "--+-+++-+", ".-"},
     {"gallery_alone", ToolbarEvent::GalleryActivated, {false, false, false}, "++----.-.", "+-"},
     {"gallery_beside_a_slide", ToolbarEvent::GalleryActivated, {true, true, false}, "++----+-.", "+-"},
     {"slide_alone", ToolbarEvent::SlideActivated, {true, false, false}, "--+-++.-.", "+-"},
@@ -88,7 +88,7 @@ Change FromMark(char c) { return c == '+' ? Change::On : c == '-' ? Change::Off 
 
 class ToolbarEventTest : public ::testing::TestWithParam<ToolbarRow> {};
 
-// Report, Back and Help wait for their windows, so they never come on here.
+// Report and Back wait for their windows, so they never come on here.
 TEST_P(ToolbarEventTest, SetsTheButtonsTheEventTouches) {
   const ToolbarChange c = ToolbarAfter(GetParam().event, GetParam().facts);
   for (std::size_t k = 0; k < kToolbarButtonCount; ++k)

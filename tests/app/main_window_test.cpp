@@ -187,14 +187,6 @@ TEST_F(MainWindowTest, ViewItemsHideAndShowTheBars) {
   EXPECT_FALSE(m.StatusBar1()->isVisible());
 }
 
-TEST_F(MainWindowTest, TheGalleryBuiltInTheLoadReachesTheOneMainWindow) {
-  MDIMain& m = TheMDIMain();
-  int windows = 0;
-  for (QWidget* w : QApplication::allWidgets()) windows += w->objectName() == "MDIMain";
-  EXPECT_EQ(windows, 1);
-  EXPECT_EQ(m.fGallery()->parentWidget()->parentWidget(), m.MdiArea()->viewport());
-}
-
 TEST_F(MainWindowTest, WallpaperNoteOpensAtTheLastPress) {
   Globals().MouseX = 1500;
   Globals().MouseY = 3000;

@@ -75,7 +75,7 @@ struct Step {
 
 TEST_F(HelpViewerTest, HistoryRecordsEveryNavigationButTheToolbars) {
   const Step steps[] = {
-      {"contents", [](auto&) { TheMDIMain().Item("mnuHelpContents")->trigger(); }, kContents, 2, 2, false, false},
+      {"contents", [](auto&) { TheMDIMain().Item(MenuId::HelpContents)->trigger(); }, kContents, 2, 2, false, false},
       {"link by keyboard", [](auto& t) { t.TabToFirstLinkAndEnter(); }, kQuickStart, 3, 3, true, false},
       {"previous", [](auto& t) { t.Viewer().cmdPrevious->trigger(); }, kContents, 2, 3, true, true},
       {"previous to the load's own entry", [](auto& t) { t.Viewer().cmdPrevious->trigger(); }, kContents, 1, 3,
@@ -98,14 +98,14 @@ TEST_F(HelpViewerTest, HistoryRecordsEveryNavigationButTheToolbars) {
 }
 
 TEST_F(HelpViewerTest, OpensOverTheWholeClientAreaOnTop) {
-  TheMDIMain().Button("Help")->trigger();
+  TheMDIMain().Button(ToolbarButton::Help)->trigger();
   EXPECT_EQ(Viewer().Shown(), Page("help001.htm"));
   EXPECT_EQ(Frame()->geometry(), TheMDIMain().MdiArea()->viewport()->rect());
   EXPECT_EQ(TheMDIMain().MdiArea()->activeSubWindow(), Frame());
 }
 
 TEST_F(HelpViewerTest, AnOpenViewerComesForwardAndKeepsItsPage) {
-  TheMDIMain().Item("mnuHelpContents")->trigger();
+  TheMDIMain().Item(MenuId::HelpContents)->trigger();
   TheMDIMain().MdiArea()->setActiveSubWindow(qobject_cast<QMdiSubWindow*>(Gallery().parentWidget()));
   ShowHelp(Gallery());  // the gallery's F1
   EXPECT_EQ(HelpPage(), "help011.htm");
@@ -116,7 +116,7 @@ TEST_F(HelpViewerTest, AnOpenViewerComesForwardAndKeepsItsPage) {
   Frame()->close();
   QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
   ASSERT_EQ(HelpViewer(), nullptr);
-  Gallery().Item("mnuPopup1Help")->trigger();
+  Gallery().Item(MenuId::Popup1Help)->trigger();
   EXPECT_EQ(Viewer().Shown(), Page("help011.htm"));
 }
 
@@ -174,11 +174,11 @@ const Routine kRoutines[] = {
      },
      "help011.htm", false},
     {"gallery_popup_help", [](auto&) -> QWidget* { return TheMDIMain().fGallery(); },
-     [](QWidget*) { TheMDIMain().fGallery()->Item("mnuPopup4Help")->trigger(); }, "help011.htm", false},
+     [](QWidget*) { TheMDIMain().fGallery()->Item(MenuId::Popup4Help)->trigger(); }, "help011.htm", false},
     {"wallpaper_popup_help", [](auto&) -> QWidget* { return &TheMDIMain(); },
-     [](QWidget*) { TheMDIMain().Item("mnuPopup2Help")->trigger(); }, "help002.htm", false},
+     [](QWidget*) { TheMDIMain().Item(MenuId::Popup2Help)->trigger(); }, "help002.htm", false},
     {"gallery_help_contents", [](auto&) -> QWidget* { return &TheMDIMain(); },
-     [](QWidget*) { TheMDIMain().fGallery()->Item("mnuHelpContents")->trigger(); }, "help001.htm", false},
+     [](QWidget*) { TheMDIMain().fGallery()->Item(MenuId::HelpContents)->trigger(); }, "help001.htm", false},
 };
 
 class HelpRoutineTest : public HelpViewerTest, public ::testing::WithParamInterface<Routine> {};
@@ -191,13 +191,15 @@ TEST_P(HelpRoutineTest, OpensTheWindowsPageAndClosesOnlyDialogs) {
   EXPECT_EQ(Viewer().Shown(), Page(GetParam().page));
   EXPECT_TRUE(Viewer().isVisible());
   EXPECT_EQ(window->isVisible(), !GetParam().closes);
-  if (auto* dialog = qobject_cast<QDialog*>(window)) EXPECT_EQ(dialog->result(), QDialog::Rejected);
+  if (auto* dialog = qobject_cast<QDialog*>(window)) {
+    EXPECT_EQ(dialog->result(), QDialog::Rejected);
+  }
 }
 
 INSTANTIATE_TEST_SUITE_P(Rows, HelpRoutineTest, ::testing::ValuesIn(kRoutines), cb::testing::RowName());
 
 TEST_F(HelpViewerTest, F1InTheViewerLeavesItsPage) {
-  TheMDIMain().Item("mnuHelpContents")->trigger();
+  TheMDIMain().Item(MenuId::HelpContents)->trigger();
   QApplication::setActiveWindow(&TheMDIMain());
   F1In(Viewer().WebBrowser1);
   EXPECT_EQ(HelpPage(), "help002.htm");
