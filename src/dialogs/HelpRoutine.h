@@ -2,6 +2,11 @@
 // The help conventions shared by every window: F1, the Help buttons and the
 // Help menu items open the help viewer on the page the window help table
 // (help/WindowHelp.h) gives the window; dialogs close as they do so.
+//
+// A window takes part with a row under its object name in WindowHelp.cpp
+// (and one per control that differs from it), InstallF1(*this) where it is
+// made, and its Help button connected to CloseWithHelp(*this). A toolbar
+// button that only opens help calls ShowHelp(*this, "<its object name>").
 
 #include <QString>
 
@@ -28,7 +33,7 @@ void OpenHelp(const QString& page);
 // open-only one. A window without a row takes no help.
 void ShowHelp(QWidget& window, const QString& control = {});
 
-// The Help button: the row of "cmdHelp", which closes every dialog.
+// The Help button: the window's row, which closes every window that has one.
 inline void CloseWithHelp(QWidget& window) { ShowHelp(window, "cmdHelp"); }
 
 // F1 in `window` or any control in it: ShowHelp for the control that has the

@@ -49,6 +49,7 @@ std::string LinkPath(const QUrl& url) {
 frmHelp::frmHelp() {
   setObjectName("frmHelp");
   setWindowTitle(kCaption);
+  setWindowIcon(ToolbarIcon("Help"));
   setAttribute(Qt::WA_DeleteOnClose);
   Toolbar1 = new QToolBar(this);
   Toolbar1->setObjectName("Toolbar1");
