@@ -98,11 +98,24 @@ void frmHelp::showEvent(QShowEvent* e) {
   QWidget::showEvent(e);
 }
 
+void frmHelp::resizeEvent(QResizeEvent* e) {
+  QWidget::resizeEvent(e);
+  if (loaded_) Form_Resize();
+}
+
+// Whatever size it is given, the viewer goes back to the whole client area,
+// from its top left; minimised and maximised it is left alone.
+void frmHelp::Form_Resize() {
+  auto* sub = qobject_cast<QMdiSubWindow*>(parentWidget());
+  QMdiArea* area = sub ? sub->mdiArea() : nullptr;
+  if (!area || sub->isMinimized() || sub->isMaximized()) return;
+  const QRect client = area->viewport()->rect();
+  if (sub->geometry() != client) sub->setGeometry(client);
+}
+
 void frmHelp::Form_Load() {
   loaded_ = true;
-  // As large as the main window's client area, from its top left.
-  if (auto* sub = qobject_cast<QMdiSubWindow*>(parentWidget()))
-    if (QMdiArea* area = sub->mdiArea()) sub->setGeometry(area->viewport()->rect());
+  Form_Resize();
   Display(history_.Load(AppPath() + kHelpDir + PathFromQ(HelpPage)));
   SetButtons();
   WebBrowser1->setFocus();

@@ -41,9 +41,11 @@ class frmHelp : public QWidget {
 
  protected:
   void showEvent(QShowEvent* e) override;
+  void resizeEvent(QResizeEvent* e) override;
 
  private:
   void Form_Load();
+  void Form_Resize();
   // Goes to `url` as a link does: recorded in the history first.
   void Navigate2(const std::string& url);
   // Shows the page in file `path`, or the viewer's own page when it cannot be read.

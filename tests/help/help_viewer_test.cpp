@@ -102,6 +102,13 @@ TEST_F(HelpViewerTest, OpensOverTheWholeClientAreaOnTop) {
   EXPECT_EQ(Viewer().Shown(), Page("help001.htm"));
   EXPECT_EQ(Frame()->geometry(), TheMDIMain().MdiArea()->viewport()->rect());
   EXPECT_EQ(TheMDIMain().MdiArea()->activeSubWindow(), Frame());
+  // Made smaller, by the user or by the Window commands, it fills the area again.
+  Frame()->setGeometry(40, 30, 300, 200);
+  EXPECT_EQ(Frame()->geometry(), TheMDIMain().MdiArea()->viewport()->rect());
+  TheMDIMain().Item(MenuId::WindowVertical)->trigger();
+  EXPECT_EQ(Frame()->geometry(), TheMDIMain().MdiArea()->viewport()->rect());
+  Frame()->showMinimized();
+  EXPECT_TRUE(Frame()->isMinimized());
 }
 
 TEST_F(HelpViewerTest, AnOpenViewerComesForwardAndKeepsItsPage) {
