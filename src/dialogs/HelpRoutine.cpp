@@ -59,13 +59,16 @@ const WindowHelp* RowForFocus(QWidget& window) {
   return FindWindowHelp(View(name));
 }
 
+QString PageOf(const WindowHelp& row) {
+  return QString::fromUtf8(row.page.data(), static_cast<qsizetype>(row.page.size()));
+}
+
 void Run(QWidget& window, const WindowHelp* row) {
-  if (!row) return;
-  const QString page = QString::fromUtf8(row->page.data(), static_cast<qsizetype>(row->page.size()));
+  if (!row || row->page.empty()) return;
   if (row->closes)
-    CloseAndOpen(window, page);
+    CloseAndOpen(window, PageOf(*row));
   else
-    OpenHelp(page);
+    OpenHelp(PageOf(*row));
 }
 
 }  // namespace
@@ -80,6 +83,11 @@ void OpenHelp(const QString& page) {
 
 void ShowHelp(QWidget& window, const QString& control) {
   Run(window, FindWindowHelp(View(window.objectName().toUtf8()), View(control.toUtf8())));
+}
+
+void CloseWithHelp(QWidget& window) {
+  if (const WindowHelp* row = FindWindowHelp(View(window.objectName().toUtf8())); row && !row->page.empty())
+    CloseAndOpen(window, PageOf(*row));
 }
 
 void InstallF1(QWidget& window) {

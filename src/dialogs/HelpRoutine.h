@@ -33,8 +33,9 @@ void OpenHelp(const QString& page);
 // open-only one. A window without a row takes no help.
 void ShowHelp(QWidget& window, const QString& control = {});
 
-// The Help button: the window's row, which closes every window that has one.
-inline void CloseWithHelp(QWidget& window) { ShowHelp(window, "cmdHelp"); }
+// The Help button: the closing routine on the window's own page, whatever
+// its row says of F1.
+void CloseWithHelp(QWidget& window);
 
 // F1 in `window` or any control in it: ShowHelp for the control that has the
 // keyboard, or the nearest of its parents that has a row of its own.

@@ -6,11 +6,12 @@ namespace cb {
 namespace {
 
 constexpr bool kCloses = true, kStays = false;
+constexpr char kNoHelp[] = "";
 
 // A window's own row stands for the window and every control without a row
 // of its own. The dialogs close, so a caller waiting on one finds it
 // cancelled; the main working windows stay.
-constexpr std::array<WindowHelp, 17> kRows{{
+constexpr std::array<WindowHelp, 24> kRows{{
     {"frmCommonDialog", "", kQuickStartPage, kCloses},
     {"frmDirectory", "", kQuickStartPage, kCloses},
     {"dlgRemoveSlide", "", kQuickStartPage, kCloses},
@@ -26,7 +27,15 @@ constexpr std::array<WindowHelp, 17> kRows{{
     {"frmSlide", "", "help009.htm", kStays},
     {"frmGallery", "", "help011.htm", kStays},
     {"frmHelp", "", kQuickStartPage, kStays},  // read only at load: an open viewer keeps its page
-    // Controls that differ from their window.
+    // Controls that differ from their window. The editors' read-only boxes
+    // have no F1, nor has the car yard's category.
+    {"frmEditSlide", "txtSlideNumber", kNoHelp, kStays},
+    {"frmEditSlide", "txtFilename", kNoHelp, kStays},
+    {"frmEditSlideRE", "txtSlideNumber", kNoHelp, kStays},
+    {"frmEditSlideRE", "txtFilename", kNoHelp, kStays},
+    {"frmEditSlideVEH", "txtSlideNumber", kNoHelp, kStays},
+    {"frmEditSlideVEH", "txtFilename", kNoHelp, kStays},
+    {"frmEditSlideVEH", "cboCategory", kNoHelp, kStays},
     {"frmEditSlideVEH", "cboLocation", "help011.htm", kStays},
     {"frmReport", "Help", "help012.htm", kStays},  // the viewer's toolbar button
 }};

@@ -13,7 +13,7 @@ inline constexpr char kQuickStartPage[] = "help002.htm";
 struct WindowHelp {
   std::string_view window;   // the window's object name
   std::string_view control;  // a control's object name; "" for the window and its other controls
-  std::string_view page;     // a file of the Help directory
+  std::string_view page;     // a file of the Help directory; "" where F1 does nothing
   bool closes;               // hidden and unloaded as the viewer opens, like a Cancel
 };
 
