@@ -8,6 +8,7 @@
 #include <QShortcut>
 
 #include "help/frmHelp.h"
+#include "qt/Twips.h"
 
 namespace cb {
 namespace {
@@ -59,9 +60,7 @@ const WindowHelp* RowForFocus(QWidget& window) {
   return FindWindowHelp(View(name));
 }
 
-QString PageOf(const WindowHelp& row) {
-  return QString::fromUtf8(row.page.data(), static_cast<qsizetype>(row.page.size()));
-}
+QString PageOf(const WindowHelp& row) { return Utf8ToQ(row.page); }
 
 void Run(QWidget& window, const WindowHelp* row) {
   if (!row || row->page.empty()) return;

@@ -28,8 +28,6 @@ constexpr char kCaption[] = "Chattelbook Help";
 constexpr char kHelpDir[] = "/Help/";
 constexpr char kPrinterFailed[] = "The printer did not take the page.";
 
-QString Q(std::string_view s) { return QString::fromUtf8(s.data(), static_cast<qsizetype>(s.size())); }
-
 std::string AppPath() {
   const ModGlobal& g = Globals();
   return g.MainController ? g.MainController->AppPath() : PathFromQ(QCoreApplication::applicationDirPath());
@@ -57,10 +55,10 @@ frmHelp::frmHelp() {
   Toolbar1->setIconSize(QSize(24, 24));
   QAction** buttons[] = {&cmdPrint, &cmdPrevious, &cmdNext};
   for (std::size_t i = 0; i < kHelpToolbar.size(); ++i) {
-    const QString key = Q(kHelpToolbar[i].key);
+    const QString key = Utf8ToQ(kHelpToolbar[i].key);
     QAction* a = Toolbar1->addAction(ToolbarIcon(key), key);
     a->setObjectName(key);
-    a->setToolTip(Q(kHelpToolbar[i].tooltip));
+    a->setToolTip(Utf8ToQ(kHelpToolbar[i].tooltip));
     *buttons[i] = a;
   }
   WebBrowser1 = new QTextBrowser(this);
