@@ -1,0 +1,26 @@
+#include <gtest/gtest.h>
+
+#include "help/HelpViewerRules.h"
+
+namespace cb {
+namespace {
+
+TEST(HelpViewerRules, PrintFailureNamesTheHelpTopic) {
+  EXPECT_EQ(PrintErrorText("Out of paper"),
+            "Print command Error: Out of paper\n\n"
+            "Chattelbook is having problems sending commands\n"
+            "directly to the printer.  Try right-clicking on the\n"
+            "help topic and selecting the 'Print' option.");
+}
+
+// The page shown for a file that cannot be read names it, and a name made
+// of markup stays text.
+TEST(HelpViewerRules, MissingPageShowsTheNameAsText) {
+  const std::string page = MissingHelpPage("/opt/a&b/<i>help099.htm");
+  EXPECT_NE(page.find("<title>Page not found</title>"), std::string::npos);
+  EXPECT_NE(page.find("/opt/a&amp;b/&lt;i&gt;help099.htm"), std::string::npos);
+  EXPECT_EQ(page.find("<i>help099"), std::string::npos);
+}
+
+}  // namespace
+}  // namespace cb
