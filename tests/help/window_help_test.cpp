@@ -17,33 +17,26 @@ struct Ask {
   bool closes;
 };
 
-// Which page each window gives F1 and its Help button, and whether it closes.
+// Which page F1 gives in each window (its own or a control), and whether the window closes.
 const Ask kAsks[] = {
-    {"frmCommonDialog", "", "help002.htm", true},
     {"frmCommonDialog", "txtFilename", "help002.htm", true},
-    {"frmCommonDialog", "cmdHelp", "help002.htm", true},
     {"frmDirectory", "Dir1", "help002.htm", true},
     {"dlgRemoveSlide", "", "help002.htm", true},
-    {"dlgRemoveSlide", "cmdHelp", "help002.htm", true},
     {"frmLogin", "txtConfirmPassword", "help004.htm", true},
-    {"frmLogin", "cmdHelp", "help004.htm", true},
     {"frmModifySlide", "lstAvailable", "help009.htm", true},
     {"frmEditSlide", "cboCategory", "help011.htm", true},
     {"frmEditSlideRE", "txtValue", "help011.htm", true},
     {"frmEditSlideVEH", "txtMake", "help011.htm", true},
     {"frmEditSlideVEH", "cboLocation", "help011.htm", false},  // the one control that stays open
     {"frmEditSlideVEH", "cboCategory", "", false},
-    {"frmEditSlideRE", "txtFilename", "", false},  // the read-only boxes
-    {"frmEditSlide", "txtSlideNumber", "", false},
+    {"frmEditSlideRE", "txtFilename", "", false},  // a read-only box
     {"frmSelectReport", "optLocation", "help012.htm", true},
-    {"frmSelectReport", "cmdHelp", "help012.htm", true},
     {"frmReport", "", "help012.htm", true},
     {"frmReport", "Help", "help012.htm", false},  // the toolbar's button only opens the viewer
     {"frmBackground", "Picture1", "help014.htm", true},
     {"frmSetSlideTemplate", "optVEH", "help015.htm", true},
     {"frmSlide", "", "help009.htm", false},
     {"frmGallery", "Picture1", "help011.htm", false},
-    {"frmGallery", "mnuPopup3Help", "help011.htm", false},
     {"frmHelp", "WebBrowser1", "help002.htm", false},
     {"MDIMain", "", "", false},  // the frame itself has no page
     {"frmAbout", "cmdOK", "", false},
