@@ -38,23 +38,21 @@ const std::array<SlideTemplateSpec, 3> kSlideTemplates{{
       L(C::cboLocation, "Location", 1200), R(C::cboCategory, "Category", 1200),
       L(C::txtSerial, "Serial #", 1680), R(C::txtMake, "Make", 1680),
       L(C::txtValue, "Total Value", 2160), R(C::txtModel, "Model", 2160)},
-     kHomeTabs, F1Action::CloseWithHelp, F1Action::CloseWithHelp},
+     kHomeTabs},
     {2, "frmEditSlideRE", "optRE", "Real Estate", 8775, 3795, 3240,
      {kNumber, kFile, kText,
       L(C::cboCategory, "Category", 1200),
       L(C::txtSerial, "Street", 1680), R(C::cboLocation, "Suburb", 1680),
       L(C::txtMake, "Bedrooms", 2160), R(C::txtModel, "Extras", 2160),
       L(C::txtValue, "Ask Price", 2640)},
-     kOtherTabs, F1Action::CloseWithHelp, F1Action::CloseWithHelp},
-    // The car yard's F1 differs on purpose: none on the category, and the
-    // location (the year) only opens help.
+     kOtherTabs},
     {3, "frmEditSlideVEH", "optVEH", "Car Yard", 8775, 3795, 3240,
      {kNumber, kFile, kText,
       L(C::cboCategory, "Category", 1200),
       L(C::txtSerial, "Regn #", 1680), R(C::cboLocation, "Year", 1680),
       L(C::txtMake, "Colour", 2160), R(C::txtModel, "Extras", 2160),
       L(C::txtValue, "Price", 2640)},
-     kOtherTabs, F1Action::Nothing, F1Action::OpenHelp},
+     kOtherTabs},
 }};
 // clang-format on
 
@@ -72,14 +70,6 @@ LabelPlace LabelFor(const SlideTemplateSpec& spec, const EditorBox& box) {
   for (const EditorBox& other : spec.boxes)
     if (other.top == box.top && other.left < box.left) from = std::max(from, other.left + other.width + kMargin);
   return {from, box.left - kGap - from};
-}
-
-F1Action F1On(const SlideTemplateSpec& spec, EditControl control) {
-  if (control == C::cboCategory) return spec.f1OnCategory;
-  if (control == C::cboLocation) return spec.f1OnLocation;
-  // The two read-only boxes have no key handler of their own.
-  if (control == C::txtSlideNumber || control == C::txtFilename) return F1Action::Nothing;
-  return F1Action::CloseWithHelp;
 }
 
 }  // namespace cb

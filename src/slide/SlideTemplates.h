@@ -23,10 +23,6 @@ inline constexpr std::size_t kEditControls = static_cast<std::size_t>(EditContro
 // The control's object name ("txtEditText").
 std::string_view ControlName(EditControl c);
 
-// What F1 does on a control: close the editor and open help, only open
-// help, or nothing at all.
-enum class F1Action { CloseWithHelp, OpenHelp, Nothing };
-
 // A box of the editor with its label to the left; the box is kBoxHeight high.
 struct EditorBox {
   EditControl control;
@@ -45,8 +41,6 @@ struct SlideTemplateSpec {
   double buttonsTop;
   std::array<EditorBox, 9> boxes;  // every box, txtSlideNumber and txtFilename first
   std::array<EditControl, 10> tabOrder;
-  F1Action f1OnCategory;
-  F1Action f1OnLocation;
 };
 
 // Where the label of `box` stands on its row: right-aligned against the box,
@@ -61,12 +55,5 @@ extern const std::array<SlideTemplateSpec, 3> kSlideTemplates;
 
 // The template of `code`; a code outside 1 to 3 gives Home Security's.
 const SlideTemplateSpec& TemplateFor(std::int32_t code);
-
-// F1 on `control` in the editor of `spec`. The read-only boxes ignore it;
-// the other controls with no rule of their own, and the window, close the editor.
-F1Action F1On(const SlideTemplateSpec& spec, EditControl control);
-
-// The page that the editor's Help button and F1 open.
-inline constexpr char kEditSlideHelpPage[] = "help011.htm";
 
 }  // namespace cb

@@ -54,7 +54,8 @@ frmEditSlide::frmEditSlide(std::int32_t slideTemplate, QWidget* parent)
   LayOut();
   connect(cmdOK, &QPushButton::clicked, this, &frmEditSlide::cmdOK_Click);
   connect(cmdCancel, &QPushButton::clicked, this, &QDialog::reject);
-  connect(cmdHelp, &QPushButton::clicked, this, [this] { CloseWithHelp(*this, kEditSlideHelpPage); });
+  connect(cmdHelp, &QPushButton::clicked, this, [this] { CloseWithHelp(*this); });
+  InstallF1(*this);  // the page and what each control's F1 does stand in the help table
   Form_Load();
 }
 
@@ -168,26 +169,6 @@ void frmEditSlide::cmdOK_Click() {
   g.MainController->SaveSettings(g.ErrorInfo);
 }
 
-void frmEditSlide::F1(EditControl control) {
-  switch (F1On(spec_, control)) {
-    case F1Action::CloseWithHelp:
-      CloseWithHelp(*this, kEditSlideHelpPage);
-      break;
-    case F1Action::OpenHelp:
-      OpenHelp(kEditSlideHelpPage);
-      break;
-    case F1Action::Nothing:
-      break;
-  }
-}
-
-void frmEditSlide::keyPressEvent(QKeyEvent* e) {
-  if (e->key() == Qt::Key_F1)
-    CloseWithHelp(*this, kEditSlideHelpPage);
-  else
-    QDialog::keyPressEvent(e);
-}
-
 bool frmEditSlide::eventFilter(QObject* watched, QEvent* e) {
   if (e->type() != QEvent::KeyPress) return QDialog::eventFilter(watched, e);
   const int key = static_cast<QKeyEvent*>(e)->key();
@@ -197,10 +178,6 @@ bool frmEditSlide::eventFilter(QObject* watched, QEvent* e) {
     if (watched == combo->lineEdit()) control = combo;
   const auto at = std::find(controls_.begin(), controls_.end(), control);
   if (at == controls_.end()) return QDialog::eventFilter(watched, e);
-  if (key == Qt::Key_F1) {
-    F1(static_cast<EditControl>(at - controls_.begin()));
-    return true;
-  }
   // Enter in a combo's box is OK, as in the other boxes (an open list takes Enter itself).
   auto* combo = qobject_cast<QComboBox*>(control);
   if (combo && watched != combo && (key == Qt::Key_Return || key == Qt::Key_Enter)) {

@@ -1,8 +1,8 @@
 #pragma once
 // The slide editor: the one place where a slide's details are typed in. One
 // class serves the three templates; the template table gives each its
-// labels, layout, tab order and F1 rules, and its object name
-// (frmEditSlide, frmEditSlideRE, frmEditSlideVEH).
+// labels, layout and tab order, and its object name (frmEditSlide,
+// frmEditSlideRE, frmEditSlideVEH), by which the help table gives its F1.
 //
 // Modeless and unloaded by OK, Cancel, Help or a closing F1. It holds no
 // record number: it fills its boxes from the slide current when it opens
@@ -57,7 +57,6 @@ class frmEditSlide : public QDialog {
 
  protected:
   bool eventFilter(QObject* watched, QEvent* e) override;
-  void keyPressEvent(QKeyEvent* e) override;
 
  private:
   void CreateControls();
@@ -65,7 +64,6 @@ class frmEditSlide : public QDialog {
   void Form_Load();
   void LoadCategoryList();
   void LoadLocationList();
-  void F1(EditControl control);
   QWidget* Control(EditControl c) const { return controls_[static_cast<std::size_t>(c)]; }
 
   const SlideTemplateSpec& spec_;

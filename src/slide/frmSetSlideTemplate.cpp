@@ -18,7 +18,6 @@ namespace {
 
 constexpr char kCaption[] = "Set Slide Template";
 constexpr char kFrameCaption[] = "Available Templates";
-constexpr char kHelpPage[] = "help015.htm";
 constexpr double kClientWidth = 3615, kClientHeight = 2670;
 // Inside the frame: a row per template, its picture and then its option.
 constexpr double kFrameLeft = 120, kFrameTop = 60, kFrameWidth = 3375, kFrameHeight = 2040;
@@ -63,8 +62,8 @@ frmSetSlideTemplate::frmSetSlideTemplate(QWidget* parent) : QDialog(parent, kFix
   setFixedSize(TwipsToPixelsX(kClientWidth), TwipsToPixelsY(kClientHeight));
   connect(cmdOK, &QPushButton::clicked, this, &frmSetSlideTemplate::cmdOK_Click);
   connect(cmdCancel, &QPushButton::clicked, this, &QDialog::reject);
-  connect(cmdHelp, &QPushButton::clicked, this, [this] { CloseWithHelp(*this, kHelpPage); });
-  InstallF1(*this, kHelpPage);
+  connect(cmdHelp, &QPushButton::clicked, this, [this] { CloseWithHelp(*this); });
+  InstallF1(*this);
   Form_Load();
 }
 

@@ -221,8 +221,10 @@ TEST_P(EditorKeys, ClosesOrStaysByTemplateAndDropsTheEdit) {
   const std::string before = testing::ReadFile(app / "Files/t.sif");
   e->txtEditText->setText("typed before the key");
   OpenHelp("help001.htm");
+  QApplication::setActiveWindow(e);  // the key is the user's, in the editor on top
   QWidget* target = e->findChild<QWidget*>(row.control);
   if (auto* combo = qobject_cast<QComboBox*>(target)) target = combo->lineEdit();
+  target->setFocus();
   QTest::keyClick(target, row.key);
   EXPECT_EQ(Gone(e), row.closes);
   EXPECT_EQ(HelpPage(), row.opensHelp ? "help011.htm" : "help001.htm");
