@@ -25,7 +25,9 @@
 #include "app/frmSplash.h"
 #include "dialogs/dlgWhat.h"
 #include "dialogs/frmCommonDialog.h"
+#include "dialogs/HelpRoutine.h"
 #include "gallery/dlgRemoveSlide.h"
+#include "help/frmHelp.h"
 #include "slide/frmEditSlide.h"
 #include "slide/frmSetSlideTemplate.h"
 #include "slide/frmSlide.h"
@@ -106,6 +108,10 @@ const WindowRow kWindows[] = {
     {"frmEditSlideRE", [] { return SlideEditor(2); }},
     {"frmEditSlideVEH", [] { return SlideEditor(3); }},
     {"frmSetSlideTemplate", [] { return Own(new frmSetSlideTemplate); }},
+    {"frmHelp", [] {
+       OpenHelp("help001.htm");
+       return Opened{HelpViewer(), nullptr};
+     }},
 };
 
 // The text a caption shows: "&&" is a literal "&", a single "&" marks the access key.
