@@ -110,6 +110,7 @@ class MDIMain : public QMainWindow {
   void ArrangeNext();
   void PressZoom() { ApplyToolbar(ToolbarEvent::ZoomPressed); }
   void PressUnzoom() { ApplyToolbar(ToolbarEvent::UnzoomPressed); }
+  void ShowSelectReport();
   void CaptionGallery();
   void OpenFile(const std::string& path);
   void SubWindowActivated(class QMdiSubWindow* sub);

@@ -100,6 +100,7 @@ void MDIMain::SubWindowActivated(QMdiSubWindow* sub) {
   } else {
     SetMenuBar(menus_.bar);
     if (auto* slide = qobject_cast<frmSlide*>(child)) slide->Form_Activate();
+    if (auto* report = qobject_cast<frmReport*>(child)) report->Form_Activate();
   }
 }
 

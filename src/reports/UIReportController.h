@@ -19,6 +19,18 @@ namespace cb {
 
 class UIMainController;
 
+// What showing a report's slide asks of the windows.
+class ReportSlideWindows {
+ public:
+  virtual ~ReportSlideWindows() = default;
+  // Unloads the slide window when one is open, so that the slide comes up afresh.
+  virtual void UnloadSlideWindow() = 0;
+  // Shows record `record` in the slide window; ObjectNotSet when no gallery is open.
+  virtual RtError ShowReportSlide(std::int32_t record) = 0;
+  // The main window's status bar.
+  virtual void SetStatusText(const std::string& text) = 0;
+};
+
 class UIReportController {
  public:
   // `mc` gives the program's directory, the open file's path and the
@@ -51,6 +63,20 @@ class UIReportController {
   // The first slide whose trimmed PictureFile is `key`; 0 when none.
   std::int32_t GetSlideIndex(const std::string& key) const;
 
+  // Where slides from the pages are shown; the viewer sets it and outlives its use.
+  void SlideWindows(ReportSlideWindows* windows) { slideWindows_ = windows; }
+
+  // Show the slide of a sub-report's link `key` over the report, put "Slide: "
+  // and its number in the status bar and make it the current image. False,
+  // with `errors` filled, when it cannot be shown.
+  bool ShowCategorySlide(const std::string& key, ErrorArray& errors);
+  bool ShowLocationSlide(const std::string& key, ErrorArray& errors);
+
+  // Follows the link `key` of the page titled `pageTitle`: a summary's link
+  // writes a sub-report, a sub-report's link shows its slide. False for any
+  // other title, or when that fails (errorInfo filled).
+  bool FollowLink(std::string_view pageTitle, const std::string& key);
+
  private:
   bool CreateReport(ReportKind kind);
   bool CreateSubReport(ReportKind kind, const std::string& key);
@@ -66,6 +92,7 @@ class UIReportController {
   ReportLocale locale_;
   std::string reportFont_;
   ReportPages reportPages_;
+  ReportSlideWindows* slideWindows_ = nullptr;
 };
 
 }  // namespace cb

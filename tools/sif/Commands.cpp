@@ -18,6 +18,7 @@
 #include "Report.h"
 #include "SifFile.h"
 #include "Show.h"
+#include "qt/SystemLocale.h"
 
 namespace cb::sif {
 namespace {

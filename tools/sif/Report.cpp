@@ -1,8 +1,5 @@
 #include "Report.h"
 
-#include <QDateTime>
-#include <QLocale>
-
 #include <cstdio>
 
 #include "base/Cp1252.h"
@@ -13,24 +10,6 @@ namespace cb::sif {
 namespace {
 
 constexpr std::string_view kSource = "chattelbook-sif";
-
-std::string FileText(const QString& q) { return Utf8ToCp1252Lossy(q.toStdString()); }
-
-// Locales that group digits with a thin or narrow blank get the no-break
-// space, the nearest that Windows-1252 holds.
-std::string SeparatorText(const QString& q) {
-  if (auto t = Utf8ToCp1252(q.toStdString())) return *t;
-  return q.size() == 1 && q[0].isSpace() ? std::string("\xA0") : FileText(q);
-}
-
-// The general date: short date, a blank, then the long time without a zone.
-QString GeneralDate() {
-  const QLocale loc = QLocale::system();
-  const QDateTime now = QDateTime::currentDateTime();
-  QString time = loc.timeFormat(QLocale::LongFormat);
-  time.remove('t');
-  return loc.toString(now.date(), QLocale::ShortFormat) + " " + loc.toString(now.time(), time.trimmed());
-}
 
 }  // namespace
 
@@ -47,16 +26,6 @@ bool MakeReport(const ReportRequest& request, const SifDocument& doc, const Repo
   }
   page += kReportLineEnd;
   return true;
-}
-
-ReportLocale SystemReportLocale() {
-  const QLocale loc = QLocale::system();
-  ReportLocale l;
-  l.thousandsSeparator = SeparatorText(loc.groupSeparator());
-  l.decimalPoint = FileText(loc.decimalPoint());
-  l.currencySymbol = FileText(loc.currencySymbol());
-  l.generalDate = [] { return FileText(GeneralDate()); };
-  return l;
 }
 
 std::optional<std::string> Utf8ToFileText(const std::string& utf8, std::string& message) {

@@ -24,10 +24,6 @@ struct ReportRequest {
 bool MakeReport(const ReportRequest& request, const SifDocument& doc, const ReportLocale& locale, std::string& page,
                 std::string& message);
 
-// Thousands separator, decimal point, currency symbol and general date of
-// the system's locale.
-ReportLocale SystemReportLocale();
-
 // UTF-8 text from the command line as the file's Windows-1252, or nothing
 // with `message` filled when a character has no place there.
 std::optional<std::string> Utf8ToFileText(const std::string& utf8, std::string& message);

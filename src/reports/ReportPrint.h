@@ -1,0 +1,26 @@
+#pragma once
+// Printing a viewer's page: the print dialog, which on Linux also prints to
+// a PDF file, then the document laid out on the printer's pages.
+
+#include <QString>
+
+class QPrinter;
+class QTextBrowser;
+class QTextDocument;
+
+namespace cb {
+
+// Whether an error message ends after the error's description or goes on to
+// advise the context menu's Print.
+enum class PrintAdvice { None, ContextMenu };
+
+// The Print command: a message when the browser has no page to print, else
+// the print dialog and, when it is accepted, the print, with a message when
+// that fails.
+void PrintBrowser(QTextBrowser& browser, PrintAdvice advice);
+
+// Prints `document` on `printer`, already set up; the description of what
+// went wrong, or an empty string.
+QString PrintDocument(const QTextDocument& document, QPrinter& printer);
+
+}  // namespace cb

@@ -1,0 +1,178 @@
+#include "reports/frmReport.h"
+
+#include <QAction>
+#include <QMdiSubWindow>
+#include <QShortcut>
+#include <QToolBar>
+#include <QVBoxLayout>
+
+#include "app/Forms.h"
+#include "app/MDIMain.h"
+#include "app/modGlobal.h"
+#include "dialogs/HelpRoutine.h"
+#include "gallery/frmGallery.h"
+#include "qt/SystemLocale.h"
+#include "qt/Twips.h"
+#include "reports/ReportBrowser.h"
+#include "reports/ReportPrint.h"
+#include "reports/ViewerRules.h"
+#include "slide/frmSlide.h"
+
+namespace cb {
+namespace {
+
+constexpr char kCaption[] = "Report Viewer";
+constexpr char kHelpPage[] = "help012.htm";
+constexpr char kReportsDir[] = "/Reports/";
+constexpr char kSummaryFile[] = "Report1.htm";
+
+struct ToolButton {
+  const char* key;  // also the caption
+  const char* tip;
+  QAction* frmReport::*button;
+  void (frmReport::*click)();
+};
+
+constexpr ToolButton kToolButtons[] = {
+    {"Print", "Print Report", &frmReport::PrintButton, &frmReport::Print_Click},
+    {"Previous", "Go Back", &frmReport::PreviousButton, &frmReport::Previous_Click},
+    {"Next", "Go Forward", &frmReport::NextButton, &frmReport::Next_Click},
+    {"Help", "Help", &frmReport::HelpButton, &frmReport::Help_Click},
+};
+
+}  // namespace
+
+frmReport::frmReport() {
+  setObjectName("frmReport");
+  setWindowTitle(kCaption);
+  Toolbar1 = new QToolBar("Toolbar1", this);
+  Toolbar1->setObjectName("Toolbar1");
+  Toolbar1->setToolButtonStyle(Qt::ToolButtonTextOnly);
+  for (const ToolButton& b : kToolButtons) {
+    QAction* a = Toolbar1->addAction(b.key);
+    a->setObjectName(b.key);
+    a->setToolTip(b.tip);
+    this->*b.button = a;
+    connect(a, &QAction::triggered, this, b.click);
+  }
+  WebBrowser1 = new ReportBrowser(this);
+  WebBrowser1->setObjectName("WebBrowser1");
+  WebBrowser1->setAccessibleName("Report");
+  auto* layout = new QVBoxLayout(this);
+  layout->setContentsMargins(0, 0, 0, 0);
+  layout->setSpacing(0);
+  layout->addWidget(Toolbar1);
+  layout->addWidget(WebBrowser1, 1);
+  connect(WebBrowser1, &ReportBrowser::LinkFollowed, this, &frmReport::WebBrowser1_LinkFollowed);
+  connect(WebBrowser1, &ReportBrowser::PrintRequested, this, &frmReport::Print_Click);
+
+  // F1 closes the viewer as it opens the help on its page.
+  auto* f1 = new QShortcut(QKeySequence(Qt::Key_F1), this);
+  f1->setContext(Qt::WidgetWithChildrenShortcut);
+  connect(f1, &QShortcut::activated, this, [this] {
+    parentWidget()->hide();
+    OpenHelp(kHelpPage);
+    Unload();
+  });
+}
+
+frmReport::~frmReport() = default;
+
+std::string frmReport::ReportsDirectory() const { return Globals().MainController->AppPath() + kReportsDir; }
+
+void frmReport::Show() {
+  QMdiArea& area = *TheMDIMain().MdiArea();
+  QMdiSubWindow* sub = area.addSubWindow(this);
+  sub->setAttribute(Qt::WA_DeleteOnClose);
+  if (!Form_Load()) {
+    Unload();
+    return;
+  }
+  sub->setGeometry(area.viewport()->rect());
+  sub->show();
+}
+
+bool frmReport::Form_Load() {
+  ModGlobal& g = Globals();
+  controller_ = std::make_unique<UIReportController>(*g.MainController, g.Slides, g.ErrorInfo, SystemReportLocale());
+  controller_->SlideWindows(this);
+  controller_->ReportFont(ReportFont);
+  const bool written = ReportKind == cb::ReportKind::ByLocation ? controller_->CreateReportByLocation()
+                                                                : controller_->CreateReportByCategory();
+  if (!written) return false;
+  WebBrowser1->ShowPage(stack_.GetStackFile(1, ReportsDirectory() + kSummaryFile));
+  NextButton->setEnabled(false);
+  PreviousButton->setEnabled(false);
+  return true;
+}
+
+void frmReport::Unload() { parentWidget()->close(); }
+
+// Only activation sets the caption, so it may lag behind the page shown.
+void frmReport::Form_Activate() {
+  TheMDIMain().SetReportToolbar();
+  const QString title = WebBrowser1->documentTitle();
+  if (!title.isEmpty()) setWindowTitle(title);
+}
+
+void frmReport::WebBrowser1_LinkFollowed(const QString& href) {
+  const auto key = LinkKey(FromQ(href));
+  if (!key) {  // not one of the report's own links: it goes ahead
+    WebBrowser1->setSource(WebBrowser1->source().resolved(QUrl(href)));
+    return;
+  }
+  if (!controller_->FollowLink(FromQ(WebBrowser1->documentTitle()), *key)) {
+    Unload();
+    return;
+  }
+  // A new sub-report, or after a slide the sub-report again behind it.
+  const std::string path = ReportsDirectory() + controller_->ReportStack(StackOp::CurrentName, "");
+  WebBrowser1->ShowPage(path);
+  PreviousButton->setEnabled(true);
+  // The first link after Previous or Next is deliberately left out of the history.
+  if (NavigationMode == Navigation::None) {
+    stack_.GetStackFile(3, path);
+    if (stack_.CurrentItem() == stack_.TotalItems()) NextButton->setEnabled(false);
+  }
+  NavigationMode = Navigation::None;
+}
+
+void frmReport::Previous_Click() {
+  const std::string file = stack_.GetStackFile(2, "");
+  if (stack_.CurrentItem() == 1) PreviousButton->setEnabled(false);
+  NextButton->setEnabled(true);
+  NavigationMode = Navigation::Previous;
+  WebBrowser1->ShowPage(file);
+}
+
+void frmReport::Next_Click() {
+  const std::string file = stack_.GetStackFile(4, "");
+  if (stack_.CurrentItem() == stack_.TotalItems()) NextButton->setEnabled(false);
+  PreviousButton->setEnabled(true);
+  NavigationMode = Navigation::Next;
+  WebBrowser1->ShowPage(file);
+}
+
+void frmReport::Print_Click() { PrintBrowser(*WebBrowser1, PrintAdvice::ContextMenu); }
+
+void frmReport::Help_Click() { OpenHelp(kHelpPage); }
+
+void frmReport::UnloadSlideWindow() {
+  if (!FindOpenForm("frmSlide")) return;
+  frmGallery* gallery = TheMDIMain().fGallery();
+  if (!gallery || !gallery->fSlide) return;
+  // Gone at once, so that the slide comes up in a new window.
+  QWidget* slide = gallery->fSlide.data();
+  delete (slide->parentWidget() ? slide->parentWidget() : slide);
+}
+
+RtError frmReport::ShowReportSlide(std::int32_t record) {
+  frmGallery* gallery = TheMDIMain().fGallery();
+  if (!gallery) return RtError::ObjectNotSet;
+  gallery->ShowReportSlide(record);
+  return RtError::None;
+}
+
+void frmReport::SetStatusText(const std::string& text) { TheMDIMain().SetStatusText(ToQ(text)); }
+
+}  // namespace cb

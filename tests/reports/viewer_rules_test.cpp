@@ -1,0 +1,85 @@
+// What the viewer reads from a page: link keys, link meanings by page
+// title, the rows it opens for display, the fonts it falls back to.
+
+#include <gtest/gtest.h>
+
+#include <optional>
+
+#include "ReportFixture.h"
+#include "SlideTable.h"
+#include "reports/ViewerRules.h"
+
+namespace cb::testing {
+namespace {
+
+struct KeyRow {
+  const char* href;
+  std::optional<std::string> key;
+};
+
+TEST(LinkKey, IsEverythingBehindTheFirstQuestionMarkAsWritten) {
+  const KeyRow rows[] = {
+      {"file:////home/ann/Files/Household.sif?Lounge", "Lounge"},
+      {"file:////home/ann/Files/Household.sif?Kitchen #2", "Kitchen #2"},  // no fragment
+      {"file:////home/ann/Files/Household.sif?a%20b", "a%20b"},              // no decoding
+      {"file:////x.sif?Q?A", "Q?A"},
+      {"file:////x.sif?", ""},
+      {"file:////home/ann/Reports/Report1.htm", std::nullopt},
+  };
+  for (const auto& r : rows) EXPECT_EQ(LinkKey(r.href), r.key) << r.href;
+}
+
+TEST(LinkActionForTitle, FollowsThePageTitleExactly) {
+  const std::pair<const char*, LinkAction> rows[] = {
+      {"Report By Category", LinkAction::SubReportByCategory},
+      {"Report By Location", LinkAction::SubReportByLocation},
+      {"Sub-Report By Category", LinkAction::CategorySlide},
+      {"Sub-Report By Location", LinkAction::LocationSlide},
+      {"Sub-Report By Suburb", LinkAction::LocationSlide},
+      {"Sub-Report By Year", LinkAction::LocationSlide},
+      // The summaries keep "Location" for every template.
+      {"Report By Suburb", LinkAction::None},
+      {"report by category", LinkAction::None},
+      {"", LinkAction::None},
+  };
+  for (const auto& [title, action] : rows) EXPECT_EQ(LinkActionForTitle(title), action) << title;
+}
+
+TEST(RowsOpened, OpensEveryRowThatFollowsAClosedOne) {
+  const std::pair<const char*, const char*> rows[] = {
+      {"<tr><td>a</td></tr><td>b</td></tr></table>", "<tr><td>a</td></tr><tr><td>b</td></tr></table>"},
+      {"<tr><td>a</td></tr><tr><td>b</td></tr>", "<tr><td>a</td></tr><tr><td>b</td></tr>"},
+      {"<tr><td>link</td><tr><td>x</td></tr>", "<tr><td>link</td><tr><td>x</td></tr>"},
+      {"<p>no table</p>", "<p>no table</p>"},
+      {"</tr>", "</tr>"},
+  };
+  for (const auto& [page, viewed] : rows) EXPECT_EQ(RowsOpened(page), viewed) << page;
+}
+
+// On a real summary: every row opened, and nothing else changed.
+TEST(RowsOpened, LeavesASummaryWhatItWasBesidesTheOpenedRows) {
+  const std::string page = ReadFile(std::string(GOLDEN) + "/summary_home_by_category/page.htm");
+  ASSERT_NE(page.find("</tr><td"), std::string::npos);
+  const std::string viewed = RowsOpened(page);
+  EXPECT_EQ(viewed.find("</tr><td"), std::string::npos);
+  auto without = [](std::string s, const std::string& cut) {
+    for (auto at = s.find(cut); at != std::string::npos; at = s.find(cut)) s.erase(at, cut.size());
+    return s;
+  };
+  EXPECT_EQ(without(viewed, "<tr>"), without(page, "<tr>"));
+}
+
+TEST(FontFallbacks, EveryOfferedFontEndsInAFontDebianAlwaysHas) {
+  for (const std::string_view face : kReportFonts) {
+    const auto families = FontFallbacks(face);
+    ASSERT_FALSE(families.empty()) << face;
+    EXPECT_TRUE(families.back() == "DejaVu Sans" || families.back() == "DejaVu Sans Mono" ||
+                families.back() == "DejaVu Serif")
+        << face;
+  }
+  EXPECT_TRUE(FontFallbacks("Comic Sans MS").empty());
+  EXPECT_EQ(kDefaultReportFont, "Arial Narrow");
+}
+
+}  // namespace
+}  // namespace cb::testing
