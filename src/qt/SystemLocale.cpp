@@ -10,6 +10,14 @@ namespace {
 
 std::string FileText(const QString& q) { return Utf8ToCp1252Lossy(q.toStdString()); }
 
+// Newer locale data puts a narrow no-break space before "AM"/"PM", which
+// Windows-1252 lacks; any blank of the date becomes a plain one.
+QString PlainBlanks(QString q) {
+  for (QChar& c : q)
+    if (c.isSpace()) c = u' ';
+  return q;
+}
+
 // Locales that group digits with a thin or narrow blank get the no-break
 // space, the nearest that Windows-1252 holds.
 std::string SeparatorText(const QString& q) {
@@ -25,12 +33,16 @@ QString GeneralDateText(const QLocale& locale, const QDateTime& when) {
   return locale.toString(when.date(), QLocale::ShortFormat) + " " + locale.toString(when.time(), time.trimmed());
 }
 
+std::string GeneralDateFileText(const QLocale& locale, const QDateTime& when) {
+  return FileText(PlainBlanks(GeneralDateText(locale, when)));
+}
+
 ReportLocale ReportLocaleOf(const QLocale& locale) {
   ReportLocale l;
   l.thousandsSeparator = SeparatorText(locale.groupSeparator());
   l.decimalPoint = FileText(locale.decimalPoint());
   l.currencySymbol = FileText(locale.currencySymbol());
-  l.generalDate = [locale] { return FileText(GeneralDateText(locale, QDateTime::currentDateTime())); };
+  l.generalDate = [locale] { return GeneralDateFileText(locale, QDateTime::currentDateTime()); };
   return l;
 }
 

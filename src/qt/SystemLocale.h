@@ -22,4 +22,7 @@ ReportLocale SystemReportLocale();
 // then the long time without its zone.
 QString GeneralDateText(const QLocale& locale, const QDateTime& when);
 
+// GeneralDateText in the files' code page, every blank a plain space.
+std::string GeneralDateFileText(const QLocale& locale, const QDateTime& when);
+
 }  // namespace cb

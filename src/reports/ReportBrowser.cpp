@@ -3,6 +3,7 @@
 #include <QContextMenuEvent>
 #include <QFile>
 #include <QFont>
+#include <QKeyEvent>
 #include <QMenu>
 #include <QMouseEvent>
 
@@ -61,10 +62,17 @@ void ReportBrowser::mouseReleaseEvent(QMouseEvent* e) {
   releasedAt_.reset();
 }
 
+// The toolkit drops the selection of the link before it reports it.
+void ReportBrowser::keyPressEvent(QKeyEvent* e) {
+  keyHref_ = HrefUnderCursor();
+  QTextBrowser::keyPressEvent(e);
+  keyHref_.clear();
+}
+
 // The toolkit hands over the link as a parsed URL, which loses a "#" to the
 // fragment; the raw href is read where the link was activated.
 void ReportBrowser::AnchorClicked() {
-  const QString href = releasedAt_ ? anchorAt(*releasedAt_) : HrefUnderCursor();
+  const QString href = releasedAt_ ? anchorAt(*releasedAt_) : keyHref_;
   if (!href.isEmpty()) emit LinkFollowed(href);
 }
 

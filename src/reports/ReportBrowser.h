@@ -27,6 +27,7 @@ class ReportBrowser : public QTextBrowser {
  protected:
   QVariant loadResource(int type, const QUrl& name) override;
   void mouseReleaseEvent(QMouseEvent* e) override;
+  void keyPressEvent(QKeyEvent* e) override;
   void contextMenuEvent(QContextMenuEvent* e) override;
 
  private:
@@ -35,6 +36,7 @@ class ReportBrowser : public QTextBrowser {
   QString HrefUnderCursor() const;
 
   std::optional<QPoint> releasedAt_;  // set while a mouse release is handled
+  QString keyHref_;                   // the selected link's, while a key is handled
 };
 
 }  // namespace cb

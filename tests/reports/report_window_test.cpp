@@ -1,0 +1,195 @@
+// The report viewer driven as a user drives it: the toolbar's Report, the
+// links of the pages by mouse and keyboard, Previous and Next, F1.
+
+#include <QAction>
+#include <QMdiSubWindow>
+#include <QPushButton>
+#include <QRadioButton>
+#include <QToolBar>
+
+#include "ReportWindowFixture.h"
+#include "dialogs/HelpRoutine.h"
+#include "qt/StretchImage.h"
+#include "reports/frmSelectReport.h"
+#include "slide/frmSlide.h"
+
+namespace cb {
+namespace {
+
+using testing::ReadFile;
+
+class ReportWindowTest : public testing::ReportWindowFixture {
+ protected:
+  void Activate(frmReport& r) {
+    TheMDIMain().MdiArea()->setActiveSubWindow(nullptr);
+    TheMDIMain().MdiArea()->setActiveSubWindow(qobject_cast<QMdiSubWindow*>(r.parentWidget()));
+  }
+};
+
+TEST_F(ReportWindowTest, ReportThenOkShowsTheSummaryAndBlocksASecondViewer) {
+  StartInventory();
+  QStringList dialogs;
+  WhenModal([&dialogs](QWidget* w) {
+    dialogs << w->objectName();
+    auto* select = qobject_cast<frmSelectReport*>(w);
+    ASSERT_NE(select, nullptr);
+    EXPECT_EQ(select->windowTitle(), "Select Report");
+    EXPECT_TRUE(select->optLocation->isChecked());
+    select->cmdOK->click();
+  });
+  TheMDIMain().Toolbar1_ButtonClick("Report");
+  ASSERT_EQ(dialogs, QStringList{"frmSelectReport"});
+  auto* r = qobject_cast<frmReport*>(FindOpenForm("frmReport"));
+  ASSERT_NE(r, nullptr);
+  EXPECT_EQ(Shown(*r), "Report1.htm");
+  EXPECT_EQ(r->WebBrowser1->documentTitle(), "Report By Location");
+  EXPECT_NE(r->WebBrowser1->toPlainText().indexOf("Slide Summary Report"), -1);
+  EXPECT_FALSE(r->PreviousButton->isEnabled());
+  EXPECT_FALSE(r->NextButton->isEnabled());
+
+  Activate(*r);
+  EXPECT_EQ(r->windowTitle(), "Report By Location");
+  struct ButtonState {
+    const char* key;
+    bool enabled, checked;
+  };
+  const ButtonState kReportToolbar[] = {{"New", false, false},   {"Open", false, false},  {"Window", true, false},
+                                        {"Edit", false, false},  {"Report", false, false}, {"Zoom", false, true},
+                                        {"Unzoom", false, false}, {"Back", false, false}};
+  for (const auto& b : kReportToolbar) {
+    EXPECT_EQ(TheMDIMain().Button(b.key)->isEnabled(), b.enabled) << b.key;
+    EXPECT_EQ(TheMDIMain().Button(b.key)->isChecked(), b.checked) << b.key;
+  }
+
+  // A click that reaches the handler while the viewer is open does nothing.
+  dialogs.clear();
+  WhenModal([&dialogs](QWidget* w) {
+    dialogs << w->objectName();
+    static_cast<QDialog*>(w)->reject();
+  });
+  TheMDIMain().Toolbar1_ButtonClick("Report");
+  QTest::qWait(50);
+  EXPECT_TRUE(dialogs.isEmpty());
+  EXPECT_FALSE(TheMDIMain().Button("Report")->isEnabled());  // not even the refresh ran
+}
+
+TEST_F(ReportWindowTest, AGroupLinkWritesTheSubReportAndShowsIt) {
+  StartInventory();
+  frmReport* r = OpenReport();
+  ASSERT_NE(r, nullptr);
+  ClickLink(*r->WebBrowser1, "Lounge");
+  EXPECT_EQ(Shown(*r), "Report 2.htm");
+  EXPECT_EQ(r->WebBrowser1->documentTitle(), "Sub-Report By Location");
+  EXPECT_NE(ReadFile(Reports("Report 2.htm")).find("size='3'>Lounge</font>"), std::string::npos);
+  EXPECT_TRUE(r->PreviousButton->isEnabled());
+  EXPECT_FALSE(r->NextButton->isEnabled());
+  EXPECT_EQ(r->Stack().TotalItems(), 2);
+  EXPECT_EQ(r->windowTitle(), "Report By Location");  // the caption waits for an activation
+}
+
+// Tab to the link, Enter: the key arrives with its "#" and blank.
+TEST_F(ReportWindowTest, TheKeyboardFollowsALinkWithItsRawKey) {
+  StartInventory();
+  frmReport* r = OpenReport();
+  ASSERT_NE(r, nullptr);
+  r->WebBrowser1->setFocus();
+  for (int tabs = 0; tabs < 10 && r->WebBrowser1->textCursor().selectedText() != "Room #2"; ++tabs)
+    QTest::keyClick(r->WebBrowser1, Qt::Key_Tab);
+  ASSERT_EQ(r->WebBrowser1->textCursor().selectedText(), "Room #2");
+  QTest::keyClick(r->WebBrowser1, Qt::Key_Return);
+  EXPECT_EQ(Shown(*r), "Report 2.htm");
+  const std::string page = ReadFile(Reports("Report 2.htm"));
+  EXPECT_NE(page.find("size='3'>Room #2</font>"), std::string::npos);
+  EXPECT_NE(page.find("?p4.png'>Slide 4</a>"), std::string::npos);
+}
+
+TEST_F(ReportWindowTest, ASlideLinkBringsTheSlideWindowUpOnItsRecord) {
+  StartInventory();
+  frmReport* r = OpenReport();
+  ASSERT_NE(r, nullptr);
+  ClickLink(*r->WebBrowser1, "Study");
+  ClickLink(*r->WebBrowser1, "p5.png");
+  auto* slide = qobject_cast<frmSlide*>(FindOpenForm("frmSlide"));
+  ASSERT_NE(slide, nullptr);
+  EXPECT_EQ(slide->Image1->toolTip(), "Slide 5");
+  EXPECT_EQ(slide->windowTitle(), "Slide 5 - Slide 5");
+  EXPECT_EQ(Mc().CurrentImageNumber(), 5);
+  EXPECT_EQ(TheMDIMain().StatusText(), "Slide: 5");
+  // The sub-report stands again behind the slide and in the history.
+  EXPECT_EQ(Shown(*r), "Report 2.htm");
+  EXPECT_EQ(r->Stack().TotalItems(), 3);
+  r->Previous_Click();
+  EXPECT_EQ(Shown(*r), "Report 2.htm");
+
+  // Another slide of the page: the one slide window, now on that record.
+  ClickLink(*r->WebBrowser1, "p3.png");
+  FlushDeletes();
+  QList<QWidget*> slides;
+  for (QWidget* w : QApplication::allWidgets())
+    if (w->objectName() == "frmSlide") slides << w;
+  ASSERT_EQ(slides.size(), 1);
+  EXPECT_EQ(qobject_cast<frmSlide*>(slides[0])->Image1->toolTip(), "Slide 3");
+  EXPECT_EQ(TheMDIMain().StatusText(), "Slide: 3");
+}
+
+TEST_F(ReportWindowTest, PreviousAndNextWalkTheHistoryThatLinksRecord) {
+  StartInventory();
+  frmReport* r = OpenReport();
+  ASSERT_NE(r, nullptr);
+  ClickLink(*r->WebBrowser1, "Lounge");  // Report 2.htm, recorded
+  r->Previous_Click();
+  EXPECT_EQ(Shown(*r), "Report1.htm");
+  EXPECT_FALSE(r->PreviousButton->isEnabled());
+  EXPECT_TRUE(r->NextButton->isEnabled());
+
+  // The first link after Previous is shown but not recorded.
+  ClickLink(*r->WebBrowser1, "Study");
+  EXPECT_EQ(Shown(*r), "Report 3.htm");
+  EXPECT_EQ(r->WebBrowser1->documentTitle(), "Sub-Report By Location");
+  EXPECT_EQ(r->Stack().TotalItems(), 2);
+  EXPECT_EQ(r->Stack().CurrentItem(), 1);
+  EXPECT_TRUE(r->PreviousButton->isEnabled());
+  EXPECT_TRUE(r->NextButton->isEnabled());
+
+  r->Next_Click();  // leads to the first sub-report
+  EXPECT_EQ(Shown(*r), "Report 2.htm");
+  EXPECT_NE(r->WebBrowser1->toPlainText().indexOf("Lounge"), -1);
+  EXPECT_FALSE(r->NextButton->isEnabled());
+  EXPECT_TRUE(r->PreviousButton->isEnabled());
+
+  // After a slide the page shown is the last one written, not the one left by Next;
+  // that first link is not recorded either, the second one is.
+  ClickLink(*r->WebBrowser1, "p1.png");
+  EXPECT_EQ(Shown(*r), "Report 3.htm");
+  EXPECT_EQ(r->Stack().TotalItems(), 2);
+  ClickLink(*r->WebBrowser1, "p3.png");
+  EXPECT_EQ(r->Stack().TotalItems(), 3);
+  EXPECT_EQ(r->Stack().CurrentItem(), 3);
+  EXPECT_FALSE(r->NextButton->isEnabled());
+}
+
+TEST_F(ReportWindowTest, AReportThatCannotBeWrittenClosesTheViewerSilently) {
+  StartInventory();
+  testing::WriteFile(app / "Reports", "a file where the directory belongs");
+  OpenReport();
+  FlushDeletes();
+  EXPECT_EQ(FindOpenForm("frmReport"), nullptr);
+  EXPECT_TRUE(messages.isEmpty());
+  EXPECT_EQ(Globals().ErrorInfo[0], "76");
+}
+
+TEST_F(ReportWindowTest, F1ClosesTheViewerOnItsHelpPage) {
+  StartInventory();
+  frmReport* r = OpenReport();
+  ASSERT_NE(r, nullptr);
+  QApplication::setActiveWindow(&TheMDIMain());
+  Activate(*r);
+  r->WebBrowser1->setFocus();
+  QTest::keyClick(r->WebBrowser1, Qt::Key_F1);
+  EXPECT_EQ(HelpPage(), "help012.htm");
+  FlushDeletes();
+  EXPECT_EQ(FindOpenForm("frmReport"), nullptr);
+}
+
+}  // namespace
+}  // namespace cb
