@@ -18,7 +18,6 @@
 #include "dialogs/HelpRoutine.h"
 #include "gallery/frmGallery.h"
 #include "qt/Twips.h"
-#include "reports/frmSelectReport.h"
 
 namespace cb {
 
@@ -118,11 +117,6 @@ void MDIMain::Toolbar1_ButtonClick(ToolbarButton b) {
   for (const auto& a : kActions)
     if (b == a.button) (this->*a.action)();
   MDIForm_Activate();
-}
-
-void MDIMain::ShowSelectReport() {
-  frmSelectReport dialog(this);
-  dialog.exec();
 }
 
 void MDIMain::EditSlide() {

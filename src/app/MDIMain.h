@@ -21,6 +21,7 @@ namespace cb {
 
 class frmGallery;
 class frmSlide;
+enum class ReportKind;
 
 // The client area, painting the wallpaper centred on the background.
 class WallpaperArea : public QMdiArea {
@@ -66,6 +67,8 @@ class MDIMain : public QMainWindow {
   frmGallery* fGallery() const;
   // Unloads the gallery and builds it afresh on the first page.
   void RebuildGallery();
+  // A report viewer on the open file, as the chooser's OK makes it.
+  void OpenReport(ReportKind kind, const std::string& font);
 
   // The command of a menu item of either bar; the gallery's items arrive here too.
   void RunCommand(MenuId id);

@@ -9,6 +9,7 @@
 #include "app/MDIMain.h"
 #include "app/modGlobal.h"
 #include "gallery/frmGallery.h"
+#include "reports/frmReport.h"
 #include "slide/Zoom.h"
 #include "slide/frmEditSlide.h"
 #include "slide/frmSlide.h"

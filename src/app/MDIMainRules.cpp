@@ -181,6 +181,11 @@ ToolbarChange ToolbarAfter(ToolbarEvent event, const ToolbarFacts& f) {
       if (f.severalChildren) at(B::Window).enabled = Change::On;
       press(true);
       break;
+    case ToolbarEvent::ReportActivated:  // the Report button waits until the viewer closes
+      for (B b : {B::New, B::Open, B::Edit, B::Report, B::Zoom, B::Unzoom, B::Back}) at(b).enabled = Change::Off;
+      at(B::Window).enabled = Change::On;
+      press(true);
+      break;
     case ToolbarEvent::ZoomPressed: press(true); break;
     case ToolbarEvent::UnzoomPressed: press(false); break;
     case ToolbarEvent::GalleryUnloaded: at(B::Edit).enabled = Change::Off; break;

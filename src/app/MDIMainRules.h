@@ -58,7 +58,7 @@ constexpr bool Built(Awaits w) {
   switch (w) {
     case Awaits::Nothing: return true;
     case Awaits::SlideTemplate: return true;
-    case Awaits::ReportViewer: return false;
+    case Awaits::ReportViewer: return true;
     case Awaits::HelpViewer: return true;
     case Awaits::CollectionEditor: return false;
     case Awaits::BackgroundChooser: return false;
@@ -116,7 +116,15 @@ bool ToolbarButtonEnabled(ToolbarButton b, bool slideOpen);
 
 // What happens to the toolbar: the main window's activation, its children's
 // activations, a press of Zoom or Unzoom, the gallery going down.
-enum class ToolbarEvent { FrameActivated, GalleryActivated, SlideActivated, ZoomPressed, UnzoomPressed, GalleryUnloaded };
+enum class ToolbarEvent {
+  FrameActivated,
+  GalleryActivated,
+  SlideActivated,
+  ReportActivated,
+  ZoomPressed,
+  UnzoomPressed,
+  GalleryUnloaded
+};
 
 // What the event needs to know of the windows.
 struct ToolbarFacts {

@@ -1,22 +1,19 @@
 #include "reports/frmReport.h"
 
 #include <QAction>
+#include <QMdiArea>
 #include <QMdiSubWindow>
 #include <QShortcut>
 #include <QToolBar>
 #include <QVBoxLayout>
 
-#include "app/Forms.h"
-#include "app/MDIMain.h"
 #include "app/modGlobal.h"
 #include "dialogs/HelpRoutine.h"
-#include "gallery/frmGallery.h"
 #include "qt/SystemLocale.h"
 #include "qt/Twips.h"
 #include "reports/ReportBrowser.h"
 #include "reports/ReportPrint.h"
 #include "reports/ViewerRules.h"
-#include "slide/frmSlide.h"
 
 namespace cb {
 namespace {
@@ -80,8 +77,9 @@ frmReport::~frmReport() = default;
 
 std::string frmReport::ReportsDirectory() const { return Globals().MainController->AppPath() + kReportsDir; }
 
-void frmReport::Show() {
-  QMdiArea& area = *TheMDIMain().MdiArea();
+void frmReport::SlideWindows(std::unique_ptr<ReportSlideWindows> windows) { slideWindows_ = std::move(windows); }
+
+void frmReport::Show(QMdiArea& area) {
   QMdiSubWindow* sub = area.addSubWindow(this);
   sub->setAttribute(Qt::WA_DeleteOnClose);
   if (!Form_Load()) {
@@ -95,7 +93,7 @@ void frmReport::Show() {
 bool frmReport::Form_Load() {
   ModGlobal& g = Globals();
   controller_ = std::make_unique<UIReportController>(*g.MainController, g.Slides, g.ErrorInfo, SystemReportLocale());
-  controller_->SlideWindows(this);
+  controller_->SlideWindows(slideWindows_.get());
   controller_->ReportFont(ReportFont);
   const bool written = ReportKind == cb::ReportKind::ByLocation ? controller_->CreateReportByLocation()
                                                                 : controller_->CreateReportByCategory();
@@ -110,7 +108,7 @@ void frmReport::Unload() { parentWidget()->close(); }
 
 // Only activation sets the caption, so it may lag behind the page shown.
 void frmReport::Form_Activate() {
-  TheMDIMain().SetReportToolbar();
+  emit Activated();
   const QString title = WebBrowser1->documentTitle();
   if (!title.isEmpty()) setWindowTitle(title);
 }
@@ -156,23 +154,5 @@ void frmReport::Next_Click() {
 void frmReport::Print_Click() { PrintBrowser(*WebBrowser1, PrintAdvice::ContextMenu); }
 
 void frmReport::Help_Click() { OpenHelp(kHelpPage); }
-
-void frmReport::UnloadSlideWindow() {
-  if (!FindOpenForm("frmSlide")) return;
-  frmGallery* gallery = TheMDIMain().fGallery();
-  if (!gallery || !gallery->fSlide) return;
-  // Gone at once, so that the slide comes up in a new window.
-  QWidget* slide = gallery->fSlide.data();
-  delete (slide->parentWidget() ? slide->parentWidget() : slide);
-}
-
-RtError frmReport::ShowReportSlide(std::int32_t record) {
-  frmGallery* gallery = TheMDIMain().fGallery();
-  if (!gallery) return RtError::ObjectNotSet;
-  gallery->ShowReportSlide(record);
-  return RtError::None;
-}
-
-void frmReport::SetStatusText(const std::string& text) { TheMDIMain().SetStatusText(ToQ(text)); }
 
 }  // namespace cb

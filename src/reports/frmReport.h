@@ -12,13 +12,14 @@
 #include "reports/WBStack.h"
 
 class QAction;
+class QMdiArea;
 class QToolBar;
 
 namespace cb {
 
 class ReportBrowser;
 
-class frmReport : public QWidget, private ReportSlideWindows {
+class frmReport : public QWidget {
   Q_OBJECT
  public:
   frmReport();
@@ -27,11 +28,13 @@ class frmReport : public QWidget, private ReportSlideWindows {
   // Set before Show.
   cb::ReportKind ReportKind = cb::ReportKind::ByLocation;
   std::string ReportFont;  // Windows-1252
+  // Where the slides of the pages' links come up.
+  void SlideWindows(std::unique_ptr<ReportSlideWindows> windows);
 
-  // Adds the window to the main window and runs its load, which writes and
-  // shows the summary. When the summary cannot be written the window unloads.
-  void Show();
-  // Each activation: the main toolbar for a report, the caption from the page.
+  // Adds the window to `area` and runs its load, which writes and shows the
+  // summary. When the summary cannot be written the window unloads.
+  void Show(QMdiArea& area);
+  // Each activation: Activated for the main toolbar, the caption from the page.
   void Form_Activate();
 
   // A followed link, with its href as the page writes it.
@@ -51,6 +54,9 @@ class frmReport : public QWidget, private ReportSlideWindows {
   // The page history behind Previous and Next.
   const WBStack& Stack() const { return stack_; }
 
+ signals:
+  void Activated();
+
  private:
   // A toolbar navigation outstanding: the next link enters no history.
   enum class Navigation { None, Previous, Next };
@@ -59,10 +65,7 @@ class frmReport : public QWidget, private ReportSlideWindows {
   void Unload();
   std::string ReportsDirectory() const;
 
-  void UnloadSlideWindow() override;
-  RtError ShowReportSlide(std::int32_t record) override;
-  void SetStatusText(const std::string& text) override;
-
+  std::unique_ptr<ReportSlideWindows> slideWindows_;
   std::unique_ptr<UIReportController> controller_;
   WBStack stack_;
   Navigation NavigationMode = Navigation::None;

@@ -12,7 +12,6 @@
 #include "qt/Twips.h"
 #include "reports/UIReportController.h"
 #include "reports/ViewerRules.h"
-#include "reports/frmReport.h"
 
 namespace cb {
 namespace {
@@ -112,11 +111,9 @@ void frmSelectReport::cboFont_Click() {
 }
 
 void frmSelectReport::cmdOK_Click() {
-  auto* report = new frmReport();
-  report->ReportKind = optLocation->isChecked() ? ReportKind::ByLocation : ReportKind::ByCategory;
-  report->ReportFont = FromQ(cboFont->currentText());
+  chosenKind_ = optLocation->isChecked() ? ReportKind::ByLocation : ReportKind::ByCategory;
+  chosenFont_ = FromQ(cboFont->currentText());
   accept();
-  report->Show();
 }
 
 }  // namespace cb

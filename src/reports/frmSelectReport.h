@@ -1,8 +1,12 @@
 #pragma once
 // The report chooser behind the main toolbar's Report: the kind of report
-// and, behind "Font >>", the font of its pages. OK opens the report viewer.
+// and, behind "Font >>", the font of its pages. OK accepts the choice, which
+// the caller turns into the report viewer.
 
 #include <QDialog>
+#include <string>
+
+#include "reports/SummaryPage.h"
 
 class QComboBox;
 class QGroupBox;
@@ -30,8 +34,15 @@ class frmSelectReport : public QDialog {
   // A font picked from the list becomes the file's report font at once.
   void cboFont_Click();
 
+  // The choice, once OK has accepted it.
+  cb::ReportKind ChosenKind() const { return chosenKind_; }
+  const std::string& ChosenFont() const { return chosenFont_; }
+
  private:
   void Form_Load();
+
+  cb::ReportKind chosenKind_ = cb::ReportKind::ByLocation;
+  std::string chosenFont_;
 };
 
 }  // namespace cb

@@ -44,10 +44,7 @@ class ReportWindowFixture : public GalleryFixture {
 
   // A viewer made as the chooser's OK makes it.
   frmReport* OpenReport(ReportKind kind = ReportKind::ByLocation, const std::string& font = "Arial") {
-    auto* report = new frmReport();
-    report->ReportKind = kind;
-    report->ReportFont = font;
-    report->Show();
+    TheMDIMain().OpenReport(kind, font);
     return qobject_cast<frmReport*>(FindOpenForm("frmReport"));
   }
 

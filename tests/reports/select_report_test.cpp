@@ -67,11 +67,15 @@ TEST_F(SelectReportTest, APickedFontIsSavedInTheFileATypedOneServesOneReport) {
   }
   EXPECT_EQ(StoredFont(), "Courier New");
 
-  frmSelectReport dialog;
-  EXPECT_EQ(dialog.cboFont->currentText(), "Courier New");
-  dialog.optCategory->setChecked(true);
-  dialog.cboFont->setEditText("Comic Sans MS");
-  dialog.cmdOK->click();
+  WhenModal([](QWidget* w) {
+    auto* dialog = qobject_cast<frmSelectReport*>(w);
+    ASSERT_NE(dialog, nullptr);
+    EXPECT_EQ(dialog->cboFont->currentText(), "Courier New");
+    dialog->optCategory->setChecked(true);
+    dialog->cboFont->setEditText("Comic Sans MS");
+    dialog->cmdOK->click();
+  });
+  TheMDIMain().Toolbar1_ButtonClick(ToolbarButton::Report);
   auto* report = qobject_cast<frmReport*>(FindOpenForm("frmReport"));
   ASSERT_NE(report, nullptr);
   EXPECT_EQ(report->WebBrowser1->documentTitle(), "Report By Category");
