@@ -110,9 +110,10 @@ void MDIMain::Toolbar1_ButtonClick(ToolbarButton b) {
       {ToolbarButton::New, &MDIMain::mnuFileNew_Click},    {ToolbarButton::Open, &MDIMain::mnuFileOpen_Click},
       {ToolbarButton::Edit, &MDIMain::EditSlide},          {ToolbarButton::Zoom, &MDIMain::PressZoom},
       {ToolbarButton::Unzoom, &MDIMain::PressUnzoom},      {ToolbarButton::Window, &MDIMain::ArrangeNext},
-      {ToolbarButton::Help, &MDIMain::mnuHelpContents_Click}, {ToolbarButton::Report, &MDIMain::ShowSelectReport},
+      {ToolbarButton::Help, &MDIMain::mnuHelpContents_Click},
+      {ToolbarButton::Report, &MDIMain::ShowSelectReport},
   };
-  // One report viewer at a time: with one open nothing happens, not even the refresh.
+  // An open report takes the click itself: nothing more, not even the refresh.
   if (b == ToolbarButton::Report && FindOpenForm("frmReport")) return;
   for (const auto& a : kActions)
     if (b == a.button) (this->*a.action)();

@@ -30,11 +30,16 @@ bool UIReportController::ShowLocationSlide(const std::string& key, ErrorArray& e
 
 bool UIReportController::FollowLink(std::string_view pageTitle, const std::string& key) {
   switch (LinkActionForTitle(pageTitle)) {
-    case LinkAction::SubReportByCategory: return CreateSubReportByCategory(key);
-    case LinkAction::SubReportByLocation: return CreateSubReportByLocation(key);
-    case LinkAction::CategorySlide: return ShowCategorySlide(key, errorInfo_);
-    case LinkAction::LocationSlide: return ShowLocationSlide(key, errorInfo_);
-    case LinkAction::None: break;
+    case LinkAction::SubReportByCategory:
+      return CreateSubReportByCategory(key);
+    case LinkAction::SubReportByLocation:
+      return CreateSubReportByLocation(key);
+    case LinkAction::CategorySlide:
+      return ShowCategorySlide(key, errorInfo_);
+    case LinkAction::LocationSlide:
+      return ShowLocationSlide(key, errorInfo_);
+    case LinkAction::None:
+      break;
   }
   return false;
 }

@@ -7,6 +7,7 @@
 #include <QToolBar>
 #include <QVBoxLayout>
 
+#include "app/MDIMainRules.h"
 #include "app/modGlobal.h"
 #include "dialogs/HelpRoutine.h"
 #include "qt/SystemLocale.h"
@@ -63,10 +64,12 @@ frmReport::frmReport() {
   connect(WebBrowser1, &ReportBrowser::LinkFollowed, this, &frmReport::WebBrowser1_LinkFollowed);
   connect(WebBrowser1, &ReportBrowser::PrintRequested, this, &frmReport::Print_Click);
 
-  // F1 closes the viewer as it opens the help on its page.
+  // Help waits for the help viewer; F1 closes the viewer only when that can stand in its place.
+  HelpButton->setEnabled(Built(Awaits::HelpViewer));
   auto* f1 = new QShortcut(QKeySequence(Qt::Key_F1), this);
   f1->setContext(Qt::WidgetWithChildrenShortcut);
   connect(f1, &QShortcut::activated, this, [this] {
+    if (!Built(Awaits::HelpViewer)) return OpenHelp(kHelpPage);
     parentWidget()->hide();
     OpenHelp(kHelpPage);
     Unload();

@@ -52,8 +52,8 @@ TEST_F(ReportLinks, ASummarysLinkWritesTheNextSubReport) {
 TEST_F(ReportLinks, ASubReportsLinkShowsTheFirstSlideOfThatPicture) {
   mc->CurrentImageNumber(3);
   UIReportController& r = Reports();
-  for (const char* title : {"Sub-Report By Category", "Sub-Report By Location", "Sub-Report By Year",
-                            "Sub-Report By Suburb"}) {
+  for (const char* title :
+       {"Sub-Report By Category", "Sub-Report By Location", "Sub-Report By Year", "Sub-Report By Suburb"}) {
     windows.calls.clear();
     ASSERT_TRUE(r.FollowLink(title, "sofa.jpg")) << title;
     EXPECT_EQ(windows.calls, (std::vector<std::string>{"unload", "show 1", "status Slide: 1"})) << title;

@@ -52,9 +52,10 @@ TEST_F(ReportPrintTest, AFailedPrintSaysWhyAndWhatElseToTry) {
   PrintTo(*r, app / "no such folder/summary.pdf");
   ASSERT_EQ(messages.size(), 1);
   EXPECT_TRUE(messages[0].startsWith("Chattelbook: Print command Error: ")) << messages[0].toStdString();
-  EXPECT_TRUE(messages[0].endsWith("\n\nChattelbook is having problems sending commands\n"
-                                   "directly to the printer.  Try right-clicking on the\n"
-                                   "report and selecting the 'Print' option."));
+  EXPECT_TRUE(
+      messages[0].endsWith("\n\nChattelbook is having problems sending commands\n"
+                           "directly to the printer.  Try right-clicking on the\n"
+                           "report and selecting the 'Print' option."));
 }
 
 TEST_F(ReportPrintTest, NothingToPrintIsSaid) {

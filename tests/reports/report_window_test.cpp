@@ -171,17 +171,19 @@ TEST_F(ReportWindowTest, AReportThatCannotBeWrittenClosesTheViewerSilently) {
   EXPECT_EQ(Globals().ErrorInfo[0], "76");
 }
 
-TEST_F(ReportWindowTest, F1ClosesTheViewerOnItsHelpPage) {
+// The viewer gives way to the help viewer, and stays while there is none to show.
+TEST_F(ReportWindowTest, F1AsksForItsHelpPage) {
   StartInventory();
   frmReport* r = OpenReport();
   ASSERT_NE(r, nullptr);
+  EXPECT_EQ(r->HelpButton->isEnabled(), Built(Awaits::HelpViewer));
   QApplication::setActiveWindow(&TheMDIMain());
   Activate(*r);
   r->WebBrowser1->setFocus();
   QTest::keyClick(r->WebBrowser1, Qt::Key_F1);
   EXPECT_EQ(HelpPage(), "help012.htm");
   FlushDeletes();
-  EXPECT_EQ(FindOpenForm("frmReport"), nullptr);
+  EXPECT_EQ(FindOpenForm("frmReport") == nullptr, Built(Awaits::HelpViewer));
 }
 
 }  // namespace

@@ -34,8 +34,11 @@ TEST_F(SelectReportTest, TheFirstOptionIsCaptionedByTemplate) {
     const char* caption;
     std::int32_t after;
   };
-  const Row rows[] = {{1, "Report By Location", 1}, {2, "Report By Suburb", 2}, {3, "Report By Year", 3},
-                      {0, "Report By Location", 1}, {9, "Report By Location", 1}};
+  const Row rows[] = {{1, "Report By Location", 1},
+                      {2, "Report By Suburb", 2},
+                      {3, "Report By Year", 3},
+                      {0, "Report By Location", 1},
+                      {9, "Report By Location", 1}};
   for (const Row& row : rows) {
     Mc().SlideTemplate(row.slideTemplate);
     frmSelectReport dialog;

@@ -21,7 +21,7 @@ TEST(LinkKey, IsEverythingBehindTheFirstQuestionMarkAsWritten) {
   const KeyRow rows[] = {
       {"file:////home/ann/Files/Household.sif?Lounge", "Lounge"},
       {"file:////home/ann/Files/Household.sif?Kitchen #2", "Kitchen #2"},  // no fragment
-      {"file:////home/ann/Files/Household.sif?a%20b", "a%20b"},              // no decoding
+      {"file:////home/ann/Files/Household.sif?a%20b", "a%20b"},            // no decoding
       {"file:////x.sif?Q?A", "Q?A"},
       {"file:////x.sif?", ""},
       {"file:////home/ann/Reports/Report1.htm", std::nullopt},
