@@ -9,6 +9,7 @@
 
 #include "app/MDIMainRules.h"
 #include "app/modGlobal.h"
+#include "artwork/ToolbarIcons.h"
 #include "dialogs/HelpRoutine.h"
 #include "qt/SystemLocale.h"
 #include "qt/Twips.h"
@@ -45,9 +46,10 @@ frmReport::frmReport() {
   setWindowTitle(kCaption);
   Toolbar1 = new QToolBar("Toolbar1", this);
   Toolbar1->setObjectName("Toolbar1");
-  Toolbar1->setToolButtonStyle(Qt::ToolButtonTextOnly);
+  Toolbar1->setToolButtonStyle(Qt::ToolButtonTextUnderIcon);
+  Toolbar1->setIconSize(QSize(24, 24));
   for (const ToolButton& b : kToolButtons) {
-    QAction* a = Toolbar1->addAction(b.key);
+    QAction* a = Toolbar1->addAction(ToolbarIcon(b.key), b.key);
     a->setObjectName(b.key);
     a->setToolTip(b.tip);
     this->*b.button = a;
