@@ -20,9 +20,12 @@ using testing::ReadFile;
 
 class ReportWindowTest : public testing::ReportWindowFixture {
  protected:
+  // The user turns to another child, then back to the viewer.
   void Activate(frmReport& r) {
-    TheMDIMain().MdiArea()->setActiveSubWindow(nullptr);
-    TheMDIMain().MdiArea()->setActiveSubWindow(qobject_cast<QMdiSubWindow*>(r.parentWidget()));
+    QMdiArea& area = *TheMDIMain().MdiArea();
+    for (QMdiSubWindow* other : area.subWindowList())
+      if (other->widget() != &r) area.setActiveSubWindow(other);
+    area.setActiveSubWindow(qobject_cast<QMdiSubWindow*>(r.parentWidget()));
   }
 };
 
