@@ -16,13 +16,13 @@
 #include "reports/ReportBrowser.h"
 #include "reports/ReportPrint.h"
 #include "reports/ViewerRules.h"
+#include "storage/DataAccess.h"
 
 namespace cb {
 namespace {
 
 constexpr char kCaption[] = "Report Viewer";
 constexpr char kHelpPage[] = "help012.htm";
-constexpr char kReportsDir[] = "/Reports/";
 constexpr char kSummaryFile[] = "Report1.htm";
 
 struct ToolButton {
@@ -80,7 +80,7 @@ frmReport::frmReport() {
 
 frmReport::~frmReport() = default;
 
-std::string frmReport::ReportsDirectory() const { return Globals().MainController->AppPath() + kReportsDir; }
+std::string frmReport::ReportsDirectory() const { return Globals().MainController->AppPath() + std::string(kReportsFolder); }
 
 void frmReport::SlideWindows(std::unique_ptr<ReportSlideWindows> windows) { slideWindows_ = std::move(windows); }
 
