@@ -80,7 +80,9 @@ frmReport::frmReport() {
 
 frmReport::~frmReport() = default;
 
-std::string frmReport::ReportsDirectory() const { return Globals().MainController->AppPath() + std::string(kReportsFolder); }
+std::string frmReport::ReportsDirectory() const {
+  return Globals().MainController->AppPath() + std::string(kReportsFolder);
+}
 
 void frmReport::SlideWindows(std::unique_ptr<ReportSlideWindows> windows) { slideWindows_ = std::move(windows); }
 
