@@ -3,11 +3,9 @@
 #include <QAction>
 #include <QMdiArea>
 #include <QMdiSubWindow>
-#include <QShortcut>
 #include <QToolBar>
 #include <QVBoxLayout>
 
-#include "app/MDIMainRules.h"
 #include "app/modGlobal.h"
 #include "artwork/ToolbarIcons.h"
 #include "dialogs/HelpRoutine.h"
@@ -22,7 +20,6 @@ namespace cb {
 namespace {
 
 constexpr char kCaption[] = "Report Viewer";
-constexpr char kHelpPage[] = "help012.htm";
 constexpr char kSummaryFile[] = "Report1.htm";
 
 struct ToolButton {
@@ -66,16 +63,8 @@ frmReport::frmReport() {
   connect(WebBrowser1, &ReportBrowser::LinkFollowed, this, &frmReport::WebBrowser1_LinkFollowed);
   connect(WebBrowser1, &ReportBrowser::PrintRequested, this, &frmReport::Print_Click);
 
-  // Help waits for the help viewer; F1 closes the viewer only when that can stand in its place.
-  HelpButton->setEnabled(Built(Awaits::HelpViewer));
-  auto* f1 = new QShortcut(QKeySequence(Qt::Key_F1), this);
-  f1->setContext(Qt::WidgetWithChildrenShortcut);
-  connect(f1, &QShortcut::activated, this, [this] {
-    if (!Built(Awaits::HelpViewer)) return OpenHelp(kHelpPage);
-    parentWidget()->hide();
-    OpenHelp(kHelpPage);
-    Unload();
-  });
+  // F1 gives way to the help viewer: the viewer closes as it opens.
+  InstallF1(*this);
 }
 
 frmReport::~frmReport() = default;
@@ -160,6 +149,6 @@ void frmReport::Next_Click() {
 
 void frmReport::Print_Click() { PrintBrowser(*WebBrowser1, PrintAdvice::ContextMenu); }
 
-void frmReport::Help_Click() { OpenHelp(kHelpPage); }
+void frmReport::Help_Click() { ShowHelp(*this, HelpButton->objectName()); }
 
 }  // namespace cb

@@ -1,5 +1,6 @@
 #include "reports/frmSelectReport.h"
 
+#include <QAbstractItemView>
 #include <QComboBox>
 #include <QGroupBox>
 #include <QLineEdit>
@@ -17,7 +18,6 @@ namespace cb {
 namespace {
 
 constexpr char kCaption[] = "Select Report";
-constexpr char kHelpPage[] = "help012.htm";
 constexpr char kOptionPrefix[] = "Report By ";
 
 // Design places in twips: left, top, width, height.
@@ -60,6 +60,8 @@ frmSelectReport::frmSelectReport(QWidget* parent) : QDialog(parent) {
   cboFont->setAccessibleName("Font");
   cboFont->setEditable(true);
   cboFont->setInsertPolicy(QComboBox::NoInsert);  // a typed name serves this report only
+  cboFont->lineEdit()->setAccessibleName("Font");
+  cboFont->view()->setAccessibleName("Font");
   Put(fraSelectReport, kFrame);
   Put(optLocation, kLocation);
   Put(optCategory, kCategory);
@@ -74,10 +76,10 @@ frmSelectReport::frmSelectReport(QWidget* parent) : QDialog(parent) {
   setTabOrder(cmdFont, cboFont);
   connect(cmdOK, &QPushButton::clicked, this, &frmSelectReport::cmdOK_Click);
   connect(cmdCancel, &QPushButton::clicked, this, &QDialog::reject);
-  connect(cmdHelp, &QPushButton::clicked, this, [this] { CloseWithHelp(*this, kHelpPage); });
+  connect(cmdHelp, &QPushButton::clicked, this, [this] { CloseWithHelp(*this); });
   connect(cmdFont, &QPushButton::clicked, this, &frmSelectReport::cmdFont_Click);
   connect(cboFont, &QComboBox::activated, this, &frmSelectReport::cboFont_Click);
-  InstallF1(*this, kHelpPage);
+  InstallF1(*this);
   Form_Load();
 }
 

@@ -28,6 +28,8 @@
 #include "dialogs/HelpRoutine.h"
 #include "gallery/dlgRemoveSlide.h"
 #include "help/frmHelp.h"
+#include "reports/frmReport.h"
+#include "reports/frmSelectReport.h"
 #include "slide/frmEditSlide.h"
 #include "slide/frmSetSlideTemplate.h"
 #include "slide/frmSlide.h"
@@ -108,6 +110,11 @@ const WindowRow kWindows[] = {
     {"frmEditSlideRE", [] { return SlideEditor(2); }},
     {"frmEditSlideVEH", [] { return SlideEditor(3); }},
     {"frmSetSlideTemplate", [] { return Own(new frmSetSlideTemplate); }},
+    {"frmSelectReport", [] { return Own(new frmSelectReport); }},
+    {"frmReport", [] {
+       TheMDIMain().OpenReport(ReportKind::ByLocation, "Arial Narrow");
+       return Opened{FindOpenForm("frmReport"), nullptr};
+     }},
     {"frmHelp", [] {
        OpenHelp("help001.htm");
        return Opened{HelpViewer(), nullptr};
