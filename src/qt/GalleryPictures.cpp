@@ -1,5 +1,6 @@
 #include "qt/GalleryPictures.h"
 
+#include <QCoreApplication>
 #include <QFileInfo>
 #include <QGuiApplication>
 #include <QScreen>
@@ -33,6 +34,10 @@ GalleryPictures::~GalleryPictures() {
 
 GalleryPictures& GalleryPictures::Instance() {
   static GalleryPictures pictures;
+  // Writes still running when the application ends would race the removal of
+  // temporary cache folders and the end of the process.
+  static const bool once = (qAddPostRoutine([] { pictures.WaitForIdle(); }), true);
+  (void)once;
   return pictures;
 }
 
