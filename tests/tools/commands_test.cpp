@@ -41,6 +41,11 @@ const ExitCase kExitCases[] = {
     {"check with findings", {"check", "@/huge.sif"}, 1, ""},
     {"check of no file", {"check", "@/absent.sif"}, 1, "chattelbook-sif: "},
     {"refused import", {"import", "@/bad.csv", "-o", "@/x.sif"}, 1, "chattelbook-sif: "},
+    {"claim without -o", {"claim", "@/good.sif"}, 2, "chattelbook-sif: claim needs -o CLAIM.pdf"},
+    {"claim on A5", {"claim", "@/good.sif", "--page", "a5", "-o", "@/x.pdf"}, 2,
+     "chattelbook-sif: --page takes a4 or letter"},
+    {"claim without a gallery", {"claim", "@/good.sif", "--gallery", "@/none", "-o", "@/x.pdf"}, 1,
+     "chattelbook-sif: "},
 };
 
 TEST(Commands, ExitStatusesAndStreams) {
@@ -64,6 +69,7 @@ TEST(Commands, ExitStatusesAndStreams) {
     }
   }
   EXPECT_FALSE(fs::exists(dir / "x.sif"));
+  EXPECT_FALSE(fs::exists(dir / "x.pdf"));
 }
 
 TEST(Commands, ShowLabelsFieldsAsTheTemplatesEditorDoes) {

@@ -12,6 +12,7 @@
 #include <sstream>
 
 #include "Check.h"
+#include "Claim.h"
 #include "base/Cp1252.h"
 #include "Formats.h"
 #include "Inventory.h"
@@ -32,6 +33,9 @@ constexpr std::string_view kUsage =
     "  chattelbook-sif import IN [--format csv|json] -o FILE.sif [--template 1|2|3] [--force]\n"
     "  chattelbook-sif report FILE.sif --by category|location [--key KEY] [--font NAME] [-o OUT]\n"
     "  chattelbook-sif check  FILE.sif [--gallery DIR]\n"
+    "  chattelbook-sif claim  FILE.sif [--gallery DIR] [--by category|location] [--page a4|letter] -o CLAIM.pdf\n"
+    "  chattelbook-sif backup FILE.sif [--gallery DIR] -o ARCHIVE.tar.gz\n"
+    "  chattelbook-sif restore ARCHIVE.tar.gz --to APPDIR [--force]\n"
     "  chattelbook-sif --help | --version\n"
     "\n"
     "Commands:\n"
@@ -43,6 +47,14 @@ constexpr std::string_view kUsage =
     "          sub-report of KEY, as the program does; the file's report font unless --font\n"
     "  check   list what a load of the file would meet; with --gallery, the pictures\n"
     "          missing from DIR\n"
+    "  claim   write a PDF for an insurer: a cover with the grand total, the totals by\n"
+    "          category or location, then every slide with its picture and fields\n"
+    "  backup  write the file, its pictures, frame and wallpaper and a SHA-256 manifest\n"
+    "          into one archive; missing pictures are listed and do not stop it\n"
+    "  restore check every file of a backup, then put it under APPDIR's Files, Gallery,\n"
+    "          Background and Wallpaper; existing files are replaced only with --force\n"
+    "\n"
+    "DIR defaults to the Gallery folder beside the file's own folder.\n"
     "\n"
     "Without --format, a file name ending in \".json\" means JSON, any other CSV.\n"
     "Exit status: 0 success, 1 a problem with the data or a file, 2 bad usage.\n";
@@ -234,17 +246,24 @@ int RunCheck(const QStringList& args, Io& io) {
   return findings.empty() ? kExitOk : kExitData;
 }
 
+// The commands that take their streams and usage text as one CommandIo.
+template <int (*Run)(const QStringList&, const CommandIo&)>
+int WithUsage(const QStringList& args, Io& io) {
+  return Run(args, CommandIo{io.out, io.err, kUsage});
+}
+
 struct Command {
   std::string_view name;
   int (*run)(const QStringList&, Io&);
 };
 
-constexpr std::array<Command, 5> kCommands{{
+constexpr std::array<Command, 6> kCommands{{
     {"show", RunShow},
     {"export", RunExport},
     {"import", RunImport},
     {"report", RunReport},
     {"check", RunCheck},
+    {"claim", WithUsage<RunClaim>},
 }};
 
 }  // namespace

@@ -4,30 +4,10 @@
 #include <string_view>
 
 #include "Inventory.h"
+#include "TemplateLabels.h"
 
 namespace cb::sif {
 namespace {
-
-constexpr std::array<std::string_view, 4> kTemplateNames{"", "Home Security", "Real Estate", "Car Yard"};
-
-// The label of a field in the editor of each template (Home Security, Real
-// Estate, Car Yard), in the order the listing shows them.
-struct FieldLabel {
-  Field field;
-  std::array<std::string_view, 3> label;
-};
-
-constexpr std::array<FieldLabel, 9> kLabels{{
-    {Field::PictureFile, {"Picture", "Picture", "Picture"}},
-    {Field::SlideText, {"Slide Text", "Slide Text", "Slide Text"}},
-    {Field::Category, {"Category", "Category", "Category"}},
-    {Field::Location, {"Location", "Suburb", "Year"}},
-    {Field::Serial, {"Serial #", "Street", "Regn #"}},
-    {Field::Make, {"Make", "Bedrooms", "Colour"}},
-    {Field::Model, {"Model", "Extras", "Extras"}},
-    {Field::Value, {"Total Value", "Ask Price", "Price"}},
-    {Field::Spare, {"Spare", "Spare", "Spare"}},
-}};
 
 // Values start in one column, whatever the indent.
 void Line(std::string& out, std::string_view indent, std::string_view label, std::string_view value) {
@@ -54,11 +34,10 @@ std::string ShowText(const std::string& path, const SifDocument& doc) {
   Line(out, "", "Report font", FieldToUtf8(doc.Header.ReportFont));
   Line(out, "", "Slides", std::to_string(doc.Slides.size() - 1));
 
-  const auto t = TemplateOf(doc).value_or(1);
-  const std::size_t column = (t >= 1 && t <= 3) ? static_cast<std::size_t>(t - 1) : 0;
+  const std::size_t column = LabelColumn(TemplateOf(doc).value_or(1));
   for (std::size_t i = 1; i < doc.Slides.size(); ++i) {
     out += "\nSlide " + std::to_string(i) + "\n";
-    for (const auto& l : kLabels) {
+    for (const auto& l : kFieldLabels) {
       const std::string value = FieldToUtf8(doc.Slides[i].Get(l.field));
       if (!value.empty()) Line(out, "  ", l.label[column], value);
     }

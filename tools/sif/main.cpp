@@ -2,13 +2,28 @@
 // the program, from a terminal.
 
 #include <QCoreApplication>
+#include <QGuiApplication>
 
+#include <cstring>
 #include <iostream>
+#include <memory>
 
 #include "Commands.h"
 
 int main(int argc, char** argv) {
-  QCoreApplication app(argc, argv);
+  // The claim lays out text and pictures, which needs fonts and so the GUI
+  // side of Qt; no window is shown, so no display is needed either.
+  std::unique_ptr<QCoreApplication> app;
+  if (argc > 1 && std::strcmp(argv[1], "claim") == 0) {
+    if (!qEnvironmentVariableIsSet("QT_QPA_PLATFORM")) qputenv("QT_QPA_PLATFORM", "offscreen");
+    // The platform's notes (no runtime directory, ...) are no concern of the user's.
+    qInstallMessageHandler([](QtMsgType type, const QMessageLogContext&, const QString& text) {
+      if (type == QtCriticalMsg || type == QtFatalMsg) std::cerr << text.toStdString() << "\n";
+    });
+    app = std::make_unique<QGuiApplication>(argc, argv);
+  } else {
+    app = std::make_unique<QCoreApplication>(argc, argv);
+  }
   std::ios::sync_with_stdio(true);
   return cb::sif::RunSif(QCoreApplication::arguments(), std::cout, std::cerr, std::cin);
 }
