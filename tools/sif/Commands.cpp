@@ -11,6 +11,7 @@
 #include <iterator>
 #include <sstream>
 
+#include "Backup.h"
 #include "Check.h"
 #include "Claim.h"
 #include "base/Cp1252.h"
@@ -257,13 +258,15 @@ struct Command {
   int (*run)(const QStringList&, Io&);
 };
 
-constexpr std::array<Command, 6> kCommands{{
+constexpr std::array<Command, 8> kCommands{{
     {"show", RunShow},
     {"export", RunExport},
     {"import", RunImport},
     {"report", RunReport},
     {"check", RunCheck},
     {"claim", WithUsage<RunClaim>},
+    {"backup", WithUsage<RunBackup>},
+    {"restore", WithUsage<RunRestore>},
 }};
 
 }  // namespace

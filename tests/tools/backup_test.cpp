@@ -1,0 +1,177 @@
+// backup and restore: a round trip gives back every file byte for byte, and
+// an archive that is damaged, does not match its manifest or names a place
+// outside the application directory is refused before anything is written.
+
+#include <gmock/gmock.h>
+
+#include <archive.h>
+#include <archive_entry.h>
+
+#include "Manifest.h"
+#include "SifTools.h"
+
+namespace cb::sif::testing {
+namespace {
+
+using ::testing::HasSubstr;
+using ::testing::StartsWith;
+
+// Every regular file under `root`, relative name to bytes.
+std::map<std::string, std::string> Tree(const fs::path& root) {
+  std::map<std::string, std::string> files;
+  if (!fs::exists(root)) return files;
+  for (const auto& e : fs::recursive_directory_iterator(root))
+    if (e.is_regular_file()) files[fs::relative(e.path(), root).string()] = ReadFile(e.path().string());
+  return files;
+}
+
+// An application directory with a file whose slides name pictures that are
+// there, one that is not, and one twice.
+struct App {
+  Scratch dir;
+  fs::path root = fs::path(dir.str()) / "app";
+  std::string sif = (root / "Files/Home.sif").string();
+  App() {
+    for (const char* f : {"Files", "Gallery", "Background", "Wallpaper"}) fs::create_directories(root / f);
+    WriteAsProgram(sif, {1, "oak.jpg", "sage.jpg", "Tahoma"},
+                   {{"tv.jpg", "TV"}, {"Télé.jpg", "Télé"}, {"gone.jpg", "Gone"}, {"tv.jpg", "Same picture"}});
+    WriteFile((root / "Gallery/tv.jpg").string(), std::string("\xFF\xD8tv\0picture", 12));
+    WriteFile((root / "Gallery/T\xC3\xA9l\xC3\xA9.jpg").string(), "tele");
+    WriteFile((root / "Gallery/unnamed.jpg").string(), "no slide names this");
+    WriteFile((root / "Background/oak.jpg").string(), "frame");
+    WriteFile((root / "Wallpaper/sage.jpg").string(), "wallpaper");
+  }
+};
+
+TEST(Backup, RestoreGivesBackEveryFileByteForByte) {
+  App app;
+  const std::string archive = app.dir / "home.tar.gz";
+  const Outcome b = RunProcess({"backup", app.sif, "-o", archive}, app.dir);
+  ASSERT_EQ(b.status, 0) << b.err;
+  EXPECT_EQ(b.out, "5 files backed up into " + archive + ", 1 missing\n");
+  EXPECT_THAT(b.err, HasSubstr("slide 3: \"" + (app.root / "Gallery/gone.jpg").string() + "\" is missing"));
+
+  const fs::path to = fs::path(app.dir.str()) / "restored";
+  const Outcome r = RunProcess({"restore", archive, "--to", to.string()}, app.dir);
+  ASSERT_EQ(r.status, 0) << r.err;
+  EXPECT_THAT(r.err, HasSubstr("Gallery/gone.jpg was missing when the backup was made"));
+  std::map<std::string, std::string> expected = Tree(app.root);
+  expected.erase("Gallery/unnamed.jpg");
+  EXPECT_EQ(Tree(to), expected);
+}
+
+TEST(Backup, RestoreReplacesExistingFilesOnlyWithForce) {
+  App app;
+  const std::string archive = app.dir / "home.tar.gz";
+  ASSERT_EQ(RunProcess({"backup", app.sif, "-o", archive}, app.dir).status, 0);
+  const std::map<std::string, std::string> before = Tree(app.root);
+  WriteFile((app.root / "Gallery/tv.jpg").string(), "edited since");
+
+  const Outcome refused = RunProcess({"restore", archive, "--to", app.root.string()}, app.dir);
+  EXPECT_EQ(refused.status, 1);
+  EXPECT_THAT(refused.err, HasSubstr("give --force to replace them\n  Files/Home.sif\n  Gallery/tv.jpg\n"));
+  EXPECT_EQ(ReadFile((app.root / "Gallery/tv.jpg").string()), "edited since");
+
+  const Outcome forced = RunProcess({"restore", archive, "--to", app.root.string(), "--force"}, app.dir);
+  EXPECT_EQ(forced.status, 0) << forced.err;
+  EXPECT_EQ(Tree(app.root), before);
+}
+
+struct TarEntry {
+  std::string name;
+  std::string bytes;
+  mode_t type = AE_IFREG;
+  std::string link{};  // symlink target, or hardlink source when `hard`
+  bool hard = false;
+};
+
+void WriteTar(const std::string& path, const std::vector<TarEntry>& entries) {
+  archive* a = archive_write_new();
+  archive_write_add_filter_gzip(a);
+  archive_write_set_format_pax_restricted(a);
+  ASSERT_EQ(archive_write_open_filename(a, path.c_str()), ARCHIVE_OK);
+  for (const auto& t : entries) {
+    archive_entry* e = archive_entry_new();
+    archive_entry_set_pathname(e, t.name.c_str());
+    archive_entry_set_filetype(e, t.type);
+    archive_entry_set_perm(e, 0644);
+    if (t.hard) archive_entry_set_hardlink(e, t.link.c_str());
+    else if (!t.link.empty()) archive_entry_set_symlink(e, t.link.c_str());
+    archive_entry_set_size(e, t.type == AE_IFREG && !t.hard ? static_cast<la_int64_t>(t.bytes.size()) : 0);
+    archive_write_header(a, e);
+    if (t.type == AE_IFREG && !t.hard) archive_write_data(a, t.bytes.data(), t.bytes.size());
+    archive_entry_free(e);
+  }
+  archive_write_close(a);
+  archive_write_free(a);
+}
+
+// A manifest naming each entry with the hash of its bytes.
+TarEntry ManifestOf(const std::vector<TarEntry>& entries) {
+  std::string text;
+  for (const auto& t : entries) text += Sha256Hex(t.bytes) + "  " + t.name + "\n";
+  return {std::string(kManifestName), text};
+}
+
+TEST(Backup, RestoreRefusesBadArchivesAndWritesNothing) {
+  const TarEntry sif{"Files/Home.sif", "slides"};
+  const TarEntry picture{"Gallery/tv.jpg", "picture"};
+  struct Case {
+    const char* name;
+    std::vector<TarEntry> entries;
+    const char* complaint;
+  };
+  const Case cases[] = {
+      {"a hash that does not match",
+       {sif, picture, {std::string(kManifestName), Sha256Hex("slides") + "  Files/Home.sif\n" +
+                                                       Sha256Hex("another picture") + "  Gallery/tv.jpg\n"}},
+       "\"Gallery/tv.jpg\" does not match its SHA-256"},
+      {"a file the manifest does not name", {sif, picture, ManifestOf({sif})}, "is not in the manifest"},
+      {"a named file the archive lacks", {sif, ManifestOf({sif, picture})}, "in the manifest but not in the archive"},
+      {"no manifest", {sif, picture}, "no manifest.sha256"},
+      {"a manifest line of another kind", {sif, {std::string(kManifestName), "Files/Home.sif\n"}}, "manifest line 1"},
+      {"an absolute path", {sif, {"/tmp/evil.jpg", "x"}, ManifestOf({sif})}, "an absolute path"},
+      {"a climb out", {sif, {"../evil.jpg", "x"}, ManifestOf({sif})}, "would leave the application directory"},
+      {"a climb out of a folder", {sif, {"Gallery/../../evil.jpg", "x"}, ManifestOf({sif})}, "would leave"},
+      {"a symbolic link", {sif, {"Gallery/tv.jpg", "", AE_IFLNK, "/etc/passwd"}, ManifestOf({sif})}, "is a link"},
+      {"a hard link", {sif, {"Gallery/tv.jpg", "", AE_IFREG, "Files/Home.sif", true}, ManifestOf({sif})},
+       "is a link"},
+      {"a folder outside the backup's", {sif, {"Reports/Report1.htm", "x"}, ManifestOf({sif})}, "no part of a backup"},
+      {"a directory", {sif, {"Gallery/sub", "", AE_IFDIR}, ManifestOf({sif})}, "not a regular file"},
+  };
+  for (const auto& c : cases) {
+    SCOPED_TRACE(c.name);
+    Scratch dir;
+    const std::string archive = dir / "bad.tar.gz";
+    WriteTar(archive, c.entries);
+    const Outcome r = RunProcess({"restore", archive, "--to", dir / "app/sub"}, dir);
+    EXPECT_EQ(r.status, 1);
+    EXPECT_THAT(r.err, HasSubstr(c.complaint));
+    EXPECT_THAT(r.err, HasSubstr("nothing was written"));
+    EXPECT_EQ(Names(dir), std::vector<std::string>{"bad.tar.gz"});
+  }
+}
+
+TEST(Backup, RestoreRefusesADamagedArchive) {
+  App app;
+  const std::string good = app.dir / "home.tar.gz";
+  ASSERT_EQ(RunProcess({"backup", app.sif, "-o", good}, app.dir).status, 0);
+  const std::string bytes = ReadFile(good);
+  std::string flipped = bytes;
+  flipped[bytes.size() / 2] = static_cast<char>(flipped[bytes.size() / 2] ^ 0x5A);
+  const std::pair<const char*, std::string> damages[] = {
+      {"a flipped byte", flipped}, {"cut in half", bytes.substr(0, bytes.size() / 2)}, {"not an archive", "hello"}};
+  for (const auto& [name, damaged] : damages) {
+    SCOPED_TRACE(name);
+    const std::string archive = app.dir / "damaged.tar.gz";
+    WriteFile(archive, damaged);
+    const fs::path to = fs::path(app.dir.str()) / "restored";
+    const Outcome r = RunProcess({"restore", archive, "--to", to.string()}, app.dir);
+    EXPECT_EQ(r.status, 1);
+    EXPECT_THAT(r.err, StartsWith("chattelbook-sif: " + archive + ": "));
+    EXPECT_FALSE(fs::exists(to));
+  }
+}
+
+}  // namespace
+}  // namespace cb::sif::testing
