@@ -4,6 +4,11 @@
 #include <QThread>
 #include <QTime>
 
+#include <unistd.h>
+
+#include <cstdlib>
+
+#include "app/AppDirectory.h"
 #include "app/Forms.h"
 #include "app/MDIMain.h"
 #include "qt/QtSettingsStore.h"
@@ -33,8 +38,12 @@ void Report(RtError e) {
   if (auto m = StartupErrorMessage(e, kAppTitle)) MsgBox(ToQ(m->text), vbOKOnly, ToQ(m->title));
 }
 
+// The executable's directory, or the user's data directory when the program
+// is installed where the user cannot write.
 std::string ApplicationDirectory() {
-  return PathFromQ(QCoreApplication::applicationDirPath());
+  const std::string exeDir = PathFromQ(QCoreApplication::applicationDirPath());
+  return ChooseApplicationDirectory(exeDir, ::access(exeDir.c_str(), W_OK) == 0, std::getenv("XDG_DATA_HOME"),
+                                    std::getenv("HOME"));
 }
 
 }  // namespace
