@@ -1,9 +1,13 @@
 #include <QApplication>
 
 #include "app/Main.h"
+#include "artwork/ProgramIcon.h"
 
 int main(int argc, char* argv[]) {
   QApplication app(argc, argv);
+  // Every window, and the desktop's task list by way of the .desktop file.
+  QApplication::setWindowIcon(cb::ProgramIcon());
+  QGuiApplication::setDesktopFileName("org.chattelbook.Chattelbook");
   if (!cb::Main()) return 0;  // the start-up refused the user
   return QApplication::exec();
 }
