@@ -30,6 +30,7 @@ class ArchiveIn {
     archive_read_support_filter_all(a_);
     archive_read_support_format_tar(a_);
     if (archive_read_open_filename(a_, path.c_str(), 1 << 16) != ARCHIVE_OK) Fail();
+    opened_ = error_.empty();
   }
   ~ArchiveIn() { archive_read_free(a_); }
   ArchiveIn(const ArchiveIn&) = delete;
@@ -63,6 +64,7 @@ class ArchiveIn {
   }
 
   const std::string& error() const { return error_; }
+  bool opened() const { return opened_; }
 
  private:
   void Fail() {
@@ -72,6 +74,7 @@ class ArchiveIn {
 
   archive* a_;
   std::string error_;
+  bool opened_ = false;
 };
 
 struct Entry {
@@ -127,6 +130,10 @@ bool Survey(const std::string& path, std::vector<Entry>& entries, Manifest& mani
       return true;
     });
     entries.push_back({name, hash.result().toHex().toStdString(), archive_entry_mtime(e)});
+  }
+  if (!in.opened()) {
+    message = path + ": " + in.error();
+    return false;
   }
   if (!in.error().empty()) {
     message = path + ": a damaged archive (" + in.error() + ")";
