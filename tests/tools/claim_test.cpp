@@ -197,5 +197,70 @@ TEST(Claim, PdfHoldsEverySlideAsTextAndEachFoundPicture) {
   EXPECT_EQ(count(std::regex(" image ")), pictures) << images;
 }
 
+struct Box {
+  double x0, y0, x1, y1;
+  std::string word;
+};
+
+// Each page of `pdf` as its words' boxes, in points, with the page's size.
+std::vector<std::pair<Box, std::vector<Box>>> WordBoxes(const std::string& pdf) {
+  const std::string html = Poppler("pdftotext -bbox", pdf, " -");
+  static const std::regex page("<page width=\"([\\d.]+)\" height=\"([\\d.]+)\">");
+  static const std::regex word(
+      "<word xMin=\"([\\d.]+)\" yMin=\"([\\d.]+)\" xMax=\"([\\d.]+)\" yMax=\"([\\d.]+)\">([^<]*)</word>");
+  std::vector<std::pair<Box, std::vector<Box>>> pages;
+  static const std::regex either("<page [^>]*>|<word [^>]*>[^<]*</word>");
+  for (auto it = std::sregex_iterator(html.begin(), html.end(), either); it != std::sregex_iterator(); ++it) {
+    const std::string tag = it->str();
+    std::smatch m;
+    if (std::regex_match(tag, m, page)) {
+      pages.push_back({{0, 0, std::stod(m[1]), std::stod(m[2]), ""}, {}});
+    } else if (std::regex_match(tag, m, word) && !pages.empty()) {
+      pages.back().second.push_back({std::stod(m[1]), std::stod(m[2]), std::stod(m[3]), std::stod(m[4]), m[5]});
+    }
+  }
+  return pages;
+}
+
+// Text at the limits of every field: no word may run off the page's margins
+// or over another, whatever the page size.
+TEST(Claim, LongestTextsStayInsideTheMarginsAndApart) {
+  if (std::system("command -v pdftotext >/dev/null") != 0) GTEST_SKIP() << "poppler-utils is not installed";
+  const std::string w26(26, 'W');
+  std::string phrase;  // wraps onto several lines at word breaks
+  while (phrase.size() < 100) phrase += phrase.empty() ? "MMMM" : " MMMM";
+  std::vector<SlideText> slides = {
+      {"tv.jpg", std::string(100, 'W'), w26, w26, w26, w26, w26, "99999999999"},
+      {"sofa.jpg", phrase.substr(0, 100), w26, "Lounge", "", "", w26, "1"},
+  };
+  for (int i = 0; i < 10; ++i) slides.push_back({"lamp.jpg", "Lamp " + std::to_string(i), "Furniture", "Study"});
+  Fixture f(1, slides);
+  const double margin = 16 / 25.4 * 72;
+  for (const char* page : {"a4", "letter"}) {
+    SCOPED_TRACE(page);
+    const std::string pdf = f.app / (std::string(page) + ".pdf");
+    ASSERT_EQ(RunProcess({"claim", f.path, "--page", page, "-o", pdf}, f.app).status, 0);
+    const auto pages = WordBoxes(pdf);
+    ASSERT_GE(pages.size(), 4u);
+    for (std::size_t n = 0; n < pages.size(); ++n) {
+      const auto& [size, words] = pages[n];
+      SCOPED_TRACE("page " + std::to_string(n + 1));
+      EXPECT_FALSE(words.empty());
+      for (const auto& b : words) {
+        EXPECT_GE(b.x0, margin - 1) << b.word;
+        EXPECT_LE(b.x1, size.x1 - margin + 1) << b.word;
+        EXPECT_LE(b.y1, size.y1 - margin + 1) << b.word;
+      }
+      for (std::size_t i = 0; i < words.size(); ++i)
+        for (std::size_t j = i + 1; j < words.size(); ++j) {
+          const Box &a = words[i], &b = words[j];
+          const bool overlap = std::min(a.x1, b.x1) - std::max(a.x0, b.x0) > 0.5 &&
+                               std::min(a.y1, b.y1) - std::max(a.y0, b.y0) > 0.5;
+          EXPECT_FALSE(overlap) << "\"" << a.word << "\" over \"" << b.word << "\"";
+        }
+    }
+  }
+}
+
 }  // namespace
 }  // namespace cb::sif::testing

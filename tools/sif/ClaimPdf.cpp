@@ -8,6 +8,7 @@
 #include <QPainter>
 #include <QPdfWriter>
 #include <QSaveFile>
+#include <QTextLayout>
 #include <QtConcurrent/QtConcurrentMap>
 
 #include <algorithm>
@@ -21,7 +22,7 @@ constexpr qreal Mm(qreal mm) { return mm * kDpi / 25.4; }
 
 constexpr qreal kMarginMm = 16;
 constexpr qreal kFooterMm = 9;
-constexpr qreal kBlockMm = 50;  // one slide: its picture box and a gap
+constexpr qreal kGapMm = 4;  // below a slide's block, its rule in the middle
 constexpr qreal kPictureWMm = 64;
 constexpr qreal kPictureHMm = 46;
 constexpr qreal kRowMm = 7;      // a row of the summary table
@@ -71,10 +72,9 @@ class ClaimWriter {
       : writer_(writer), p_(painter), c_(c), o_(o), width_(writer.width()),
         bodyHeight_(writer.height() - Mm(kFooterMm)) {
     rowsPerPage_ = std::max(1, static_cast<int>((bodyHeight_ - Mm(18)) / Mm(kRowMm)));
-    slidesPerPage_ = std::max(1, static_cast<int>(bodyHeight_ / Mm(kBlockMm)));
     const int rows = static_cast<int>(c.groups.size()) + (c.ungrouped > 0 ? 1 : 0) + 1;
-    const int slidePages = (static_cast<int>(c.slides.size()) + slidesPerPage_ - 1) / slidesPerPage_;
-    pages_ = 1 + (rows + rowsPerPage_ - 1) / rowsPerPage_ + slidePages;
+    Paginate();
+    pages_ = 1 + (rows + rowsPerPage_ - 1) / rowsPerPage_ + static_cast<int>(slidePages_.size());
   }
 
   void Write() {
@@ -95,23 +95,45 @@ class ClaimWriter {
     const qreal y = writer_.height() - Mm(6);
     p_.setPen(QPen(kRule, Mm(0.2)));
     p_.drawLine(QPointF(0, y - Mm(1.5)), QPointF(width_, y - Mm(1.5)));
-    p_.setFont(Font(8));
+    const QFont font = Font(8);
+    p_.setFont(font);
     p_.setPen(kGrey);
     const QRectF line(0, y, width_, Mm(5));
-    p_.drawText(line, Qt::AlignLeft | Qt::AlignTop, Q(c_.fileName) + "  \u00b7  " + Q(std::string(kTitle)));
+    const QString name = QFontMetricsF(font, &writer_).elidedText(Q(c_.fileName), Qt::ElideMiddle, width_ * 0.45);
+    p_.drawText(line, Qt::AlignLeft | Qt::AlignTop, name + "  \u00b7  " + Q(std::string(kTitle)));
     p_.drawText(line, Qt::AlignRight | Qt::AlignTop, QString("Page %1 of %2").arg(page_).arg(pages_));
   }
 
-  // A label in grey from `x` and its value beside it; returns the height used.
+  // `text` laid out in `width` from (x, y), a word too long for a line
+  // broken where it must; drawn in the pen's colour unless only measured.
+  // Returns its height.
+  qreal Paragraph(qreal x, qreal y, qreal width, const QString& text, const QFont& font, bool draw) {
+    QTextLayout layout(text, font, &writer_);
+    QTextOption option;
+    option.setWrapMode(QTextOption::WrapAtWordBoundaryOrAnywhere);
+    layout.setTextOption(option);
+    layout.beginLayout();
+    qreal h = 0;
+    for (QTextLine line = layout.createLine(); line.isValid(); line = layout.createLine()) {
+      line.setLineWidth(width);
+      line.setPosition(QPointF(0, h));
+      h += line.height();
+    }
+    layout.endLayout();
+    if (draw) layout.draw(&p_, QPointF(x, y));
+    return std::max(h, QFontMetricsF(font, &writer_).height());
+  }
+
+  // A label in grey from `x` and its value beside it, both wrapped in their
+  // columns; returns the height used.
   qreal Fact(qreal x, qreal y, qreal labelWidth, const QString& label, const QString& value, const QFont& font,
-             qreal spacing = 1.45) {
-    const qreal h = QFontMetricsF(font, &writer_).height() * spacing;
-    p_.setFont(font);
+             qreal spacing = 1.45, bool draw = true) {
+    const qreal lead = QFontMetricsF(font, &writer_).height() * (spacing - 1) / 2;
     p_.setPen(kGrey);
-    p_.drawText(QRectF(x, y, labelWidth, h), Qt::AlignLeft | Qt::AlignVCenter, label);
+    const qreal labelHeight = Paragraph(x, y + lead, labelWidth - Mm(1), label, font, draw);
     p_.setPen(Qt::black);
-    p_.drawText(QRectF(x + labelWidth, y, width_ - x - labelWidth, h), Qt::AlignLeft | Qt::AlignVCenter, value);
-    return h;
+    const qreal valueHeight = Paragraph(x + labelWidth, y + lead, width_ - x - labelWidth, value, font, draw);
+    return std::max(labelHeight, valueHeight) + 2 * lead;
   }
 
   void Cover() {
@@ -120,9 +142,7 @@ class ClaimWriter {
     p_.setFont(Font(24, true));
     p_.drawText(QRectF(0, y, width_, Mm(14)), Qt::AlignLeft | Qt::AlignVCenter, Q(std::string(kTitle)));
     y += Mm(16);
-    p_.setFont(Font(15));
-    p_.drawText(QRectF(0, y, width_, Mm(9)), Qt::AlignLeft | Qt::AlignVCenter, Q(c_.fileName));
-    y += Mm(13);
+    y += Mm(1.5) + Paragraph(0, y + Mm(1.5), width_, Q(c_.fileName), Font(15), true) + Mm(4);
     p_.setPen(QPen(Qt::black, Mm(0.4)));
     p_.drawLine(QPointF(0, y), QPointF(width_, y));
     y += Mm(8);
@@ -228,40 +248,55 @@ class ClaimWriter {
                 s.picture.empty() ? why : why + "\n" + Q(s.picture));
   }
 
-  void Block(qreal y, const ClaimSlide& s, const QImage& image) {
+  // A slide's block from `y`: the picture, and beside it the title and the
+  // fields, as tall as the longer of the two. Only measured when `image` is
+  // null; returns the height, the gap below included.
+  qreal Block(qreal y, const ClaimSlide& s, const QImage* image) {
+    const bool draw = image != nullptr;
     const QRectF box(0, y, Mm(kPictureWMm), Mm(kPictureHMm));
-    PictureBox(box, s, image);
+    if (draw) PictureBox(box, s, *image);
     const qreal x = box.right() + Mm(6);
-    const qreal w = width_ - x;
     p_.setPen(Qt::black);
-    const QFont heading = Font(11, true);
-    p_.setFont(heading);
-    const qreal line = QFontMetricsF(heading, &writer_).lineSpacing();
     const QString title = QString("Slide %1").arg(s.number) + (s.text.empty() ? "" : "  \u2013  " + Q(s.text));
-    QRectF used;
-    p_.drawText(QRectF(x, y, w, line * 2.2), Qt::AlignLeft | Qt::AlignTop | Qt::TextWordWrap, title, &used);
-    qreal fy = y + std::max(used.height(), line) + Mm(2);
+    qreal fy = y + Paragraph(x, y, width_ - x, title, Font(11, true), draw) + Mm(2);
     const QFont body = Font(9.5);
     const qreal labelWidth = Mm(28);
-    for (const auto& f : s.fields) fy += Fact(x, fy, labelWidth, Q(f.label), Q(f.value), body, 1.1);
+    for (const auto& f : s.fields) fy += Fact(x, fy, labelWidth, Q(f.label), Q(f.value), body, 1.1, draw);
     const QString picture = s.picture.empty() ? "none named" : Q(s.picture) + (s.pictureFound ? "" : "  (missing)");
-    Fact(x, fy, labelWidth, "Picture", picture, body, 1.1);
-    p_.setPen(QPen(kRule, Mm(0.2)));
-    const qreal bottom = y + Mm(kBlockMm) - Mm(2);
-    p_.drawLine(QPointF(0, bottom), QPointF(width_, bottom));
+    fy += Fact(x, fy, labelWidth, "Picture", picture, body, 1.1, draw);
+    const qreal bottom = std::max(fy, box.bottom()) + Mm(kGapMm) / 2;
+    if (draw) {
+      p_.setPen(QPen(kRule, Mm(0.2)));
+      p_.drawLine(QPointF(0, bottom), QPointF(width_, bottom));
+    }
+    return bottom + Mm(kGapMm) / 2 - y;
+  }
+
+  // The slides' pages, each as many whole blocks as fit, one at least.
+  void Paginate() {
+    qreal y = 0;
+    for (std::size_t i = 0; i < c_.slides.size(); ++i) {
+      const qreal h = Block(0, c_.slides[i], nullptr);
+      if (slidePages_.empty() || y + h > bodyHeight_) {
+        slidePages_.emplace_back();
+        y = 0;
+      }
+      slidePages_.back().push_back(i);
+      y += h;
+    }
   }
 
   void Slides() {
     const QSize pixels = PictureBoxPixels();
-    for (std::size_t first = 0; first < c_.slides.size(); first += static_cast<std::size_t>(slidesPerPage_)) {
-      const std::size_t last = std::min(c_.slides.size(), first + static_cast<std::size_t>(slidesPerPage_));
+    for (const auto& indices : slidePages_) {
       // One page's pictures decode on all cores while the page waits.
       std::vector<const ClaimSlide*> page;
-      for (std::size_t i = first; i < last; ++i) page.push_back(&c_.slides[i]);
+      for (const std::size_t i : indices) page.push_back(&c_.slides[i]);
       const std::vector<QImage> images = QtConcurrent::blockingMapped<std::vector<QImage>>(
           page, [pixels](const ClaimSlide* s) { return s->pictureFound ? DecodeForPrint(s->picturePath, pixels) : QImage(); });
       NewPage();
-      for (std::size_t i = 0; i < page.size(); ++i) Block(Mm(kBlockMm) * static_cast<qreal>(i), *page[i], images[i]);
+      qreal y = 0;
+      for (std::size_t i = 0; i < page.size(); ++i) y += Block(y, *page[i], &images[i]);
     }
   }
 
@@ -272,7 +307,7 @@ class ClaimWriter {
   qreal width_;
   qreal bodyHeight_;
   int rowsPerPage_ = 1;
-  int slidesPerPage_ = 1;
+  std::vector<std::vector<std::size_t>> slidePages_;
   int pages_ = 1;
   int page_ = 1;
 };
