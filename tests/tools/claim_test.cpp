@@ -9,6 +9,7 @@
 
 #include "ClaimContent.h"
 #include "Report.h"
+#include "qt/SystemLocale.h"
 #include "SifTools.h"
 
 namespace cb::sif::testing {

@@ -8,6 +8,7 @@
 #include "ClaimContent.h"
 #include "ClaimPdf.h"
 #include "Report.h"
+#include "qt/SystemLocale.h"
 
 namespace cb::sif {
 
