@@ -64,11 +64,4 @@ std::string MissingHelpPage(std::string_view path) {
          "starts for the first time.</font></p></body></html>";
 }
 
-std::string PrintErrorText(std::string_view description) {
-  return "Print command Error: " + std::string(description) +
-         "\n\nChattelbook is having problems sending commands\n"
-         "directly to the printer.  Try right-clicking on the\n"
-         "help topic and selecting the 'Print' option.";
-}
-
 }  // namespace cb

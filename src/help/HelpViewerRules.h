@@ -51,8 +51,4 @@ class HelpHistory {
 // The viewer's own page for a file it cannot read (UTF-8 HTML); `path` is shown escaped.
 std::string MissingHelpPage(std::string_view path);
 
-// The messages of Print.
-inline constexpr char kPrintDisabled[] = "The Print command is currently disabled.";
-std::string PrintErrorText(std::string_view description);
-
 }  // namespace cb

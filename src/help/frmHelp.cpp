@@ -7,8 +7,6 @@
 #include <QFileInfo>
 #include <QMdiArea>
 #include <QMdiSubWindow>
-#include <QPrintDialog>
-#include <QPrinter>
 #include <QTextBrowser>
 #include <QToolBar>
 #include <QVBoxLayout>
@@ -18,15 +16,14 @@
 #include "artwork/ToolbarIcons.h"
 #include "base/Cp1252.h"
 #include "dialogs/HelpRoutine.h"
-#include "qt/MsgBox.h"
 #include "qt/Twips.h"
+#include "reports/ReportPrint.h"
 
 namespace cb {
 namespace {
 
 constexpr char kCaption[] = "Chattelbook Help";
 constexpr char kHelpDir[] = "/Help/";
-constexpr char kPrinterFailed[] = "The printer did not take the page.";
 
 std::string AppPath() {
   const ModGlobal& g = Globals();
@@ -155,17 +152,6 @@ void frmHelp::SetButtons() {
   cmdNext->setEnabled(history_.NextEnabled());
 }
 
-void frmHelp::Print_Click() {
-  if (WebBrowser1->document()->isEmpty()) {
-    MsgBox(kPrintDisabled, vbOKOnly, kAppTitle);
-    return;
-  }
-  QPrinter printer;
-  QPrintDialog dialog(&printer, this);
-  if (dialog.exec() != QDialog::Accepted) return;
-  WebBrowser1->document()->print(&printer);
-  if (printer.printerState() == QPrinter::Error)
-    MsgBox(QString::fromStdString(PrintErrorText(kPrinterFailed)), vbOKOnly, kAppTitle);
-}
+void frmHelp::Print_Click() { PrintBrowser(*WebBrowser1, "help topic"); }
 
 }  // namespace cb

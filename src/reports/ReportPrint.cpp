@@ -9,16 +9,11 @@
 
 #include "app/MDIMainRules.h"
 #include "qt/MsgBox.h"
+#include "reports/ViewerRules.h"
 
 namespace cb {
 namespace {
 
-constexpr char kPrintDisabled[] = "The Print command is currently disabled.";
-constexpr char kPrintError[] = "Print command Error: ";
-constexpr char kPrintAdvice[] =
-    "\n\nChattelbook is having problems sending commands\n"
-    "directly to the printer.  Try right-clicking on the\n"
-    "report and selecting the 'Print' option.";
 constexpr char kPrinterFailed[] = "The printer could not take the document.";
 
 }  // namespace
@@ -38,7 +33,7 @@ QString PrintDocument(const QTextDocument& document, QPrinter& printer) {
   return printer.printerState() == QPrinter::Error ? QString(kPrinterFailed) : QString();
 }
 
-void PrintBrowser(QTextBrowser& browser, PrintAdvice advice) {
+void PrintBrowser(QTextBrowser& browser, std::string_view topic) {
   if (browser.document()->isEmpty()) {
     MsgBox(kPrintDisabled, vbOKOnly, kAppTitle);
     return;
@@ -49,7 +44,7 @@ void PrintBrowser(QTextBrowser& browser, PrintAdvice advice) {
   if (dialog.exec() != QDialog::Accepted) return;
   const QString error = PrintDocument(*browser.document(), printer);
   if (error.isEmpty()) return;
-  MsgBox(kPrintError + error + (advice == PrintAdvice::ContextMenu ? kPrintAdvice : ""), vbOKOnly, kAppTitle);
+  MsgBox(QString::fromStdString(PrintErrorText(error.toStdString(), topic)), vbOKOnly, kAppTitle);
 }
 
 }  // namespace cb

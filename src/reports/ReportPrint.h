@@ -3,6 +3,7 @@
 // a PDF file, then the document laid out on the printer's pages.
 
 #include <QString>
+#include <string_view>
 
 class QPrinter;
 class QTextBrowser;
@@ -10,14 +11,10 @@ class QTextDocument;
 
 namespace cb {
 
-// Whether an error message ends after the error's description or goes on to
-// advise the context menu's Print.
-enum class PrintAdvice { None, ContextMenu };
-
 // The Print command: a message when the browser has no page to print, else
 // the print dialog and, when it is accepted, the print, with a message when
-// that fails.
-void PrintBrowser(QTextBrowser& browser, PrintAdvice advice);
+// that fails, whose advice names `topic` ("report", "help topic").
+void PrintBrowser(QTextBrowser& browser, std::string_view topic);
 
 // Prints `document` on `printer`, already set up; the description of what
 // went wrong, or an empty string.

@@ -147,7 +147,7 @@ void frmReport::Next_Click() {
   WebBrowser1->ShowPage(file);
 }
 
-void frmReport::Print_Click() { PrintBrowser(*WebBrowser1, PrintAdvice::ContextMenu); }
+void frmReport::Print_Click() { PrintBrowser(*WebBrowser1, "report"); }
 
 void frmReport::Help_Click() { ShowHelp(*this, HelpButton->objectName()); }
 

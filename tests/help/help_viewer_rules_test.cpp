@@ -5,14 +5,6 @@
 namespace cb {
 namespace {
 
-TEST(HelpViewerRules, PrintFailureNamesTheHelpTopic) {
-  EXPECT_EQ(PrintErrorText("Out of paper"),
-            "Print command Error: Out of paper\n\n"
-            "Chattelbook is having problems sending commands\n"
-            "directly to the printer.  Try right-clicking on the\n"
-            "help topic and selecting the 'Print' option.");
-}
-
 // The page shown for a file that cannot be read names it, and a name made
 // of markup stays text.
 TEST(HelpViewerRules, MissingPageShowsTheNameAsText) {

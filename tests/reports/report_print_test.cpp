@@ -60,7 +60,7 @@ TEST_F(ReportPrintTest, AFailedPrintSaysWhyAndWhatElseToTry) {
 
 TEST_F(ReportPrintTest, NothingToPrintIsSaid) {
   ReportBrowser empty;
-  PrintBrowser(empty, PrintAdvice::None);
+  PrintBrowser(empty, "report");
   EXPECT_EQ(messages, QStringList{"Chattelbook: The Print command is currently disabled."});
 }
 

@@ -17,6 +17,17 @@ struct KeyRow {
   std::optional<std::string> key;
 };
 
+// Both viewers print through one routine; only the advice's topic differs.
+TEST(PrintErrorText, AdvisesTheViewersOwnTopic) {
+  for (const std::string_view topic : {"report", "help topic"}) {
+    EXPECT_EQ(PrintErrorText("Out of paper", topic),
+              "Print command Error: Out of paper\n\n"
+              "Chattelbook is having problems sending commands\n"
+              "directly to the printer.  Try right-clicking on the\n" +
+                  std::string(topic) + " and selecting the 'Print' option.");
+  }
+}
+
 TEST(LinkKey, IsEverythingBehindTheFirstQuestionMarkAsWritten) {
   const KeyRow rows[] = {
       {"file:////home/ann/Files/Household.sif?Lounge", "Lounge"},
