@@ -60,7 +60,7 @@ constexpr bool Built(Awaits w) {
     case Awaits::SlideTemplate: return true;
     case Awaits::ReportViewer: return true;
     case Awaits::HelpViewer: return true;
-    case Awaits::CollectionEditor: return false;
+    case Awaits::CollectionEditor: return true;
     case Awaits::BackgroundChooser: return false;
   }
   return false;

@@ -20,6 +20,7 @@
 #include "gallery/GalleryMenuTable.h"
 #include "gallery/ScrollRules.h"
 #include "gallery/dlgRemoveSlide.h"
+#include "gallery/frmModifySlide.h"
 #include "slide/frmSlide.h"
 #include "slide/SlideNames.h"
 
@@ -87,6 +88,7 @@ void frmGallery::CreateMenus() {
     });
   }
   connect(Item(MenuId::SlidesAdd), &QAction::triggered, this, &frmGallery::mnuSlidesAdd_Click);
+  connect(Item(MenuId::SlidesModify), &QAction::triggered, this, &frmGallery::mnuSlidesModify_Click);
   connect(Item(MenuId::Popup1Delete), &QAction::triggered, this, &frmGallery::mnuPopup1Delete_Click);
   connect(Item(MenuId::Popup3Reset), &QAction::triggered, this, &frmGallery::mnuPopupReset_Click);
   for (MenuId what : {MenuId::Popup1What, MenuId::Popup3What, MenuId::Popup4What})
@@ -178,6 +180,13 @@ void frmGallery::mnuSlidesAdd_Click() {
   if (!mc.SaveSettings(errors_)) return;
   NewSlidePath.clear();
   emit CollectionChanged();
+}
+
+void frmGallery::mnuSlidesModify_Click() {
+  frmModifySlide editor;
+  editor.GalleryWindowState = parentWidget() ? parentWidget()->windowState() : windowState();
+  emit CollectionEditorOpened(&editor);
+  editor.exec();
 }
 
 void frmGallery::closeEvent(QCloseEvent* e) {

@@ -1,0 +1,145 @@
+#include <QApplication>
+#include <QCheckBox>
+#include <QListWidget>
+#include <QMdiSubWindow>
+#include <QPushButton>
+#include <QTest>
+#include <functional>
+
+#include "dialogs/frmCommonDialog.h"
+#include "dialogs/frmDirectory.h"
+#include "gallery/frmModifySlide.h"
+#include "support/GalleryFixture.h"
+
+namespace cb {
+namespace {
+
+QStringList Items(const QListWidget& list) {
+  QStringList names;
+  for (int i = 0; i < list.count(); ++i) names << list.item(i)->text();
+  return names;
+}
+
+// Runs `act` once a modal window named `name` is up; fails if none comes.
+void WhenShown(const QString& name, std::function<void(QWidget&)> act, int triesLeft = 500) {
+  QTimer::singleShot(10, [=] {
+    QWidget* w = QApplication::activeModalWidget();
+    if (w && w->objectName() == name && w->isVisible()) return act(*w);
+    if (triesLeft > 0) return WhenShown(name, act, triesLeft - 1);
+    ADD_FAILURE() << name.toStdString() << " never showed";
+    if (w) w->close();
+  });
+}
+
+class ModifySlideWindowTest : public testing::GalleryFixture {
+ protected:
+  // A camera folder of `n` pictures: IMG_1.JPG, IMG_2.JPG, ...
+  void Camera(int n) {
+    QImage picture(8, 6, QImage::Format_RGB32);
+    picture.fill(Qt::darkGreen);
+    std::filesystem::create_directories(app / "Camera");
+    for (int i = 1; i <= n; ++i) picture.save(QString::fromStdString(app / ("Camera/IMG_" + std::to_string(i) + ".JPG")));
+  }
+
+  // Slides > Modify Slide Collection: picks `folder` in the chooser (none cancels), then plays `act` on the editor.
+  void Modify(const std::string& folder, std::function<void(frmModifySlide&)> act) {
+    WhenShown("frmDirectory", [this, folder, act](QWidget& w) {
+      auto& chooser = static_cast<frmDirectory&>(w);
+      if (folder.empty()) return chooser.cmdCancel->click();
+      chooser.Dir1->Path(QString::fromStdString(app / folder));
+      WhenShown("frmModifySlide", [act](QWidget& e) {
+        auto& editor = static_cast<frmModifySlide&>(e);
+        act(editor);
+        if (editor.isVisible()) editor.cmdCancel->click();
+      });
+      chooser.cmdOK->click();
+    });
+    Gallery().Item(MenuId::SlidesModify)->trigger();
+  }
+
+  std::string OnDisk() {
+    ErrorArray errors;
+    EXPECT_TRUE(Mc().LoadSettings(errors));
+    std::string names;
+    for (std::size_t i = 1; i < Globals().Slides.size(); ++i) names += Trim(Globals().Slides[i].Get(Field::PictureFile)) + " ";
+    return names;
+  }
+};
+
+TEST_F(ModifySlideWindowTest, AllOfACameraFolderJoinsTheCollectionAndTheEditorStays) {
+  Start(2);
+  Camera(3);
+  QPointer<frmGallery> before = &Gallery();  // null once that gallery is gone
+  before->parentWidget()->showMaximized();
+  Modify("Camera", [&](frmModifySlide& editor) {
+    EXPECT_EQ(editor.windowTitle(), "Modify Slide Collection");
+    EXPECT_EQ(Items(*editor.lstAvailable), QStringList({"IMG_1.JPG", "IMG_2.JPG", "IMG_3.JPG"}));
+    EXPECT_EQ(Items(*editor.lstSelected), QStringList({"p1.png", "p2.png"}));
+    editor.cmdAddAll->click();
+    EXPECT_EQ(editor.lstAvailable->count(), 0);
+    editor.cmdOK->click();
+    EXPECT_TRUE(editor.isVisible());
+    EXPECT_TRUE(before.isNull());  // built anew...
+    EXPECT_TRUE(TheMDIMain().fGallery()->parentWidget()->isMaximized());  // ...in the state it had
+  });
+  EXPECT_TRUE(messages.isEmpty()) << messages.join("; ").toStdString();
+  EXPECT_EQ(Mc().CurrentlyActiveRoof(), 5);
+  for (int i = 1; i <= 15; ++i) EXPECT_EQ(Gallery().Image1(i)->HasPicture(), i <= 5) << i;
+  EXPECT_TRUE(std::filesystem::exists(app / "Gallery/IMG_3.JPG"));
+  EXPECT_EQ(OnDisk(), "p1.png p2.png IMG_1.JPG IMG_2.JPG IMG_3.JPG ");
+}
+
+TEST_F(ModifySlideWindowTest, ExclusionOffShowsTheWholeFolderAgain) {
+  Start(2);
+  Camera(2);
+  std::filesystem::copy_file(app / "Camera/IMG_1.JPG", app / "Gallery/IMG_1.JPG");
+  Mc().GlobalController().AddSlide(app / "Gallery/IMG_1.JPG", Mc(), Globals().Slides);
+  Modify("Camera", [&](frmModifySlide& editor) {
+    EXPECT_EQ(Items(*editor.lstAvailable), QStringList({"IMG_2.JPG"}));
+    QTest::mouseClick(editor.chkExclude, Qt::LeftButton);
+    EXPECT_EQ(Items(*editor.lstAvailable), QStringList({"IMG_1.JPG", "IMG_2.JPG"}));
+    editor.lstAvailable->item(0)->setSelected(true);
+    editor.cmdAddOne->click();  // a second IMG_1.JPG: an addition
+    EXPECT_EQ(Items(*editor.lstSelected), QStringList({"p1.png", "p2.png", "IMG_1.JPG", "IMG_1.JPG"}));
+    QTest::mouseClick(editor.chkExclude, Qt::LeftButton);
+    EXPECT_EQ(Items(*editor.lstAvailable), QStringList({"IMG_2.JPG"}));
+    editor.cmdOK->click();
+    editor.cmdOK->click();  // the table is applied again
+  });
+  EXPECT_EQ(OnDisk(), "p1.png p2.png IMG_1.JPG IMG_1.JPG IMG_1.JPG ");
+}
+
+TEST_F(ModifySlideWindowTest, NothingToApplyLeavesTheGalleryAlone) {
+  Start(2);
+  std::filesystem::create_directories(app / "Empty");
+  QPointer<frmGallery> before = &Gallery();
+  Modify("Empty", [&](frmModifySlide& editor) {
+    EXPECT_EQ(editor.lstAvailable->count(), 0);
+    EXPECT_EQ(Items(*editor.lstSelected), QStringList({"p1.png", "p2.png"}));
+    editor.lstSelected->item(1)->setSelected(true);
+    editor.cmdRemoveOne->click();
+    editor.lstAvailable->item(0)->setSelected(true);
+    editor.cmdAddOne->click();
+    editor.cmdOK->click();
+  });
+  EXPECT_EQ(TheMDIMain().fGallery(), before.data());
+  Modify("", [](frmModifySlide&) { ADD_FAILURE() << "the editor showed without a folder"; });
+  EXPECT_EQ(TheMDIMain().fGallery(), before.data());
+  EXPECT_EQ(OnDisk(), "p1.png p2.png ");
+}
+
+TEST_F(ModifySlideWindowTest, AnAddThatCannotCopyIsToldPerRow) {
+  Start(2);
+  Camera(1);
+  Modify("Camera", [&](frmModifySlide& editor) {
+    editor.cmdAddAll->click();
+    editor.lstSelected->item(0)->setSelected(true);
+    editor.cmdRemoveOne->click();  // after an addition, a removal is taken as an addition from the camera
+    editor.cmdOK->click();
+  });
+  EXPECT_EQ(messages, QStringList({"Error: Couldn't add record."}));
+  EXPECT_EQ(OnDisk(), "p1.png p2.png IMG_1.JPG p1.png ");
+}
+
+}  // namespace
+}  // namespace cb
