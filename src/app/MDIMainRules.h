@@ -61,7 +61,7 @@ constexpr bool Built(Awaits w) {
     case Awaits::ReportViewer: return true;
     case Awaits::HelpViewer: return true;
     case Awaits::CollectionEditor: return true;
-    case Awaits::BackgroundChooser: return false;
+    case Awaits::BackgroundChooser: return true;
   }
   return false;
 }
