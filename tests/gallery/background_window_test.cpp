@@ -7,6 +7,7 @@
 #include "dialogs/frmCommonDialog.h"
 #include "gallery/frmBackground.h"
 #include "support/GalleryFixture.h"
+#include "support/WhenShown.h"
 #include "support/RowName.h"
 
 namespace cb {
@@ -14,16 +15,7 @@ namespace {
 
 using testing::ReadFile;
 
-// Runs `act` once a modal window named `name` is up; fails if none comes.
-void WhenShown(const QString& name, std::function<void(QWidget&)> act, int triesLeft = 500) {
-  QTimer::singleShot(10, [=] {
-    QWidget* w = QApplication::activeModalWidget();
-    if (w && w->objectName() == name && w->isVisible()) return act(*w);
-    if (triesLeft > 0) return WhenShown(name, act, triesLeft - 1);
-    ADD_FAILURE() << name.toStdString() << " never showed";
-    if (w) w->close();
-  });
-}
+using testing::WhenShown;
 
 // A header field as the file stores it: each character c as 256 - c, padded with blanks.
 std::string Stored(const std::string& text, std::size_t width) {

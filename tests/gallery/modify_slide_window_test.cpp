@@ -10,6 +10,7 @@
 #include "dialogs/frmDirectory.h"
 #include "gallery/frmModifySlide.h"
 #include "support/GalleryFixture.h"
+#include "support/WhenShown.h"
 
 namespace cb {
 namespace {
@@ -20,16 +21,7 @@ QStringList Items(const QListWidget& list) {
   return names;
 }
 
-// Runs `act` once a modal window named `name` is up; fails if none comes.
-void WhenShown(const QString& name, std::function<void(QWidget&)> act, int triesLeft = 500) {
-  QTimer::singleShot(10, [=] {
-    QWidget* w = QApplication::activeModalWidget();
-    if (w && w->objectName() == name && w->isVisible()) return act(*w);
-    if (triesLeft > 0) return WhenShown(name, act, triesLeft - 1);
-    ADD_FAILURE() << name.toStdString() << " never showed";
-    if (w) w->close();
-  });
-}
+using testing::WhenShown;
 
 class ModifySlideWindowTest : public testing::GalleryFixture {
  protected:
