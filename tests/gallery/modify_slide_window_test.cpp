@@ -1,13 +1,18 @@
 #include <QApplication>
 #include <QCheckBox>
+#include <QLabel>
 #include <QListWidget>
 #include <QMdiSubWindow>
+#include <QProgressBar>
 #include <QPushButton>
 #include <QTest>
+#include <QTimer>
 #include <functional>
 
 #include "dialogs/frmCommonDialog.h"
 #include "dialogs/frmDirectory.h"
+#include "dialogs/frmLoading.h"
+#include "app/Forms.h"
 #include "gallery/frmModifySlide.h"
 #include "support/GalleryFixture.h"
 #include "support/WhenShown.h"
@@ -131,6 +136,38 @@ TEST_F(ModifySlideWindowTest, AnAddThatCannotCopyIsToldPerRow) {
   });
   EXPECT_EQ(messages, QStringList({"Error: Couldn't add record."}));
   EXPECT_EQ(OnDisk(), "p1.png p2.png IMG_1.JPG p1.png ");
+}
+
+TEST_F(ModifySlideWindowTest, OkShowsProgressAndKeepsEventsRunningWhileItCopies) {
+  Start(2);
+  Camera(4);
+  struct Seen {
+    bool timerRan = false, loadingShown = false, editorGreyed = false;
+    QString text;
+    int max = 0;
+  } seen;
+  Modify("Camera", [&](frmModifySlide& editor) {
+    editor.cmdAddAll->click();
+    // A timer due at once runs only if OK lets events through while it works.
+    QTimer::singleShot(0, [&] {
+      seen.timerRan = true;
+      seen.loadingShown = TheLoading().isVisible();
+      seen.text = TheLoading().lblText->text();
+      seen.max = TheLoading().ProgressBar1->maximum();
+      seen.editorGreyed = !editor.isEnabled();
+      editor.cmdCancel->click();  // refused while the changes are applied
+    });
+    editor.cmdOK->click();
+    EXPECT_TRUE(editor.isVisible());
+    EXPECT_TRUE(editor.isEnabled());
+    EXPECT_FALSE(FindOpenForm("frmLoading") && FindOpenForm("frmLoading")->isVisible());
+  });
+  EXPECT_TRUE(seen.timerRan);
+  EXPECT_TRUE(seen.loadingShown);
+  EXPECT_EQ(seen.text, "Updating the slide collection...");
+  EXPECT_EQ(seen.max, 4);
+  EXPECT_TRUE(seen.editorGreyed);
+  EXPECT_EQ(OnDisk(), "p1.png p2.png IMG_1.JPG IMG_2.JPG IMG_3.JPG IMG_4.JPG ");
 }
 
 }  // namespace
