@@ -24,7 +24,8 @@ void MDIMain::SetBackground() {
   frmBackground chooser;
   background_ = &chooser;
   connect(&chooser, &frmBackground::BackgroundChanged, this, &MDIMain::fBackground_BackgroundChanged);
-  connect(&chooser, &frmBackground::SamplesLoaded, this, [this] { Menu(MenuId::Window)->menuAction()->setEnabled(true); });
+  connect(&chooser, &frmBackground::SamplesLoaded, this,
+          [this] { Menu(MenuId::Window)->menuAction()->setEnabled(true); });
   chooser.exec();
 }
 
@@ -35,8 +36,8 @@ void MDIMain::fBackground_BackgroundChanged() {
 
 void MDIMain::mnuFileWallpaper_Click() {
   UIMainController& mc = *Globals().MainController;
-  frmCommonDialog& d =
-      RunCommonDialog(kWallpaperTitle, PathToQ(mc.AppPath() + kWallpaperFolder), kWallpaperPattern, {kWallpaperType, kAllFilesType});
+  frmCommonDialog& d = RunCommonDialog(kWallpaperTitle, PathToQ(mc.AppPath() + kWallpaperFolder), kWallpaperPattern,
+                                       {kWallpaperType, kAllFilesType});
   const QString name = d.FileListBox1->FileName();
   if (name.isEmpty() || d.Cancelled) return;
   // A picture that will not load leaves the old one on show; its name is stored all the same.

@@ -20,7 +20,8 @@ void UIModifySlideController::MoveSelected(NameList& from, NameList& to, const s
     UpdateChanges(i, to.back());
   }
   // Each removal moves the later names up by one.
-  for (std::size_t m = 0; m < picked.size(); ++m) from.erase(from.begin() + (picked[m] - static_cast<std::ptrdiff_t>(m)));
+  for (std::size_t m = 0; m < picked.size(); ++m)
+    from.erase(from.begin() + (picked[m] - static_cast<std::ptrdiff_t>(m)));
 }
 
 void UIModifySlideController::MoveAll(NameList& from, NameList& to) {
@@ -41,8 +42,7 @@ void UIModifySlideController::ExcludeDuplicates(bool exclude, NameList& availabl
     if (const auto it = std::ranges::find(available, name); it != available.end()) available.erase(it);
 }
 
-bool UIModifySlideController::DeleteSlide(const std::string& fileName, UIMainController& mc,
-                                          SlideArray& slides) const {
+bool UIModifySlideController::DeleteSlide(const std::string& fileName, UIMainController& mc, SlideArray& slides) const {
   // The records hold the name in the files' code page.
   return global_.DeleteSlideMSC(Utf8ToCp1252Lossy(fileName), mc, slides);
 }

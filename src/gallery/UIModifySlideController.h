@@ -23,9 +23,9 @@ using NameList = std::vector<std::string>;
 
 // What applying one row did.
 struct AppliedRow {
-  std::int32_t row;   // 1-based
-  bool added;         // an addition (else a removal)
-  bool done;          // false when the add or removal failed
+  std::int32_t row;  // 1-based
+  bool added;        // an addition (else a removal)
+  bool done;         // false when the add or removal failed
 };
 
 class UIModifySlideController {

@@ -9,10 +9,10 @@
 #include <type_traits>
 
 #include "app/Forms.h"
-#include "dialogs/frmLoading.h"
 #include "app/modGlobal.h"
 #include "dialogs/HelpRoutine.h"
 #include "dialogs/frmDirectory.h"
+#include "dialogs/frmLoading.h"
 #include "qt/MsgBox.h"
 #include "qt/Twips.h"
 
@@ -28,7 +28,7 @@ constexpr char kApplyingText[] = "Updating the slide collection...";
 
 struct Control {
   const char* name;
-  const char* caption;  // also the accessible name
+  const char* caption;              // also the accessible name
   double left, top, width, height;  // twips
 };
 // In tab order: the two lists, the transfers between them, the check box, the buttons.
@@ -95,8 +95,8 @@ frmModifySlide::frmModifySlide() {
 }
 
 void frmModifySlide::PlaceControls() {
-  QWidget* controls[] = {Label1,    lstAvailable, cmdAddOne, cmdAddAll, cmdRemoveOne, cmdRemoveAll,
-                         Label2,    lstSelected,  chkExclude, cmdOK,    cmdCancel,    cmdHelp};
+  QWidget* controls[] = {Label1, lstAvailable, cmdAddOne,  cmdAddAll, cmdRemoveOne, cmdRemoveAll,
+                         Label2, lstSelected,  chkExclude, cmdOK,     cmdCancel,    cmdHelp};
   static_assert(std::extent_v<decltype(controls)> == std::size(kControls));
   for (std::size_t i = 0; i < std::size(kControls); ++i) {
     const Control& c = kControls[i];
@@ -176,12 +176,11 @@ void frmModifySlide::cmdOK_Click() {
   loading.SetPBMax(rows);
   loading.ProgressBar1->setValue(0);
   loading.show();
-  controller_.ApplyChanges(PathFromQ(SourceDirectory), Names(*lstSelected), mc, g.Slides,
-                           [&](const AppliedRow& row) {
-                             if (!row.done) MsgBox(row.added ? kCouldNotAdd : kCouldNotDelete, vbCritical, kErrorTitle);
-                             TheLoading().ProgressBar1->setValue(row.row);
-                             QCoreApplication::processEvents();
-                           });
+  controller_.ApplyChanges(PathFromQ(SourceDirectory), Names(*lstSelected), mc, g.Slides, [&](const AppliedRow& row) {
+    if (!row.done) MsgBox(row.added ? kCouldNotAdd : kCouldNotDelete, vbCritical, kErrorTitle);
+    TheLoading().ProgressBar1->setValue(row.row);
+    QCoreApplication::processEvents();
+  });
   UnloadLoading();
   setEnabled(true);
   applying_ = false;

@@ -7,8 +7,8 @@
 #include "dialogs/frmCommonDialog.h"
 #include "gallery/frmBackground.h"
 #include "support/GalleryFixture.h"
-#include "support/WhenShown.h"
 #include "support/RowName.h"
+#include "support/WhenShown.h"
 
 namespace cb {
 namespace {

@@ -78,8 +78,8 @@ TEST(ExcludeDuplicatesTest, HidesOneMatchPerSelectedNameAndUncheckingBringsAllBa
 class ModifyCollectionTest : public testing::SifFixture {
  protected:
   ModifyCollectionTest() {
-    for (const char* f : {"Gallery/x.jpg", "Gallery/y.jpg", "Camera/a.jpg", "Camera/IMG_2.JPG", "Camera/note.txt",
-                          "Camera/old.jpeg"})
+    for (const char* f :
+         {"Gallery/x.jpg", "Gallery/y.jpg", "Camera/a.jpg", "Camera/IMG_2.JPG", "Camera/note.txt", "Camera/old.jpeg"})
       WriteFile(app / f, f);
     std::filesystem::create_directories(app / "Camera/sub.jpg");
     std::filesystem::create_directories(app / "Empty");

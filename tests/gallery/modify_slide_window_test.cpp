@@ -9,10 +9,10 @@
 #include <QTimer>
 #include <functional>
 
+#include "app/Forms.h"
 #include "dialogs/frmCommonDialog.h"
 #include "dialogs/frmDirectory.h"
 #include "dialogs/frmLoading.h"
-#include "app/Forms.h"
 #include "gallery/frmModifySlide.h"
 #include "support/GalleryFixture.h"
 #include "support/WhenShown.h"
@@ -35,7 +35,8 @@ class ModifySlideWindowTest : public testing::GalleryFixture {
     QImage picture(8, 6, QImage::Format_RGB32);
     picture.fill(Qt::darkGreen);
     std::filesystem::create_directories(app / "Camera");
-    for (int i = 1; i <= n; ++i) picture.save(QString::fromStdString(app / ("Camera/IMG_" + std::to_string(i) + ".JPG")));
+    for (int i = 1; i <= n; ++i)
+      picture.save(QString::fromStdString(app / ("Camera/IMG_" + std::to_string(i) + ".JPG")));
   }
 
   // Slides > Modify Slide Collection: picks `folder` in the chooser (none cancels), then plays `act` on the editor.
@@ -58,7 +59,8 @@ class ModifySlideWindowTest : public testing::GalleryFixture {
     ErrorArray errors;
     EXPECT_TRUE(Mc().LoadSettings(errors));
     std::string names;
-    for (std::size_t i = 1; i < Globals().Slides.size(); ++i) names += Trim(Globals().Slides[i].Get(Field::PictureFile)) + " ";
+    for (std::size_t i = 1; i < Globals().Slides.size(); ++i)
+      names += Trim(Globals().Slides[i].Get(Field::PictureFile)) + " ";
     return names;
   }
 };
@@ -76,7 +78,7 @@ TEST_F(ModifySlideWindowTest, AllOfACameraFolderJoinsTheCollectionAndTheEditorSt
     EXPECT_EQ(editor.lstAvailable->count(), 0);
     editor.cmdOK->click();
     EXPECT_TRUE(editor.isVisible());
-    EXPECT_TRUE(before.isNull());  // built anew...
+    EXPECT_TRUE(before.isNull());                                         // built anew...
     EXPECT_TRUE(TheMDIMain().fGallery()->parentWidget()->isMaximized());  // ...in the state it had
   });
   EXPECT_TRUE(messages.isEmpty()) << messages.join("; ").toStdString();
