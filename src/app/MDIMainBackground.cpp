@@ -2,6 +2,7 @@
 // wallpaper behind the main window's children.
 #include <QImage>
 #include <QMenu>
+#include <QTimer>
 
 #include "app/MDIMain.h"
 #include "app/modGlobal.h"
@@ -31,7 +32,9 @@ void MDIMain::SetBackground() {
 
 void MDIMain::fBackground_BackgroundChanged() {
   Globals().MainController->SaveSettings(errors_);  // a failed save still shows the new frame
-  RebuildGallery();
+  // The chooser may have come from the gallery's own popup, which is still
+  // handling its click: the gallery goes once that is over.
+  QTimer::singleShot(0, this, &MDIMain::RebuildGallery);
 }
 
 void MDIMain::mnuFileWallpaper_Click() {

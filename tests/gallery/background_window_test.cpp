@@ -113,6 +113,10 @@ TEST_P(BackgroundChoiceTest, ClickOnASampleChoosesIt) {
   GetParam().open();
   EXPECT_EQ(TheMDIMain().fBackground(), nullptr);
   EXPECT_EQ(Mc().BackgroundImage(), GetParam().chosen);
+  // The gallery's popup is still handling its click when the command returns:
+  // the gallery must outlive it and go only afterwards.
+  EXPECT_FALSE(gallery.isNull());
+  QCoreApplication::processEvents();
   EXPECT_EQ(gallery.isNull(), GetParam().rebuilt);
   if (!GetParam().rebuilt) {
     EXPECT_EQ(Header(), before);
