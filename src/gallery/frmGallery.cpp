@@ -1,10 +1,13 @@
 #include "gallery/frmGallery.h"
 
 #include <QAction>
+#include <QApplication>
 #include <QCloseEvent>
 #include <QMdiSubWindow>
 #include <QMenu>
+#include <QPointer>
 #include <QScrollBar>
+#include <QTimer>
 #include <cmath>
 
 #include "app/Forms.h"
@@ -183,10 +186,16 @@ void frmGallery::mnuSlidesAdd_Click() {
 }
 
 void frmGallery::mnuSlidesModify_Click() {
-  frmModifySlide editor;
-  editor.GalleryWindowState = parentWidget() ? parentWidget()->windowState() : windowState();
-  emit CollectionEditorOpened(&editor);
-  editor.exec();
+  // The editor's OK replaces this gallery, menus and all, so it runs once the
+  // menu that chose it has finished with its click, and from the application,
+  // not from this window.
+  QTimer::singleShot(0, qApp, [self = QPointer<frmGallery>(this)] {
+    if (!self) return;
+    frmModifySlide editor;
+    editor.GalleryWindowState = self->parentWidget() ? self->parentWidget()->windowState() : self->windowState();
+    emit self->CollectionEditorOpened(&editor);
+    editor.exec();
+  });
 }
 
 void frmGallery::closeEvent(QCloseEvent* e) {

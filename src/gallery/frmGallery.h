@@ -44,8 +44,8 @@ class frmGallery : public QWidget {
   void ShowEditSlide(std::int32_t slideTemplate);
 
   void mnuSlidesAdd_Click();
-  // Opens the collection editor; its OK may rebuild the gallery, so nothing
-  // of this window is touched once the editor has closed.
+  // Opens the collection editor as soon as events run; its OK may rebuild
+  // the gallery, so nothing of this window is touched once the editor is up.
   void mnuSlidesModify_Click();
   void mnuPopup1Delete_Click();
   void mnuPopupReset_Click();

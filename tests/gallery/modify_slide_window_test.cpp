@@ -41,7 +41,9 @@ class ModifySlideWindowTest : public testing::GalleryFixture {
 
   // Slides > Modify Slide Collection: picks `folder` in the chooser (none cancels), then plays `act` on the editor.
   void Modify(const std::string& folder, std::function<void(frmModifySlide&)> act) {
-    WhenShown("frmDirectory", [this, folder, act](QWidget& w) {
+    bool asked = false;
+    WhenShown("frmDirectory", [this, folder, act, &asked](QWidget& w) {
+      asked = true;
       auto& chooser = static_cast<frmDirectory&>(w);
       if (folder.empty()) return chooser.cmdCancel->click();
       chooser.Dir1->Path(QString::fromStdString(app / folder));
@@ -52,7 +54,12 @@ class ModifySlideWindowTest : public testing::GalleryFixture {
       });
       chooser.cmdOK->click();
     });
+    // The editor opens once the menu's click is over, when events next run:
+    // its OK replaces the gallery, and the menu with it.
     Gallery().Item(MenuId::SlidesModify)->trigger();
+    EXPECT_FALSE(asked);
+    QCoreApplication::processEvents();
+    EXPECT_TRUE(asked);
   }
 
   std::string OnDisk() {
