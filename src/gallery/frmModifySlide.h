@@ -67,7 +67,7 @@ class frmModifySlide : public QDialog {
  private:
   bool Form_Load();
   void PlaceControls();
-  // Moves names with `move` from one list to the other and shows the result.
+  // Moves the picked names (or all) from one list to the other and shows both.
   void Transfer(QListWidget* from, QListWidget* to, bool all);
 
   UIModifySlideController controller_;
