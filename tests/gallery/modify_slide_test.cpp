@@ -7,7 +7,6 @@
 namespace cb {
 namespace {
 
-using testing::ReadFile;
 using testing::Slide;
 using testing::WriteFile;
 
@@ -28,6 +27,16 @@ struct Move {
   const char* button;
   std::vector<std::int16_t> picked;
 };
+
+void Play(UIModifySlideController& c, NameList& available, NameList& selected, const std::vector<Move>& moves) {
+  for (const Move& m : moves) {
+    const std::string b = m.button;
+    if (b == ">") c.MoveSelected(available, selected, m.picked);
+    if (b == "<") c.MoveSelected(selected, available, m.picked);
+    if (b == ">>") c.MoveAll(available, selected);
+    if (b == "<<") c.MoveAll(selected, available);
+  }
+}
 
 struct MoveRow {
   const char* name;
@@ -52,13 +61,7 @@ class MoveTest : public ::testing::TestWithParam<MoveRow> {};
 TEST_P(MoveTest, TableOfChangesFollowsTheMoves) {
   UIModifySlideController c;
   NameList available{"a", "b", "c"}, selected{"x", "y"};
-  for (const Move& m : GetParam().moves) {
-    const std::string b = m.button;
-    if (b == ">") c.MoveSelected(available, selected, m.picked);
-    if (b == "<") c.MoveSelected(selected, available, m.picked);
-    if (b == ">>") c.MoveAll(available, selected);
-    if (b == "<<") c.MoveAll(selected, available);
-  }
+  Play(c, available, selected, GetParam().moves);
   EXPECT_EQ(Joined(available), GetParam().available);
   EXPECT_EQ(Joined(selected), GetParam().selected);
   EXPECT_EQ(Rows(c), GetParam().changes);
@@ -85,28 +88,9 @@ class ModifyCollectionTest : public testing::SifFixture {
     std::filesystem::create_directories(app / "Empty");
   }
 
-  // A collection of the named slides.
-  UIMainController& Collection(std::initializer_list<const char*> names) {
-    UIMainController& mc = Start();
-    g.Slides.assign(1, SlideRecord());
-    for (const char* n : names) g.Slides.push_back(Slide({{Field::PictureFile, n}}));
-    mc.NumberOfRecords(static_cast<std::int32_t>(names.size()));
-    return mc;
-  }
-
   std::string Names() const {
     std::string out;
     for (std::size_t i = 1; i < g.Slides.size(); ++i) out += Trim(g.Slides[i].Get(Field::PictureFile)) + " ";
-    return out;
-  }
-
-  // Applies the table; returns each row as "+" or "-" for an addition or removal, "!" after a failed one.
-  std::string Apply(const UIModifySlideController& c, const std::string& source, const NameList& selected) {
-    std::string out;
-    c.ApplyChanges(source, selected, *g.MainController, g.Slides, [&](const AppliedRow& r) {
-      out += r.added ? "+" : "-";
-      if (!r.done) out += "!";
-    });
     return out;
   }
 };
@@ -123,70 +107,60 @@ TEST_F(ModifyCollectionTest, LoadDirectoryListsPicturesWhateverTheirCase) {
   EXPECT_EQ(files, (std::vector<std::string>{"", p + "a.jpg", p + "IMG_2.JPG", p, ""}));
 }
 
-TEST_F(ModifyCollectionTest, AddingCopiesAndSecondApplyAddsAgain) {
-  Collection({"x.jpg"});
+// Moves on the two lists, then OK pressed `oks` times.
+struct ApplyRow {
+  const char* name;
+  NameList collection, available;
+  std::vector<Move> moves;
+  const char* source;  // the folder chosen
+  int oks;
+  const char* applied;  // per row: "+" added, "-" removed, "!" after one that failed
+  const char* after;    // the collection's pictures afterwards
+};
+
+// clang-format off
+const ApplyRow kApplies[] = {
+    {"adds_copy_and_a_second_ok_adds_again", {"x.jpg"}, {"a.jpg", "IMG_2.JPG"}, {{">>", {}}}, "Camera", 2,
+     "++++", "x.jpg a.jpg IMG_2.JPG a.jpg IMG_2.JPG "},
+    {"removal_before_any_addition_removes", {"x.jpg", "y.jpg"}, {"a.jpg"}, {{"<", {0}}, {">", {0}}}, "Camera", 1,
+     "-+", "y.jpg a.jpg "},
+    // Found is never cleared: after the first addition a removal is taken as one too,
+    // and y.jpg is not in the camera folder.
+    {"removal_after_an_addition_adds", {"x.jpg", "y.jpg"}, {"a.jpg"}, {{">", {0}}, {"<", {0}}}, "Camera", 1,
+     "++!", "x.jpg y.jpg a.jpg x.jpg "},
+    {"gallery_folder_itself_appends_without_copying", {"x.jpg"}, {"y.jpg"}, {{">>", {}}}, "Gallery", 1,
+     "+", "x.jpg y.jpg "},
+    // Rows are toggled by name: moving both cancels out and nothing is removed.
+    {"both_slides_of_a_shared_name", {"x.jpg", "y.jpg", "x.jpg"}, {}, {{"<", {0, 2}}}, "Camera", 1,
+     "", "x.jpg y.jpg x.jpg "},
+    // The other x.jpg still stands in the list, so the row is an addition from the chosen folder.
+    {"one_slide_of_a_shared_name", {"x.jpg", "y.jpg", "x.jpg"}, {}, {{"<", {2}}}, "Gallery", 1,
+     "+", "x.jpg y.jpg x.jpg x.jpg "},
+};
+// clang-format on
+
+class ApplyTest : public ModifyCollectionTest, public ::testing::WithParamInterface<ApplyRow> {};
+
+TEST_P(ApplyTest, OkAppliesTheTableOfChanges) {
+  UIMainController& mc = Start();
+  g.Slides.assign(1, SlideRecord());
+  for (const std::string& n : GetParam().collection) g.Slides.push_back(Slide({{Field::PictureFile, n}}));
+  mc.NumberOfRecords(static_cast<std::int32_t>(GetParam().collection.size()));
   UIModifySlideController c;
-  NameList available{"a.jpg", "IMG_2.JPG"}, selected{"x.jpg"};
-  c.MoveAll(available, selected);
-  EXPECT_EQ(Apply(c, app / "Camera", selected), "++");
-  EXPECT_EQ(Names(), "x.jpg a.jpg IMG_2.JPG ");
-  EXPECT_EQ(ReadFile(app / "Gallery/IMG_2.JPG"), "Camera/IMG_2.JPG");
-  EXPECT_EQ(Apply(c, app / "Camera", selected), "++");
-  EXPECT_EQ(Names(), "x.jpg a.jpg IMG_2.JPG a.jpg IMG_2.JPG ");
-  EXPECT_EQ(g.MainController->NumberOfRecords(), 5);
+  NameList available = GetParam().available, selected = GetParam().collection;
+  Play(c, available, selected, GetParam().moves);
+  std::string applied;
+  for (int k = 0; k < GetParam().oks; ++k)
+    c.ApplyChanges(app / GetParam().source, selected, mc, g.Slides, [&](const AppliedRow& r) {
+      applied += r.added ? "+" : "-";
+      if (!r.done) applied += "!";
+    });
+  EXPECT_EQ(applied, GetParam().applied);
+  EXPECT_EQ(Names(), GetParam().after);
+  EXPECT_EQ(mc.NumberOfRecords(), static_cast<std::int32_t>(g.Slides.size()) - 1);
 }
 
-TEST_F(ModifyCollectionTest, RemovalBeforeAnyAdditionRemoves) {
-  Collection({"x.jpg", "y.jpg"});
-  UIModifySlideController c;
-  NameList available{"a.jpg"}, selected{"x.jpg", "y.jpg"};
-  c.MoveSelected(selected, available, {0});
-  c.MoveSelected(available, selected, {0});
-  EXPECT_EQ(Apply(c, app / "Camera", selected), "-+");
-  EXPECT_EQ(Names(), "y.jpg a.jpg ");
-}
-
-TEST_F(ModifyCollectionTest, FoundIsNeverClearedSoALaterRemovalIsAnAddition) {
-  Collection({"x.jpg", "y.jpg"});
-  UIModifySlideController c;
-  NameList available{"a.jpg"}, selected{"x.jpg", "y.jpg"};
-  c.MoveSelected(available, selected, {0});
-  c.MoveSelected(selected, available, {0});
-  // y.jpg is not in the camera folder: the copy fails and the record stays all the same.
-  EXPECT_EQ(Apply(c, app / "Camera", selected), "++!");
-  EXPECT_EQ(Names(), "x.jpg y.jpg a.jpg x.jpg ");
-}
-
-TEST_F(ModifyCollectionTest, GalleryFolderItselfAppendsWithoutCopying) {
-  Collection({"x.jpg"});
-  UIModifySlideController c;
-  std::vector<std::string> files;
-  c.LoadDirectory(app / "Gallery/", files, false);
-  NameList available(files.begin() + 1, files.end()), selected{"x.jpg"};
-  UIModifySlideController::ExcludeDuplicates(true, available, selected, files);
-  ASSERT_EQ(Joined(available), "y.jpg ");
-  c.MoveAll(available, selected);
-  EXPECT_EQ(Apply(c, app / "Gallery", selected), "+");  // a copy onto itself would fail
-  EXPECT_EQ(Names(), "x.jpg y.jpg ");
-}
-
-// Rows are toggled by name and OK looks names up in the collection's list.
-TEST_F(ModifyCollectionTest, NameTwoSlidesShare) {
-  Collection({"x.jpg", "y.jpg", "x.jpg"});
-  UIModifySlideController both;
-  NameList available, selected{"x.jpg", "y.jpg", "x.jpg"};
-  both.MoveSelected(selected, available, {0, 2});
-  EXPECT_EQ(Rows(both), "");  // moving both cancels out: nothing is removed
-  EXPECT_EQ(Apply(both, app / "Camera", selected), "");
-
-  UIModifySlideController one;
-  available.clear();
-  selected = {"x.jpg", "y.jpg", "x.jpg"};
-  one.MoveSelected(selected, available, {2});
-  // The other x.jpg still stands in the list, so the row is an addition, from the chosen folder.
-  EXPECT_EQ(Apply(one, app / "Gallery", selected), "+");
-  EXPECT_EQ(Names(), "x.jpg y.jpg x.jpg x.jpg ");
-}
+INSTANTIATE_TEST_SUITE_P(Rows, ApplyTest, ::testing::ValuesIn(kApplies), testing::RowName());
 
 }  // namespace
 }  // namespace cb
