@@ -34,6 +34,7 @@ frmBackground::frmBackground() {
   for (int i = 1; i <= kGalleryCells; ++i) {
     auto* image = new StretchImage(Picture1);
     image->setObjectName(QString("Image1(%1)").arg(i));
+    image->setAccessibleName(QString("Sample %1").arg(i));  // a loaded sample is named by its file
     const ElementRect& r = design.Image1(FrameOf(i));
     image->setGeometry(TwipsRect(r.Left, r.Top, r.Width, r.Height));
     image->setCursor(Qt::PointingHandCursor);
@@ -64,6 +65,7 @@ void frmBackground::Form_Load() {
     QImage picture;
     if (LoadPicture(PathToQ(dir + name), picture, Image1(i)->size()) != RtError::None) return;
     Image1(i)->SetPicture(std::move(picture));
+    Image1(i)->setAccessibleName(PathToQ(name));
   }
   emit SamplesLoaded();
 }

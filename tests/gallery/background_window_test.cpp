@@ -64,6 +64,9 @@ TEST_P(BackgroundSampleTest, OffersTheFirstFifteenFramesColumnByColumn) {
       const bool offered = i <= GetParam().offered;
       EXPECT_EQ(Globals().BackgroundNames[static_cast<std::size_t>(i)], offered ? FrameName(i).substr(11) : "") << i;
       EXPECT_EQ(chooser.Image1(i)->HasPicture(), offered) << i;
+      if (offered) {
+        EXPECT_EQ(chooser.Image1(i)->accessibleName().toStdString(), FrameName(i).substr(11));
+      }
     }
     // Column by column, as the gallery's cells: the fourth sample heads the second column.
     EXPECT_EQ(chooser.Image1(4)->geometry().top(), chooser.Image1(1)->geometry().top());
