@@ -36,7 +36,9 @@ void MDIMain::mnuFileGallery_Click() {
     ApplyToolbar(ToolbarEvent::GalleryActivated);
   });
   connect(gallery_, &frmGallery::PageLoaded, this, [this] { Menu(MenuId::Window)->menuAction()->setEnabled(true); });
-  connect(gallery_, &frmGallery::CollectionChanged, this, &MDIMain::RebuildGallery);
+  // Queued: the menu or popup whose command changed the collection belongs to
+  // the gallery and is still handling its click.
+  connect(gallery_, &frmGallery::CollectionChanged, this, &MDIMain::RebuildGallery, Qt::QueuedConnection);
   connect(gallery_, &frmGallery::SlideOpened, this, &MDIMain::AddSlideWindow);
   connect(gallery_, &frmGallery::CollectionEditorOpened, this, [this](frmModifySlide* editor) {
     connect(editor, &frmModifySlide::CollectionChanged, this, [this, editor] {
