@@ -13,7 +13,6 @@ namespace cb {
 namespace {
 
 constexpr char kCaption[] = "Select Slide Directory";
-constexpr char kHelpPage[] = "help002.htm";
 
 struct Control {
   const char* name;
@@ -63,7 +62,7 @@ frmDirectory::frmDirectory() {
   connect(cmdOK, &QPushButton::clicked, this, &frmDirectory::cmdOK_Click);
   connect(cmdCancel, &QPushButton::clicked, this, &frmDirectory::cmdCancel_Click);
   connect(cmdHelp, &QPushButton::clicked, this, &frmDirectory::cmdHelp_Click);
-  InstallF1(*this, kHelpPage);
+  InstallF1(*this);
 }
 
 void frmDirectory::showEvent(QShowEvent* e) {
@@ -90,7 +89,7 @@ void frmDirectory::cmdOK_Click() {
 
 void frmDirectory::cmdCancel_Click() { reject(); }
 
-void frmDirectory::cmdHelp_Click() { CloseWithHelp(*this, kHelpPage); }
+void frmDirectory::cmdHelp_Click() { CloseWithHelp(*this); }
 
 void frmDirectory::reject() {
   SelectedPath.clear();

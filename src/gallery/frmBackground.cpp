@@ -14,7 +14,6 @@ namespace cb {
 namespace {
 
 constexpr char kCaption[] = "Background Images";
-constexpr char kHelpPage[] = "help014.htm";
 // The samples fill the design area of the gallery's grid; the frame adds the rest of 6720 x 5085.
 constexpr double kClientWidth = 6615, kClientHeight = 4695;
 
@@ -42,7 +41,7 @@ frmBackground::frmBackground() {
     images_[static_cast<std::size_t>(i - 1)] = image;
   }
   setFixedSize(TwipsToPixelsX(kClientWidth), TwipsToPixelsY(kClientHeight));
-  InstallF1(*this, kHelpPage);
+  InstallF1(*this);
 }
 
 int frmBackground::exec() {

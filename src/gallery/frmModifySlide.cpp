@@ -20,7 +20,6 @@ namespace cb {
 namespace {
 
 constexpr char kCaption[] = "Modify Slide Collection";
-constexpr char kHelpPage[] = "help009.htm";
 constexpr char kCouldNotAdd[] = "Couldn't add record.";
 constexpr char kCouldNotDelete[] = "Couldn't delete record.";
 constexpr char kErrorTitle[] = "Error";
@@ -91,7 +90,7 @@ frmModifySlide::frmModifySlide() {
   connect(cmdOK, &QPushButton::clicked, this, &frmModifySlide::cmdOK_Click);
   connect(cmdCancel, &QPushButton::clicked, this, &frmModifySlide::reject);
   connect(cmdHelp, &QPushButton::clicked, this, &frmModifySlide::cmdHelp_Click);
-  InstallF1(*this, kHelpPage);
+  InstallF1(*this);
 }
 
 void frmModifySlide::PlaceControls() {
@@ -189,7 +188,7 @@ void frmModifySlide::cmdOK_Click() {
   emit CollectionChanged();
 }
 
-void frmModifySlide::cmdHelp_Click() { CloseWithHelp(*this, kHelpPage); }
+void frmModifySlide::cmdHelp_Click() { CloseWithHelp(*this); }
 
 void frmModifySlide::reject() {
   if (!applying_) QDialog::reject();
