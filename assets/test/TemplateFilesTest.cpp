@@ -104,6 +104,35 @@ TEST(Installation, EveryFrameIsOfferedByTheChooser) {
   for (const QString& frame : frames) EXPECT_EQ(PictureFault(dir.filePath(frame).toStdString()), "");
 }
 
+// Mean difference of grey between the pixels (x, y) and (x + dx, y + dy), wrapping at the edges,
+// over the column x = `at` when dx is set, else over the row y = `at`.
+double Step(const QImage& img, int at, int dx, int dy) {
+  const int n = dx ? img.height() : img.width();
+  double sum = 0;
+  for (int k = 0; k < n; ++k) {
+    const int x = dx ? at : k, y = dx ? k : at;
+    sum += std::abs(qGray(img.pixel(x, y)) - qGray(img.pixel((x + dx) % img.width(), (y + dy) % img.height())));
+  }
+  return sum / n;
+}
+
+TEST(Installation, WallpapersTileWithoutASeam) {
+  // The main window repeats a wallpaper from its top left: across the edge it
+  // must change no more than between any two neighbouring columns or rows.
+  const QDir dir(QString::fromStdString(kAppDir + "/Wallpaper"));
+  const QStringList wallpapers = dir.entryList({"*.jpg"}, QDir::Files);
+  EXPECT_GE(wallpapers.size(), 3);
+  for (const QString& name : wallpapers) {
+    const QImage img(dir.filePath(name));
+    ASSERT_FALSE(img.isNull()) << name.toStdString();
+    double across = 0, down = 0;
+    for (int x = 0; x + 1 < img.width(); ++x) across = std::max(across, Step(img, x, 1, 0));
+    for (int y = 0; y + 1 < img.height(); ++y) down = std::max(down, Step(img, y, 0, 1));
+    EXPECT_LE(Step(img, img.width() - 1, 1, 0), across * 1.1) << name.toStdString();
+    EXPECT_LE(Step(img, img.height() - 1, 0, 1), down * 1.1) << name.toStdString();
+  }
+}
+
 TEST(Installation, GalleryNamesFitTheirField) {
   const QDir dir(QString::fromStdString(kAppDir + "/Gallery"));
   const QStringList pictures = dir.entryList(QDir::Files);

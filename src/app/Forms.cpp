@@ -8,6 +8,7 @@
 #include "dialogs/frmLoading.h"
 #include "app/frmSplash.h"
 #include "dialogs/HelpRoutine.h"
+#include "dialogs/frmDirectory.h"
 
 namespace cb {
 namespace {
@@ -50,6 +51,7 @@ void UnloadForms() {
   UnloadHelp();
   Unload<frmSplash>();
   Unload<frmLoading>();
+  UnloadDirectory();
   Unload<MDIMain>();
 }
 

@@ -23,15 +23,16 @@ namespace cb {
 
 void WallpaperArea::SetPicture(QImage picture) {
   picture_ = std::move(picture);
+  tile_ = QPixmap::fromImage(picture_);
   viewport()->update();
 }
 
 void WallpaperArea::paintEvent(QPaintEvent* e) {
   QMdiArea::paintEvent(e);
-  if (picture_.isNull()) return;
+  if (tile_.isNull()) return;
+  // Never stretched: a picture smaller than the area repeats, as the shipped wallpapers do seamlessly.
   QPainter p(viewport());
-  const QRect r = viewport()->rect();
-  p.drawImage(QPoint(r.center().x() - picture_.width() / 2, r.center().y() - picture_.height() / 2), picture_);
+  p.drawTiledPixmap(viewport()->rect(), tile_);
 }
 
 MDIMain::MDIMain() : area_(new WallpaperArea(this)) {
@@ -112,6 +113,7 @@ void MDIMain::Toolbar1_ButtonClick(ToolbarButton b) {
       {ToolbarButton::Unzoom, &MDIMain::PressUnzoom},      {ToolbarButton::Window, &MDIMain::ArrangeNext},
       {ToolbarButton::Help, &MDIMain::mnuHelpContents_Click},
       {ToolbarButton::Report, &MDIMain::ShowSelectReport},
+      {ToolbarButton::Back, &MDIMain::SetBackground},
   };
   // An open report takes the click itself: nothing more, not even the refresh.
   if (b == ToolbarButton::Report && FindOpenForm("frmReport")) return;

@@ -3,6 +3,7 @@
 // gallery, slide windows, reports and help. Its background is the wallpaper.
 
 #include <QImage>
+#include <QPixmap>
 #include <QMainWindow>
 #include <QMdiArea>
 #include <QMdiSubWindow>
@@ -19,23 +20,27 @@ class QToolBar;
 
 namespace cb {
 
+class frmBackground;
 class frmGallery;
 class frmSlide;
 enum class ReportKind;
 
-// The client area, painting the wallpaper centred on the background.
+// The client area, painting the wallpaper from the top left at its natural
+// size, repeated to fill the area.
 class WallpaperArea : public QMdiArea {
   Q_OBJECT
  public:
   using QMdiArea::QMdiArea;
   void SetPicture(QImage picture);
   const QImage& Picture() const { return picture_; }
+  bool HasPicture() const { return !picture_.isNull(); }
 
  protected:
   void paintEvent(QPaintEvent* e) override;
 
  private:
   QImage picture_;
+  QPixmap tile_;
 };
 
 // Children tell the main window what happened through their signals, which
@@ -77,6 +82,13 @@ class MDIMain : public QMainWindow {
   // The commands behind the menu items and buttons (the tables in MDIMainMenus.cpp and MDIMain.cpp).
   void mnuFileGallery_Click();
   void mnuFileHist_Click(int index);
+  // Shows the frame chooser modally; a new frame saves and rebuilds the gallery.
+  void SetBackground();
+  void fBackground_BackgroundChanged();
+  // The open frame chooser, or null.
+  frmBackground* fBackground() const;
+  // The wallpaper command: through the open dialog, shown at once, its bare name saved.
+  void mnuFileWallpaper_Click();
   void mnuFileNew_Click();
   void mnuFileOpen_Click();
   void mnuFileSaveAs_Click();
@@ -139,6 +151,7 @@ class MDIMain : public QMainWindow {
   QList<QAction*> windowList_;
   QPointer<frmGallery> gallery_;
   QPointer<QMdiSubWindow> activeChild_;  // the child whose activation ran last
+  QPointer<frmBackground> background_;
   int windowCounter_ = 0;
   ErrorArray errors_;
 };

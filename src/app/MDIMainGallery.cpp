@@ -10,6 +10,7 @@
 #include "app/modGlobal.h"
 #include "gallery/frmGallery.h"
 #include "reports/frmReport.h"
+#include "gallery/frmModifySlide.h"
 #include "slide/Zoom.h"
 #include "slide/frmEditSlide.h"
 #include "slide/frmSlide.h"
@@ -35,8 +36,16 @@ void MDIMain::mnuFileGallery_Click() {
     ApplyToolbar(ToolbarEvent::GalleryActivated);
   });
   connect(gallery_, &frmGallery::PageLoaded, this, [this] { Menu(MenuId::Window)->menuAction()->setEnabled(true); });
-  connect(gallery_, &frmGallery::CollectionChanged, this, &MDIMain::RebuildGallery);
+  // Queued: the menu or popup whose command changed the collection belongs to
+  // the gallery and is still handling its click.
+  connect(gallery_, &frmGallery::CollectionChanged, this, &MDIMain::RebuildGallery, Qt::QueuedConnection);
   connect(gallery_, &frmGallery::SlideOpened, this, &MDIMain::AddSlideWindow);
+  connect(gallery_, &frmGallery::CollectionEditorOpened, this, [this](frmModifySlide* editor) {
+    connect(editor, &frmModifySlide::CollectionChanged, this, [this, editor] {
+      RebuildGallery();
+      if (gallery_) gallery_->parentWidget()->setWindowState(editor->GalleryWindowState);
+    });
+  });
   connect(gallery_, &frmGallery::Unloaded, this, &MDIMain::GalleryUnloaded);
   EnableWindowCommands(true);
   gallery_->Create();

@@ -53,6 +53,9 @@ constexpr Handler kHandlers[] = {
     {MenuId::HelpContents, &MDIMain::mnuHelpContents_Click},
     {MenuId::HelpAbout, &MDIMain::mnuHelpAbout_Click},
     {MenuId::Popup1Help, &MDIMain::QuickStart},
+    {MenuId::FileWallpaper, &MDIMain::mnuFileWallpaper_Click},
+    {MenuId::Popup2SetWallpaper, &MDIMain::mnuFileWallpaper_Click},
+    {MenuId::Popup4SetBackground, &MDIMain::SetBackground},
     {MenuId::Popup2What, &MDIMain::mnuPopup2What_Click},
     {MenuId::Popup2Help, &MDIMain::QuickStart},
 };

@@ -60,8 +60,8 @@ constexpr bool Built(Awaits w) {
     case Awaits::SlideTemplate: return true;
     case Awaits::ReportViewer: return true;
     case Awaits::HelpViewer: return true;
-    case Awaits::CollectionEditor: return false;
-    case Awaits::BackgroundChooser: return false;
+    case Awaits::CollectionEditor: return true;
+    case Awaits::BackgroundChooser: return true;
   }
   return false;
 }

@@ -23,6 +23,8 @@ inline constexpr char kAllFilesType[] = "All Files (*.*)";
 inline constexpr char kAllFilesPattern[] = "*.*";
 inline constexpr char kSlidesType[] = "Slides (*.jpg)";
 inline constexpr char kSlidesPattern[] = "*.jpg";
+inline constexpr char kWallpaperType[] = "Wallpaper File (*.jpg)";
+inline constexpr char kWallpaperPattern[] = "*.jpg";
 
 // A directory list: the folders down to Path() open, its sub-folders below.
 // A double click on a row moves there; Change follows every new path.

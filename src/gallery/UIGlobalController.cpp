@@ -4,6 +4,7 @@
 #include <filesystem>
 
 #include "base/Cp1252.h"
+#include "base/FileListing.h"
 #include "app/UIMainController.h"
 
 namespace cb {
@@ -69,6 +70,17 @@ bool UIGlobalController::DeleteSlideMSC(const std::string& fileName, UIMainContr
   for (std::int32_t k = 1; k <= n && !found; ++k)
     if (Trim(slides[static_cast<std::size_t>(k)].Get(Field::PictureFile)) == fileName) found = ShiftDown(k, slides);
   return Shrink(mc, slides) && found;
+}
+
+std::int32_t UIGlobalController::LoadDirectory(const std::string& path, std::vector<std::string>& files,
+                                               bool addPath) const {
+  files.assign(1, std::string());
+  for (const std::string& name : ListFiles(path, "*.jpg")) files.push_back(addPath ? path + name : name);
+  if (!addPath) return static_cast<std::int32_t>(files.size()) - 1;
+  // The exhausted search still yields the prefix, and the call after it fails.
+  files.push_back(path);
+  files.emplace_back();
+  return 0;
 }
 
 }  // namespace cb

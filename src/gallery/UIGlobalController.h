@@ -1,9 +1,9 @@
 #pragma once
 // Operations shared by the windows that work on the collection.
-// The directory scan of the collection editor joins this class with it.
 
 #include <cstdint>
 #include <string>
+#include <vector>
 
 #include "storage/SlideRecord.h"
 
@@ -33,6 +33,13 @@ class UIGlobalController {
   // Removes the first slide whose picture is `fileName` (exact). The last
   // slide goes when none matches, and the result is then false.
   bool DeleteSlideMSC(const std::string& fileName, UIMainController& mc, SlideArray& slides) const;
+
+  // The ".jpg" files of `path` (a directory ending in "/"), case ignored, in
+  // the listing's order, into files[1..n] (files[0] unused); returns n. With
+  // `addPath` each name carries `path` in front, and the scan runs one step
+  // past its end: a bare `path` and an empty element follow the names, and
+  // the count reads 0.
+  std::int32_t LoadDirectory(const std::string& path, std::vector<std::string>& files, bool addPath) const;
 
   // A mouse position on Image1(index), relative to that element, turned into
   // a rough position in the grid for a what's-this note: multiplied by the

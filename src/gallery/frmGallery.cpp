@@ -1,10 +1,13 @@
 #include "gallery/frmGallery.h"
 
 #include <QAction>
+#include <QApplication>
 #include <QCloseEvent>
 #include <QMdiSubWindow>
 #include <QMenu>
+#include <QPointer>
 #include <QScrollBar>
+#include <QTimer>
 #include <cmath>
 
 #include "app/Forms.h"
@@ -20,6 +23,7 @@
 #include "gallery/GalleryMenuTable.h"
 #include "gallery/ScrollRules.h"
 #include "gallery/dlgRemoveSlide.h"
+#include "gallery/frmModifySlide.h"
 #include "slide/frmSlide.h"
 #include "slide/SlideNames.h"
 
@@ -87,6 +91,7 @@ void frmGallery::CreateMenus() {
     });
   }
   connect(Item(MenuId::SlidesAdd), &QAction::triggered, this, &frmGallery::mnuSlidesAdd_Click);
+  connect(Item(MenuId::SlidesModify), &QAction::triggered, this, &frmGallery::mnuSlidesModify_Click);
   connect(Item(MenuId::Popup1Delete), &QAction::triggered, this, &frmGallery::mnuPopup1Delete_Click);
   connect(Item(MenuId::Popup3Reset), &QAction::triggered, this, &frmGallery::mnuPopupReset_Click);
   for (MenuId what : {MenuId::Popup1What, MenuId::Popup3What, MenuId::Popup4What})
@@ -178,6 +183,19 @@ void frmGallery::mnuSlidesAdd_Click() {
   if (!mc.SaveSettings(errors_)) return;
   NewSlidePath.clear();
   emit CollectionChanged();
+}
+
+void frmGallery::mnuSlidesModify_Click() {
+  // The editor's OK replaces this gallery, menus and all, so it runs once the
+  // menu that chose it has finished with its click, and from the application,
+  // not from this window.
+  QTimer::singleShot(0, qApp, [self = QPointer<frmGallery>(this)] {
+    if (!self) return;
+    frmModifySlide editor;
+    editor.GalleryWindowState = self->parentWidget() ? self->parentWidget()->windowState() : self->windowState();
+    emit self->CollectionEditorOpened(&editor);
+    editor.exec();
+  });
 }
 
 void frmGallery::closeEvent(QCloseEvent* e) {

@@ -20,6 +20,7 @@ namespace cb {
 
 class StretchImage;
 class frmSlide;
+class frmModifySlide;
 struct ScrollStep;
 
 // The path of record `record`'s picture in the gallery directory.
@@ -43,6 +44,9 @@ class frmGallery : public QWidget {
   void ShowEditSlide(std::int32_t slideTemplate);
 
   void mnuSlidesAdd_Click();
+  // Opens the collection editor as soon as events run; its OK may rebuild
+  // the gallery, so nothing of this window is touched once the editor is up.
+  void mnuSlidesModify_Click();
   void mnuPopup1Delete_Click();
   void mnuPopupReset_Click();
 
@@ -76,6 +80,9 @@ class frmGallery : public QWidget {
   void CollectionChanged();
   // A new slide window, for the frame to take into its client area.
   void SlideOpened(cb::frmSlide* slide);
+  // The collection editor, about to be shown modally: the frame rebuilds the
+  // gallery on its changes, also after this gallery is gone.
+  void CollectionEditorOpened(cb::frmModifySlide* editor);
   void Unloaded();
 
  protected:

@@ -25,8 +25,11 @@
 #include "app/frmSplash.h"
 #include "dialogs/dlgWhat.h"
 #include "dialogs/frmCommonDialog.h"
+#include "dialogs/frmDirectory.h"
 #include "dialogs/HelpRoutine.h"
 #include "gallery/dlgRemoveSlide.h"
+#include "gallery/frmBackground.h"
+#include "gallery/frmModifySlide.h"
 #include "help/frmHelp.h"
 #include "reports/frmReport.h"
 #include "reports/frmSelectReport.h"
@@ -105,6 +108,9 @@ const WindowRow kWindows[] = {
     {"frmCommonDialog_Sif", SifDialog},
     {"frmCommonDialog_AddSlide", AddSlideDialog},
     {"dlgRemoveSlide", [] { return Own(new dlgRemoveSlide); }},
+    {"frmDirectory", [] { return Own(new frmDirectory); }},
+    {"frmModifySlide", [] { return Own(new frmModifySlide); }},
+    {"frmBackground", [] { return Own(new frmBackground); }},
     {"dlgWhat", MainWallpaperNote},
     {"frmEditSlide", [] { return SlideEditor(1); }},
     {"frmEditSlideRE", [] { return SlideEditor(2); }},

@@ -73,10 +73,10 @@ struct ToolbarRow {
 };
 
 const ToolbarRow kToolbarRows[] = {
-    {"frame_without_slide", ToolbarEvent::FrameActivated, {false, false, false}, "++-+--+-+", ".+"},
+    {"frame_without_slide", ToolbarEvent::FrameActivated, {false, false, false}, "++-+--+++", ".+"},
     {"frame_with_slide_zoom_pressed", ToolbarEvent::FrameActivated, {true, true, true}, "--+++++-+", ".-"},
-    {"gallery_alone", ToolbarEvent::GalleryActivated, {false, false, false}, "++-+--.-.", "+-"},
-    {"gallery_beside_a_slide", ToolbarEvent::GalleryActivated, {true, true, false}, "++-+--+-.", "+-"},
+    {"gallery_alone", ToolbarEvent::GalleryActivated, {false, false, false}, "++-+--.+.", "+-"},
+    {"gallery_beside_a_slide", ToolbarEvent::GalleryActivated, {true, true, false}, "++-+--++.", "+-"},
     {"slide_alone", ToolbarEvent::SlideActivated, {true, false, false}, "--++++.-.", "+-"},
     {"slide_beside_the_gallery", ToolbarEvent::SlideActivated, {true, true, false}, "--+++++-.", "+-"},
     {"report", ToolbarEvent::ReportActivated, {true, true, false}, "------+-.", "+-"},
@@ -89,7 +89,6 @@ Change FromMark(char c) { return c == '+' ? Change::On : c == '-' ? Change::Off 
 
 class ToolbarEventTest : public ::testing::TestWithParam<ToolbarRow> {};
 
-// Back waits for its window, so it never comes on here.
 TEST_P(ToolbarEventTest, SetsTheButtonsTheEventTouches) {
   const ToolbarChange c = ToolbarAfter(GetParam().event, GetParam().facts);
   for (std::size_t k = 0; k < kToolbarButtonCount; ++k)

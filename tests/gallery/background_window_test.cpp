@@ -1,0 +1,217 @@
+#include <QListWidget>
+#include <QMenu>
+#include <QPushButton>
+#include <QTest>
+#include <functional>
+
+#include "dialogs/frmCommonDialog.h"
+#include "gallery/frmBackground.h"
+#include "support/GalleryFixture.h"
+#include "support/RowName.h"
+#include "support/WhenShown.h"
+
+namespace cb {
+namespace {
+
+using testing::ReadFile;
+
+using testing::WhenShown;
+
+// A header field as the file stores it: each character c as 256 - c, padded with blanks.
+std::string Stored(const std::string& text, std::size_t width) {
+  std::string out;
+  for (char c : text) out += static_cast<char>(256 - static_cast<unsigned char>(c));
+  return out + std::string(width - out.size(), ' ');
+}
+
+class BackgroundTest : public testing::GalleryFixture {
+ protected:
+  // Frames "Frame01.jpg", "frame02.jpg", ... in alternating case, each of its own grey.
+  void Frames(int n) {
+    std::filesystem::remove_all(app / "Background");
+    std::filesystem::create_directories(app / "Background");
+    for (int i = 1; i <= n; ++i) {
+      QImage frame(8, 8, QImage::Format_RGB32);
+      frame.fill(QColor(i * 10, i * 10, i * 10));
+      frame.save(QString::fromStdString(app / FrameName(i)), "JPG");
+    }
+  }
+  static std::string FrameName(int i) {
+    return std::string("Background/") + (i % 2 ? "Frame" : "frame") + (i < 10 ? "0" : "") + std::to_string(i) + ".jpg";
+  }
+
+  std::string Header() { return ReadFile(Mc().SlideInformationFilePath()).substr(0, 278); }
+  QRgb FrameColour() { return Gallery().Image1(16)->Picture().pixel(2, 2); }
+};
+
+struct SampleRow {
+  const char* name;
+  int frames;
+  int offered;
+  bool windowMenuEnabled;
+};
+
+class BackgroundSampleTest : public BackgroundTest, public ::testing::WithParamInterface<SampleRow> {};
+
+TEST_P(BackgroundSampleTest, OffersTheFirstFifteenFramesColumnByColumn) {
+  Start(1);
+  Frames(GetParam().frames);
+  TheMDIMain().Menu(MenuId::Window)->menuAction()->setEnabled(false);
+  WhenShown("frmBackground", [](QWidget& w) {
+    auto& chooser = static_cast<frmBackground&>(w);
+    EXPECT_EQ(chooser.windowTitle(), "Background Images");
+    for (int i = 1; i <= 15; ++i) {
+      const bool offered = i <= GetParam().offered;
+      EXPECT_EQ(Globals().BackgroundNames[static_cast<std::size_t>(i)], offered ? FrameName(i).substr(11) : "") << i;
+      EXPECT_EQ(chooser.Image1(i)->HasPicture(), offered) << i;
+      if (offered) {
+        EXPECT_EQ(chooser.Image1(i)->accessibleName().toStdString(), FrameName(i).substr(11));
+      }
+    }
+    // Column by column, as the gallery's cells: the fourth sample heads the second column.
+    EXPECT_EQ(chooser.Image1(4)->geometry().top(), chooser.Image1(1)->geometry().top());
+    EXPECT_GT(chooser.Image1(4)->geometry().left(), chooser.Image1(3)->geometry().right());
+    chooser.close();
+  });
+  TheMDIMain().SetBackground();
+  EXPECT_EQ(TheMDIMain().Menu(MenuId::Window)->menuAction()->isEnabled(), GetParam().windowMenuEnabled);
+  EXPECT_EQ(Mc().BackgroundImage(), "oak.jpg");
+}
+
+const SampleRow kSamples[] = {
+    {"three_frames_leave_twelve_blank", 3, 3, false},
+    {"twenty_frames_offer_fifteen", 20, 15, true},
+};
+INSTANTIATE_TEST_SUITE_P(Rows, BackgroundSampleTest, ::testing::ValuesIn(kSamples), testing::RowName());
+
+// Each way to the chooser, and what a click on a sample does.
+struct ChoiceRow {
+  const char* name;
+  std::function<void()> open;
+  int sample;
+  const char* chosen;  // the frame afterwards
+  bool rebuilt;
+};
+
+const ChoiceRow kChoices[] = {
+    {"back_button_other_frame", [] { TheMDIMain().Button(ToolbarButton::Back)->trigger(); }, 2, "frame02.jpg", true},
+    {"popup_other_frame", [] { TheMDIMain().fGallery()->Item(MenuId::Popup4SetBackground)->trigger(); }, 3,
+     "Frame03.jpg", true},
+    {"frame_in_use", [] { TheMDIMain().Button(ToolbarButton::Back)->trigger(); }, 1, "Frame01.jpg", false},
+    {"blank_position", [] { TheMDIMain().Button(ToolbarButton::Back)->trigger(); }, 9, "", true},
+};
+
+class BackgroundChoiceTest : public BackgroundTest, public ::testing::WithParamInterface<ChoiceRow> {};
+
+TEST_P(BackgroundChoiceTest, ClickOnASampleChoosesIt) {
+  Frames(4);
+  Start(2);
+  Mc().BackgroundImage("Frame01.jpg");
+  TheMDIMain().RebuildGallery();
+  const std::string before = Header();
+  const QPointer<frmGallery> gallery = &Gallery();  // null once that gallery is gone
+  WhenShown("frmBackground", [](QWidget& w) {
+    QTest::mouseClick(static_cast<frmBackground&>(w).Image1(GetParam().sample), Qt::LeftButton);
+  });
+  GetParam().open();
+  EXPECT_EQ(TheMDIMain().fBackground(), nullptr);
+  EXPECT_EQ(Mc().BackgroundImage(), GetParam().chosen);
+  // The gallery's popup is still handling its click when the command returns:
+  // the gallery must outlive it and go only afterwards.
+  EXPECT_FALSE(gallery.isNull());
+  QCoreApplication::processEvents();
+  EXPECT_EQ(gallery.isNull(), GetParam().rebuilt);
+  if (!GetParam().rebuilt) {
+    EXPECT_EQ(Header(), before);
+    return;
+  }
+  EXPECT_EQ(Header().substr(11, 26), Stored(GetParam().chosen, 26));
+  EXPECT_EQ(Header().substr(37), before.substr(37));
+  EXPECT_EQ(Gallery().Image1(16)->HasPicture(), *GetParam().chosen != 0);
+  if (*GetParam().chosen) {
+    EXPECT_NEAR(qGray(FrameColour()), GetParam().sample * 10, 3);
+  }
+}
+
+INSTANTIATE_TEST_SUITE_P(Rows, BackgroundChoiceTest, ::testing::ValuesIn(kChoices), testing::RowName());
+
+TEST_F(BackgroundTest, ChooserClosesWhenAnotherWindowIsActivated) {
+  Frames(2);
+  Start(1);
+  const std::string before = Header();
+  WhenShown("frmBackground", [](QWidget& w) {
+    ASSERT_TRUE(QTest::qWaitForWindowActive(&w));
+    QApplication::setActiveWindow(&TheMDIMain());
+  });
+  TheMDIMain().SetBackground();
+  EXPECT_EQ(Mc().BackgroundImage(), "oak.jpg");
+  EXPECT_EQ(Header(), before);
+}
+
+class WallpaperTest : public BackgroundTest {
+ protected:
+  WallpaperTest() {
+    std::filesystem::create_directories(app / "Wallpaper");
+    for (const auto& [name, colour] : {std::pair{"dawn.jpg", Qt::red}, std::pair{"dusk.jpg", Qt::blue}}) {
+      QImage picture(10, 6, QImage::Format_RGB32);
+      picture.fill(colour);
+      picture.save(QString::fromStdString(app / (std::string("Wallpaper/") + name)), "JPG");
+    }
+    testing::WriteFile(app / "Wallpaper/broken.jpg", "not a picture");
+  }
+
+  // Plays the wallpaper dialog: a click on `file`, then `button`.
+  void Answer(const QString& file, const char* button) {
+    WhenShown("frmCommonDialog", [file, button](QWidget& w) {
+      auto& d = static_cast<frmCommonDialog&>(w);
+      EXPECT_EQ(d.windowTitle(), "Open Wallpaper");
+      EXPECT_EQ(d.cboFileType->currentText(), "Wallpaper File (*.jpg)");
+      d.FileListBox1->setCurrentItem(d.FileListBox1->findItems(file, Qt::MatchExactly).value(0));
+      w.findChild<QPushButton*>(button)->click();
+    });
+  }
+  const QImage& Shown() { return TheMDIMain().MdiArea()->Picture(); }
+};
+
+TEST_F(WallpaperTest, EveryCallerSetsItAtOnceAndStoresTheBareName) {
+  Start(1);
+  const std::function<void()> callers[] = {
+      [] { TheMDIMain().Item(MenuId::FileWallpaper)->trigger(); },
+      [] { TheMDIMain().fGallery()->Item(MenuId::FileWallpaper)->trigger(); },
+      [] { TheMDIMain().Item(MenuId::Popup2SetWallpaper)->trigger(); },
+  };
+  const char* files[] = {"dawn.jpg", "dusk.jpg", "dawn.jpg"};
+  for (int k = 0; k < 3; ++k) {
+    const std::string before = Header();
+    Answer(files[k], "cmdOK");
+    callers[k]();
+    ASSERT_FALSE(Shown().isNull()) << k;
+    EXPECT_EQ(qRed(Shown().pixel(1, 1)) > 200, std::string(files[k]) == "dawn.jpg") << k;
+    EXPECT_EQ(Mc().Wallpaper(), files[k]);
+    EXPECT_EQ(Header().substr(37, 100), Stored(files[k], 100)) << k;
+    EXPECT_EQ(Header().substr(0, 37), before.substr(0, 37)) << k;
+  }
+}
+
+TEST_F(WallpaperTest, CancelChangesNothingAndABrokenPictureKeepsTheOldOne) {
+  Start(1);
+  Answer("dusk.jpg", "cmdOK");
+  TheMDIMain().mnuFileWallpaper_Click();
+  const QImage dusk = Shown();
+  const std::string before = Header();
+
+  Answer("dawn.jpg", "cmdCancel");
+  TheMDIMain().mnuFileWallpaper_Click();
+  EXPECT_EQ(Shown(), dusk);
+  EXPECT_EQ(Mc().Wallpaper(), "dusk.jpg");
+  EXPECT_EQ(Header(), before);
+
+  Answer("broken.jpg", "cmdOK");
+  TheMDIMain().mnuFileWallpaper_Click();
+  EXPECT_EQ(Shown(), dusk);
+  EXPECT_EQ(Header().substr(37, 100), Stored("broken.jpg", 100));
+  EXPECT_TRUE(messages.isEmpty());
+}
+
+}  // namespace
+}  // namespace cb

@@ -1,0 +1,174 @@
+#include <QApplication>
+#include <QCheckBox>
+#include <QLabel>
+#include <QListWidget>
+#include <QMdiSubWindow>
+#include <QProgressBar>
+#include <QPushButton>
+#include <QTest>
+#include <QTimer>
+#include <functional>
+
+#include "app/Forms.h"
+#include "dialogs/frmCommonDialog.h"
+#include "dialogs/frmDirectory.h"
+#include "dialogs/frmLoading.h"
+#include "gallery/frmModifySlide.h"
+#include "support/GalleryFixture.h"
+#include "support/WhenShown.h"
+
+namespace cb {
+namespace {
+
+QStringList Items(const QListWidget& list) {
+  QStringList names;
+  for (int i = 0; i < list.count(); ++i) names << list.item(i)->text();
+  return names;
+}
+
+using testing::WhenShown;
+
+class ModifySlideWindowTest : public testing::GalleryFixture {
+ protected:
+  // A camera folder of `n` pictures: IMG_1.JPG, IMG_2.JPG, ...
+  void Camera(int n) {
+    QImage picture(8, 6, QImage::Format_RGB32);
+    picture.fill(Qt::darkGreen);
+    std::filesystem::create_directories(app / "Camera");
+    for (int i = 1; i <= n; ++i)
+      picture.save(QString::fromStdString(app / ("Camera/IMG_" + std::to_string(i) + ".JPG")));
+  }
+
+  // Slides > Modify Slide Collection: picks `folder` in the chooser (none cancels), then plays `act` on the editor.
+  void Modify(const std::string& folder, std::function<void(frmModifySlide&)> act) {
+    bool asked = false;
+    WhenShown("frmDirectory", [this, folder, act, &asked](QWidget& w) {
+      asked = true;
+      auto& chooser = static_cast<frmDirectory&>(w);
+      if (folder.empty()) return chooser.cmdCancel->click();
+      chooser.Dir1->Path(QString::fromStdString(app / folder));
+      WhenShown("frmModifySlide", [act](QWidget& e) {
+        auto& editor = static_cast<frmModifySlide&>(e);
+        act(editor);
+        if (editor.isVisible()) editor.cmdCancel->click();
+      });
+      chooser.cmdOK->click();
+    });
+    // The editor opens once the menu's click is over, when events next run:
+    // its OK replaces the gallery, and the menu with it.
+    Gallery().Item(MenuId::SlidesModify)->trigger();
+    EXPECT_FALSE(asked);
+    QCoreApplication::processEvents();
+    EXPECT_TRUE(asked);
+  }
+
+  std::string OnDisk() {
+    ErrorArray errors;
+    EXPECT_TRUE(Mc().LoadSettings(errors));
+    std::string names;
+    for (std::size_t i = 1; i < Globals().Slides.size(); ++i)
+      names += Trim(Globals().Slides[i].Get(Field::PictureFile)) + " ";
+    return names;
+  }
+};
+
+TEST_F(ModifySlideWindowTest, AllOfACameraFolderJoinsTheCollectionAndTheEditorStays) {
+  Start(2);
+  Camera(3);
+  QPointer<frmGallery> before = &Gallery();  // null once that gallery is gone
+  before->parentWidget()->showMaximized();
+  Modify("Camera", [&](frmModifySlide& editor) {
+    EXPECT_EQ(editor.windowTitle(), "Modify Slide Collection");
+    EXPECT_EQ(Items(*editor.lstAvailable), QStringList({"IMG_1.JPG", "IMG_2.JPG", "IMG_3.JPG"}));
+    EXPECT_EQ(Items(*editor.lstSelected), QStringList({"p1.png", "p2.png"}));
+    editor.cmdAddAll->click();
+    EXPECT_EQ(editor.lstAvailable->count(), 0);
+    editor.cmdOK->click();
+    EXPECT_TRUE(editor.isVisible());
+    EXPECT_TRUE(before.isNull());                                         // built anew...
+    EXPECT_TRUE(TheMDIMain().fGallery()->parentWidget()->isMaximized());  // ...in the state it had
+  });
+  EXPECT_TRUE(messages.isEmpty()) << messages.join("; ").toStdString();
+  EXPECT_EQ(Mc().CurrentlyActiveRoof(), 5);
+  for (int i = 1; i <= 15; ++i) EXPECT_EQ(Gallery().Image1(i)->HasPicture(), i <= 5) << i;
+  EXPECT_TRUE(std::filesystem::exists(app / "Gallery/IMG_3.JPG"));
+  EXPECT_EQ(OnDisk(), "p1.png p2.png IMG_1.JPG IMG_2.JPG IMG_3.JPG ");
+}
+
+TEST_F(ModifySlideWindowTest, ExclusionOffShowsTheWholeFolderAgain) {
+  Start(2);
+  Camera(2);
+  std::filesystem::copy_file(app / "Camera/IMG_1.JPG", app / "Gallery/IMG_1.JPG");
+  Mc().GlobalController().AddSlide(app / "Gallery/IMG_1.JPG", Mc(), Globals().Slides);
+  Modify("Camera", [&](frmModifySlide& editor) {
+    EXPECT_EQ(Items(*editor.lstAvailable), QStringList({"IMG_2.JPG"}));
+    QTest::mouseClick(editor.chkExclude, Qt::LeftButton);
+    EXPECT_EQ(Items(*editor.lstAvailable), QStringList({"IMG_1.JPG", "IMG_2.JPG"}));
+    editor.lstAvailable->item(0)->setSelected(true);
+    editor.cmdAddOne->click();  // a second IMG_1.JPG: an addition
+    EXPECT_EQ(Items(*editor.lstSelected), QStringList({"p1.png", "p2.png", "IMG_1.JPG", "IMG_1.JPG"}));
+    QTest::mouseClick(editor.chkExclude, Qt::LeftButton);
+    EXPECT_EQ(Items(*editor.lstAvailable), QStringList({"IMG_2.JPG"}));
+    editor.cmdOK->click();
+    editor.cmdOK->click();  // the table is applied again
+  });
+  EXPECT_EQ(OnDisk(), "p1.png p2.png IMG_1.JPG IMG_1.JPG IMG_1.JPG ");
+}
+
+TEST_F(ModifySlideWindowTest, NothingToApplyLeavesTheGalleryAlone) {
+  Start(2);
+  std::filesystem::create_directories(app / "Empty");
+  QPointer<frmGallery> before = &Gallery();
+  Modify("Empty", [&](frmModifySlide& editor) {
+    EXPECT_EQ(editor.lstAvailable->count(), 0);
+    EXPECT_EQ(Items(*editor.lstSelected), QStringList({"p1.png", "p2.png"}));
+    editor.lstSelected->item(1)->setSelected(true);
+    editor.cmdRemoveOne->click();
+    editor.lstAvailable->item(0)->setSelected(true);
+    editor.cmdAddOne->click();
+    editor.cmdOK->click();
+  });
+  EXPECT_EQ(TheMDIMain().fGallery(), before.data());
+  Modify("", [](frmModifySlide&) { ADD_FAILURE() << "the editor showed without a folder"; });
+  EXPECT_EQ(TheMDIMain().fGallery(), before.data());
+  EXPECT_EQ(OnDisk(), "p1.png p2.png ");
+}
+
+TEST_F(ModifySlideWindowTest, OkShowsProgressAndKeepsEventsRunningWhileItCopies) {
+  Start(2);
+  Camera(4);
+  struct Seen {
+    bool timerRan = false, loadingShown = false, editorGreyed = false;
+    QString text;
+    int max = 0;
+  } seen;
+  Modify("Camera", [&](frmModifySlide& editor) {
+    editor.cmdAddAll->click();
+    std::filesystem::remove(app / "Camera/IMG_2.JPG");  // its copy fails, and is told
+    // A timer due at once runs only if OK lets events through while it works.
+    QTimer::singleShot(0, [&] {
+      seen.timerRan = true;
+      seen.loadingShown = TheLoading().isVisible();
+      seen.text = TheLoading().lblText->text();
+      seen.max = TheLoading().ProgressBar1->maximum();
+      seen.editorGreyed = !editor.isEnabled();
+      editor.cmdCancel->click();  // refused while the changes are applied
+    });
+    editor.cmdOK->click();
+    EXPECT_TRUE(editor.isVisible());
+    EXPECT_TRUE(editor.isEnabled());
+    EXPECT_FALSE(FindOpenForm("frmLoading") && FindOpenForm("frmLoading")->isVisible());
+  });
+  EXPECT_TRUE(seen.timerRan);
+  EXPECT_TRUE(seen.loadingShown);
+  EXPECT_EQ(seen.text, "Updating the slide collection...");
+  EXPECT_EQ(seen.max, 4);
+  EXPECT_TRUE(seen.editorGreyed);
+  // Told once while copying; the new gallery then offers to drop the slide whose picture is missing.
+  EXPECT_EQ(messages.value(0), "Error: Couldn't add record.");
+  EXPECT_EQ(messages.filter("Couldn't add").size(), 1);
+  EXPECT_EQ(OnDisk(), "p1.png p2.png IMG_1.JPG IMG_3.JPG IMG_4.JPG ");
+}
+
+}  // namespace
+}  // namespace cb
