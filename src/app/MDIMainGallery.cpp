@@ -9,8 +9,8 @@
 #include "app/MDIMain.h"
 #include "app/modGlobal.h"
 #include "gallery/frmGallery.h"
-#include "reports/frmReport.h"
 #include "gallery/frmModifySlide.h"
+#include "reports/frmReport.h"
 #include "slide/Zoom.h"
 #include "slide/frmEditSlide.h"
 #include "slide/frmSlide.h"
@@ -29,7 +29,9 @@ void MDIMain::mnuFileGallery_Click() {
   gallery_ = new frmGallery();
   QMdiSubWindow* sub = area_->addSubWindow(gallery_);
   sub->setAttribute(Qt::WA_DeleteOnClose);
-  connect(gallery_, &frmGallery::CommandChosen, this, &MDIMain::RunCommand);
+  // Queued, as below: New, Open and the history replace the gallery whose menu
+  // is still handling the click.
+  connect(gallery_, &frmGallery::CommandChosen, this, &MDIMain::RunCommand, Qt::QueuedConnection);
   connect(gallery_, &frmGallery::StatusTextChanged, this, &MDIMain::SetStatusText);
   connect(gallery_, &frmGallery::Activated, this, [this] {
     UpdateHistoryMenu();

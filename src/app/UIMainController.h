@@ -7,9 +7,10 @@
 #include <cstdint>
 #include <memory>
 #include <string>
+#include <vector>
 
-#include "base/RuntimeError.h"
 #include "app/SettingsStore.h"
+#include "base/RuntimeError.h"
 #include "gallery/UIGlobalController.h"
 #include "slide/Categories.h"
 #include "storage/DataAccess.h"
@@ -113,6 +114,11 @@ class UIMainController {
   }
   LongResult GetYCoord(std::int32_t value, std::int16_t index) const {
     return globalController_->GetYCoord(value, index);
+  }
+
+  // The ".jpg" files of `path`; see UIGlobalController::LoadDirectory.
+  std::int32_t LoadDirectory(const std::string& path, std::vector<std::string>& files, bool addPath) const {
+    return globalController_->LoadDirectory(path, files, addPath);
   }
 
   UIGlobalController& GlobalController() { return *globalController_; }

@@ -1,13 +1,14 @@
+#include <QCoreApplication>
 #include <QLineEdit>
 #include <QListWidget>
 #include <QPushButton>
 
-#include "support/RowName.h"
-#include "base/Cp1252.h"
 #include "app/Main.h"
+#include "base/Cp1252.h"
 #include "dialogs/frmCommonDialog.h"
 #include "storage/DataAccess.h"
 #include "support/GalleryFixture.h"
+#include "support/RowName.h"
 
 namespace cb {
 namespace {
@@ -55,7 +56,7 @@ TEST_F(FileCommandsTest, NewWithATypedNameOverwritesRecordByRecordWithoutAsking)
   TheMDIMain().mnuFileNew_Click();
   EXPECT_TRUE(messages.isEmpty());
   const std::string after = ReadFile(Files("t.sif"));
-  EXPECT_EQ(after.size(), before.size());           // the old tail stays
+  EXPECT_EQ(after.size(), before.size());  // the old tail stays
   EXPECT_EQ(after.substr(278), before.substr(278));
   EXPECT_EQ(Mc().NumberOfRecords(), 0);
   EXPECT_EQ(CountIn(Files("t.sif")), 0);
@@ -70,7 +71,7 @@ TEST_F(FileCommandsTest, NewAsksBeforeOverwritingTheSelectedFile) {
   EXPECT_EQ(messages, QStringList({"New File: The file 't.sif' already exists.\n"
                                    "Are you sure you want to overwrite this file?"}));
   EXPECT_EQ(styles, QList<int>({vbYesNo}));  // no icon: the question has no style that gives one
-  EXPECT_EQ(Mc().NumberOfRecords(), 3);  // No leaves everything as it was
+  EXPECT_EQ(Mc().NumberOfRecords(), 3);      // No leaves everything as it was
 }
 
 struct NameRow {
@@ -124,6 +125,7 @@ TEST_F(FileCommandsTest, GalleryMenuReachesTheCommandsThatRebuildIt) {
   AnswerDialog("", "second.sif");
   QPointer<frmGallery> old = &Gallery();
   old->Item(MenuId::FileOpen)->trigger();  // the gallery goes down under its own menu
+  QCoreApplication::processEvents();       // once that menu is done with the click
   EXPECT_TRUE(old.isNull());
   EXPECT_EQ(Mc().SlideInformationFile(), "second.sif");
   ASSERT_NE(TheMDIMain().fGallery(), nullptr);
@@ -220,8 +222,7 @@ TEST_P(AddSlideTest, AppendsTheRecordAndCopiesUnlessInPlace) {
   EXPECT_EQ(CountIn(Files("t.sif")), 3);
 }
 
-INSTANTIATE_TEST_SUITE_P(Rows, AddSlideTest, ::testing::ValuesIn(kAdds),
-                         cb::testing::RowName());
+INSTANTIATE_TEST_SUITE_P(Rows, AddSlideTest, ::testing::ValuesIn(kAdds), cb::testing::RowName());
 
 }  // namespace
 }  // namespace cb

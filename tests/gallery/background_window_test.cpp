@@ -1,3 +1,4 @@
+#include <QCoreApplication>
 #include <QListWidget>
 #include <QMenu>
 #include <QPushButton>
@@ -95,8 +96,12 @@ struct ChoiceRow {
 
 const ChoiceRow kChoices[] = {
     {"back_button_other_frame", [] { TheMDIMain().Button(ToolbarButton::Back)->trigger(); }, 2, "frame02.jpg", true},
-    {"popup_other_frame", [] { TheMDIMain().fGallery()->Item(MenuId::Popup4SetBackground)->trigger(); }, 3,
-     "Frame03.jpg", true},
+    {"popup_other_frame",
+     [] {
+       TheMDIMain().fGallery()->Item(MenuId::Popup4SetBackground)->trigger();
+       QCoreApplication::processEvents();  // the command runs once the popup is done
+     },
+     3, "Frame03.jpg", true},
     {"frame_in_use", [] { TheMDIMain().Button(ToolbarButton::Back)->trigger(); }, 1, "Frame01.jpg", false},
     {"blank_position", [] { TheMDIMain().Button(ToolbarButton::Back)->trigger(); }, 9, "", true},
 };
@@ -185,6 +190,7 @@ TEST_F(WallpaperTest, EveryCallerSetsItAtOnceAndStoresTheBareName) {
     const std::string before = Header();
     Answer(files[k], "cmdOK");
     callers[k]();
+    QCoreApplication::processEvents();  // the gallery's menu hands its command on after the click
     ASSERT_FALSE(Shown().isNull()) << k;
     EXPECT_EQ(qRed(Shown().pixel(1, 1)) > 200, std::string(files[k]) == "dawn.jpg") << k;
     EXPECT_EQ(Mc().Wallpaper(), files[k]);

@@ -1,3 +1,4 @@
+#include <QCoreApplication>
 #include <QGroupBox>
 #include <QLabel>
 #include <QLineEdit>
@@ -31,6 +32,7 @@ class SetTemplateTest : public testing::EditorFixture {
       d->cmdOK->click();
     });
     Gallery().Item(MenuId::SlidesTemplate)->trigger();
+    QCoreApplication::processEvents();  // the command runs once the menu is done
     return asked;
   }
 };
