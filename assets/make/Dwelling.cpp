@@ -85,7 +85,7 @@ void EaveShadow(QPainter& p, double left, double right, double y, double depth) 
   p.fillRect(QRectF(left, y, right - left, depth), Vertical(QRectF(0, y, 1, depth), QColor(0, 0, 0, 90), QColor(0, 0, 0, 0)));
 }
 
-void Roof(QPainter& p, const RoofSpec& roof, double left, double right, double eave, Cladding gableWall,
+void Roof(QPainter& p, const RoofShape& roof, double left, double right, double eave, Cladding gableWall,
           const QColor& wallColour, const QColor& trim) {
   const double l = left - roof.overhang, r = right + roof.overhang, h = roof.height;
   const QColor c = roof.colour;

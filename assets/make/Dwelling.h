@@ -19,14 +19,14 @@ enum class RoofKind { Hip, Gable, Flat, Skillion };
 enum class Covering { Tiles, Iron };
 // A roof over walls spanning `left`..`right` whose top is at `eave`. A gable
 // fills its triangle with the wall; a skillion rises to the right.
-struct RoofSpec {
+struct RoofShape {
   RoofKind kind;
   Covering covering;
   QColor colour;
   double height;
   double overhang = 22;
 };
-void Roof(QPainter& p, const RoofSpec& roof, double left, double right, double eave, Cladding gableWall,
+void Roof(QPainter& p, const RoofShape& roof, double left, double right, double eave, Cladding gableWall,
           const QColor& wallColour, const QColor& trim);
 
 // A window of `across` by `down` panes with a trim; arched at the top when asked.

@@ -24,7 +24,7 @@ struct Detached {
   double width;
   int storeys;
   double raised;       // height of the floor above the ground, on stumps
-  RoofSpec roof;
+  RoofShape roof;
   Cladding cladding;
   QColor wall, trim, door;
   int windows;         // on each side of the front door

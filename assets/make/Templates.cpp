@@ -79,7 +79,7 @@ std::optional<std::string> FieldText(const QString& value, std::string_view fiel
 
 bool ReadSlides(const QString& path, const Made& made, SlideArray& slides) {
   QStringList columns;
-  for (Field f : kSlideColumns) columns << QString::fromUtf8(Spec(f).name.data());
+  for (Field f : kSlideColumns) columns << QString::fromUtf8(LayoutOf(f).name.data());
   const auto rows = ReadTable(path, columns);
   if (!rows) return false;
   slides.assign(1, SlideRecord());
@@ -87,10 +87,10 @@ bool ReadSlides(const QString& path, const Made& made, SlideArray& slides) {
     const QString where = QString("%1:%2").arg(path).arg(row.line);
     SlideRecord record;
     for (int c = 0; c < row.cells.size(); ++c) {
-      const FieldSpec& spec = Spec(kSlideColumns[c]);
-      const auto text = FieldText(row.cells[c], spec.name, spec.width, where);
+      const FieldLayout& entry = LayoutOf(kSlideColumns[c]);
+      const auto text = FieldText(row.cells[c], entry.name, entry.width, where);
       if (!text) return false;
-      record.Set(spec.field, *text);
+      record.Set(entry.field, *text);
     }
     if (!made.pictures.contains(row.cells[0])) return Complain(where, "no gallery picture " + row.cells[0]);
     slides.push_back(record);
@@ -107,9 +107,9 @@ std::optional<TemplateFile> ReadFile(const QString& dataDir, const Row& row, con
   if (!numeric) return Refuse(where, "SlideTemplate is no number");
   if (!made.frames.contains(row.cells[2])) return Refuse(where, "no frame " + row.cells[2]);
   if (!made.wallpapers.contains(row.cells[3])) return Refuse(where, "no wallpaper " + row.cells[3]);
-  const auto background = FieldText(row.cells[2], "BackgroundImage", Spec(Field::PictureFile).width, where);
-  const auto wallpaper = FieldText(row.cells[3], "Wallpaper", Spec(Field::SlideText).width, where);
-  const auto font = FieldText(row.cells[4], "ReportFont", Spec(Field::Make).width, where);
+  const auto background = FieldText(row.cells[2], "BackgroundImage", LayoutOf(Field::PictureFile).width, where);
+  const auto wallpaper = FieldText(row.cells[3], "Wallpaper", LayoutOf(Field::SlideText).width, where);
+  const auto font = FieldText(row.cells[4], "ReportFont", LayoutOf(Field::Make).width, where);
   if (!background || !wallpaper || !font) return std::nullopt;
   file.backgroundImage = *background;
   file.wallpaper = *wallpaper;

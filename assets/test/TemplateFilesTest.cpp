@@ -138,7 +138,7 @@ TEST(Installation, GalleryNamesFitTheirField) {
   const QStringList pictures = dir.entryList(QDir::Files);
   EXPECT_FALSE(pictures.isEmpty());
   for (const QString& name : pictures) {
-    EXPECT_LE(name.size(), static_cast<qsizetype>(Spec(Field::PictureFile).width)) << name.toStdString();
+    EXPECT_LE(name.size(), static_cast<qsizetype>(LayoutOf(Field::PictureFile).width)) << name.toStdString();
     EXPECT_EQ(name, name.toLower());
     EXPECT_TRUE(name.endsWith(".jpg")) << name.toStdString();
   }

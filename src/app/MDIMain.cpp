@@ -64,15 +64,15 @@ void MDIMain::CreateToolBar() {
   toolbar_->setMovable(false);
   toolbar_->setToolButtonStyle(Qt::ToolButtonTextUnderIcon);
   toolbar_->setIconSize(QSize(24, 24));
-  for (const auto& spec : kToolbarButtons) {
-    QAction* a = toolbar_->addAction(ToolbarIcon(Utf8ToQ(spec.imageKey)), Utf8ToQ(spec.key));
-    a->setObjectName(Utf8ToQ(spec.key));
-    a->setToolTip(Utf8ToQ(spec.tooltip));
-    a->setStatusTip(Utf8ToQ(spec.statusTip));
-    a->setCheckable(spec.checkable);
-    a->setEnabled(Built(spec.awaits));
-    connect(a, &QAction::triggered, this, [this, id = spec.id] { Toolbar1_ButtonClick(id); });
-    buttons_[static_cast<std::size_t>(spec.id)] = a;
+  for (const auto& entry : kToolbarButtons) {
+    QAction* a = toolbar_->addAction(ToolbarIcon(Utf8ToQ(entry.imageKey)), Utf8ToQ(entry.key));
+    a->setObjectName(Utf8ToQ(entry.key));
+    a->setToolTip(Utf8ToQ(entry.tooltip));
+    a->setStatusTip(Utf8ToQ(entry.statusTip));
+    a->setCheckable(entry.checkable);
+    a->setEnabled(Built(entry.awaits));
+    connect(a, &QAction::triggered, this, [this, id = entry.id] { Toolbar1_ButtonClick(id); });
+    buttons_[static_cast<std::size_t>(entry.id)] = a;
   }
 }
 

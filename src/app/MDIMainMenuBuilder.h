@@ -25,6 +25,6 @@ struct BuiltMenus {
 };
 
 // Makes the menus of `table` as children of `owner`.
-BuiltMenus BuildMenus(QWidget* owner, std::span<const MenuItemSpec> table);
+BuiltMenus BuildMenus(QWidget* owner, std::span<const MenuItemRow> table);
 
 }  // namespace cb

@@ -9,7 +9,7 @@ using S = ItemState;
 using M = MenuId;
 using A = Awaits;
 
-const std::array<MenuItemSpec, 7> kHistoryItems{{
+const std::array<MenuItemRow, 7> kHistoryItems{{
     {M::Bar4, "mnuBar4", "-", 1, S::Hidden},
     {M::FileHist1, "mnuFileHist", "1 Hist1", 1, S::Hidden},
     {M::FileHist2, "mnuFileHist", "2 Hist2", 1, S::Hidden},
@@ -19,13 +19,13 @@ const std::array<MenuItemSpec, 7> kHistoryItems{{
     {M::FileExit, "mnuFileExit", "&Exit", 1, S::Normal},
 }};
 
-const std::array<MenuItemSpec, 3> kViewMenu{{
+const std::array<MenuItemRow, 3> kViewMenu{{
     {M::View, "mnuView", "&View", 0, S::Normal},
     {M::ViewToolbar, "mnuViewToolbar", "&Toolbar", 1, S::Checked},
     {M::ViewStatusbar, "mnuViewStatusbar", "&Statusbar", 1, S::Checked},
 }};
 
-const std::array<MenuItemSpec, 5> kWallpaperPopup{{
+const std::array<MenuItemRow, 5> kWallpaperPopup{{
     {M::Popup2, "mnuPopup2", "&Popup2", 0, S::Hidden},
     {M::Popup2SetWallpaper, "mnuPopup2SetWallpaper", "&Set Wallpaper", 1, S::Normal, A::BackgroundChooser},
     {M::Popup2What, "mnuPopup2What", "&What's this?", 1, S::Normal},
@@ -33,22 +33,22 @@ const std::array<MenuItemSpec, 5> kWallpaperPopup{{
     {M::Popup2Help, "mnuPopup2Help", "&Help", 1, S::Normal, A::HelpViewer},
 }};
 
-const std::array<MenuItemSpec, 4> kHelpMenu{{
+const std::array<MenuItemRow, 4> kHelpMenu{{
     {M::Help, "mnuHelp", "&Help", 0, S::Normal},
     {M::HelpContents, "mnuHelpContents", "&Contents", 1, S::Normal, A::HelpViewer},
     {M::Bar6, "mnuBar6", "-", 1, S::Normal},
     {M::HelpAbout, "mnuHelpAbout", "&About", 1, S::Normal},
 }};
 
-std::vector<MenuItemSpec> JoinMenus(std::initializer_list<std::span<const MenuItemSpec>> parts) {
-  std::vector<MenuItemSpec> out;
+std::vector<MenuItemRow> JoinMenus(std::initializer_list<std::span<const MenuItemRow>> parts) {
+  std::vector<MenuItemRow> out;
   for (const auto& part : parts) out.insert(out.end(), part.begin(), part.end());
   return out;
 }
 
 namespace {
 
-constexpr MenuItemSpec kMainFile[] = {
+constexpr MenuItemRow kMainFile[] = {
     {M::File, "mnuFile", "&File", 0, S::Normal},
     {M::FileNew, "mnuFileNew", "&New", 1, S::Off},
     {M::FileOpen, "mnuFileOpen", "&Open", 1, S::Normal},
@@ -62,7 +62,7 @@ constexpr MenuItemSpec kMainFile[] = {
 };
 
 // Without a gallery the Slides menu has nothing to work on.
-constexpr MenuItemSpec kMainSlidesAndWindow[] = {
+constexpr MenuItemRow kMainSlidesAndWindow[] = {
     {M::Slides, "mnuSlides", "&Slides", 0, S::Normal},
     {M::SlidesAdd, "mnuSlidesAdd", "&Add Slide", 1, S::Off},
     {M::SlidesModify, "mnuSlidesModify", "&Modify Slide Collection", 1, S::Off},
@@ -73,7 +73,7 @@ constexpr MenuItemSpec kMainSlidesAndWindow[] = {
     {M::WindowCascade, "mnuWindowCascade", "&Cascade", 1, S::Normal},
 };
 
-constexpr MenuItemSpec kMainPopups[] = {
+constexpr MenuItemRow kMainPopups[] = {
     {M::Popup1, "mnuPopup1", "&Popup1", 0, S::Hidden},
     {M::Popup1Reset, "mnuPopup1Reset", "&Reset", 1, S::Normal},
     {M::Popup1What, "mnuPopup1What", "&What's this?", 1, S::Normal},
@@ -83,15 +83,15 @@ constexpr MenuItemSpec kMainPopups[] = {
 
 }  // namespace
 
-const std::vector<MenuItemSpec>& MainMenu() {
-  static const std::vector<MenuItemSpec> menu =
+const std::vector<MenuItemRow>& MainMenu() {
+  static const std::vector<MenuItemRow> menu =
       JoinMenus({kMainFile, kHistoryItems, kViewMenu, kMainSlidesAndWindow, kHelpMenu, kMainPopups, kWallpaperPopup});
   return menu;
 }
 
 using B = ToolbarButton;
 
-const std::array<ToolbarButtonSpec, kToolbarButtonCount> kToolbarButtons{{
+const std::array<ToolbarButtonRow, kToolbarButtonCount> kToolbarButtons{{
     {B::New, "New", "New File", "New"},
     {B::Open, "Open", "Open File", "Open"},
     {B::Edit, "Edit", "Edit Slide", "Edit", "Edit Slide Details"},
@@ -103,7 +103,7 @@ const std::array<ToolbarButtonSpec, kToolbarButtonCount> kToolbarButtons{{
     {B::Help, "Help", "Help", "Help", {}, false, A::HelpViewer},
 }};
 
-const ToolbarButtonSpec& ButtonSpec(ToolbarButton b) { return kToolbarButtons[static_cast<std::size_t>(b)]; }
+const ToolbarButtonRow& ButtonRow(ToolbarButton b) { return kToolbarButtons[static_cast<std::size_t>(b)]; }
 
 int HistoryEntry(MenuId id) {
   const int k = static_cast<int>(id) - static_cast<int>(M::FileHist1);
@@ -165,7 +165,7 @@ ToolbarChange ToolbarAfter(ToolbarEvent event, const ToolbarFacts& f) {
   };
   switch (event) {
     case ToolbarEvent::FrameActivated:
-      for (const auto& spec : kToolbarButtons) at(spec.id).enabled = On(ToolbarButtonEnabled(spec.id, f.slideOpen));
+      for (const auto& entry : kToolbarButtons) at(entry.id).enabled = On(ToolbarButtonEnabled(entry.id, f.slideOpen));
       press(f.zoomPressed);
       at(B::Zoom).pressed = Change::Keep;
       break;
@@ -190,8 +190,8 @@ ToolbarChange ToolbarAfter(ToolbarEvent event, const ToolbarFacts& f) {
     case ToolbarEvent::UnzoomPressed: press(false); break;
     case ToolbarEvent::GalleryUnloaded: at(B::Edit).enabled = Change::Off; break;
   }
-  for (const auto& spec : kToolbarButtons)
-    if (!Built(spec.awaits) && at(spec.id).enabled == Change::On) at(spec.id).enabled = Change::Off;
+  for (const auto& entry : kToolbarButtons)
+    if (!Built(entry.awaits) && at(entry.id).enabled == Change::On) at(entry.id).enabled = Change::Off;
   return c;
 }
 

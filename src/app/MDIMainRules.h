@@ -71,7 +71,7 @@ enum class ItemState { Normal, Off, Hidden, Checked };
 // One row of a menu bar: depth 0 is a menu of the bar, 1 an item in it.
 // A caption "-" is a separator. Hidden menus of depth 0 are popups only.
 // Several rows may share a name (the history entries); the id tells them apart.
-struct MenuItemSpec {
+struct MenuItemRow {
   MenuId id;
   std::string_view name;
   std::string_view caption;
@@ -83,21 +83,21 @@ struct MenuItemSpec {
 };
 
 // The items both menu bars share, in their places.
-extern const std::array<MenuItemSpec, 7> kHistoryItems;  // mnuBar4, mnuFileHist(1..4), mnuBar5, mnuFileExit
-extern const std::array<MenuItemSpec, 3> kViewMenu;
-extern const std::array<MenuItemSpec, 4> kHelpMenu;
-extern const std::array<MenuItemSpec, 5> kWallpaperPopup;  // mnuPopup2
+extern const std::array<MenuItemRow, 7> kHistoryItems;  // mnuBar4, mnuFileHist(1..4), mnuBar5, mnuFileExit
+extern const std::array<MenuItemRow, 3> kViewMenu;
+extern const std::array<MenuItemRow, 4> kHelpMenu;
+extern const std::array<MenuItemRow, 5> kWallpaperPopup;  // mnuPopup2
 
 // Tables joined in order.
-std::vector<MenuItemSpec> JoinMenus(std::initializer_list<std::span<const MenuItemSpec>> parts);
+std::vector<MenuItemRow> JoinMenus(std::initializer_list<std::span<const MenuItemRow>> parts);
 
 // The main window's menu bar and its two popups.
-const std::vector<MenuItemSpec>& MainMenu();
+const std::vector<MenuItemRow>& MainMenu();
 
 enum class ToolbarButton : std::uint8_t { New, Open, Edit, Report, Zoom, Unzoom, Window, Back, Help, Count };
 inline constexpr std::size_t kToolbarButtonCount = static_cast<std::size_t>(ToolbarButton::Count);
 
-struct ToolbarButtonSpec {
+struct ToolbarButtonRow {
   ToolbarButton id;
   std::string_view key;  // the object name and the caption
   std::string_view tooltip;
@@ -108,8 +108,8 @@ struct ToolbarButtonSpec {
 };
 
 // The buttons in their order on the bar.
-extern const std::array<ToolbarButtonSpec, kToolbarButtonCount> kToolbarButtons;
-const ToolbarButtonSpec& ButtonSpec(ToolbarButton b);
+extern const std::array<ToolbarButtonRow, kToolbarButtonCount> kToolbarButtons;
+const ToolbarButtonRow& ButtonRow(ToolbarButton b);
 
 // Whether a toolbar button is live, by whether a slide window is open.
 bool ToolbarButtonEnabled(ToolbarButton b, bool slideOpen);

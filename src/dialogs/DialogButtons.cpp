@@ -7,12 +7,12 @@
 namespace cb {
 namespace {
 
-struct ButtonSpec {
+struct ButtonRow {
   const char* name;
   const char* caption;
 };
 
-constexpr ButtonSpec kButtons[] = {{"cmdOK", "OK"}, {"cmdCancel", "Cancel"}, {"cmdHelp", "Help"}};
+constexpr ButtonRow kButtons[] = {{"cmdOK", "OK"}, {"cmdCancel", "Cancel"}, {"cmdHelp", "Help"}};
 constexpr double kGap = 75, kHeight = 390;  // twips
 
 }  // namespace

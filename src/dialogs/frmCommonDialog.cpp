@@ -16,6 +16,7 @@
 
 #include "base/FileListing.h"
 #include "dialogs/HelpRoutine.h"
+#include "qt/FixedDialog.h"
 #include "qt/Twips.h"
 
 namespace cb {
@@ -187,8 +188,7 @@ void DriveListBox::Drive(const QString& path) {
 
 frmCommonDialog::frmCommonDialog() {
   setObjectName("frmCommonDialog");
-  setWindowFlags(Qt::Dialog | Qt::CustomizeWindowHint | Qt::MSWindowsFixedSizeDialogHint | Qt::WindowTitleHint |
-                 Qt::WindowSystemMenuHint | Qt::WindowCloseButtonHint);
+  setWindowFlags(kFixedDialog);
   txtFilename = new QLineEdit(this);
   FileListBox1 = new FileListBox(this);
   cboFileType = new QComboBox(this);

@@ -7,6 +7,7 @@
 #include "app/modGlobal.h"
 #include "dialogs/HelpRoutine.h"
 #include "dialogs/frmCommonDialog.h"
+#include "qt/FixedDialog.h"
 #include "qt/Twips.h"
 
 namespace cb {
@@ -38,8 +39,7 @@ QPointer<frmDirectory>& Slot() {
 
 frmDirectory::frmDirectory() {
   setObjectName("frmDirectory");
-  setWindowFlags(Qt::Dialog | Qt::CustomizeWindowHint | Qt::MSWindowsFixedSizeDialogHint | Qt::WindowTitleHint |
-                 Qt::WindowSystemMenuHint | Qt::WindowCloseButtonHint);
+  setWindowFlags(kFixedDialog);
   setWindowTitle(kCaption);
   cmdOK = new QPushButton("OK", this);
   cmdOK->setDefault(true);

@@ -9,7 +9,7 @@ using A = Awaits;
 namespace {
 
 // The gallery's File menu has New and Save As live and its own Gallery off.
-constexpr MenuItemSpec kGalleryFile[] = {
+constexpr MenuItemRow kGalleryFile[] = {
     {M::File, "mnuFile", "&File", 0, S::Normal},
     {M::FileNew, "mnuFileNew", "&New", 1, S::Normal},
     {M::FileOpen, "mnuFileOpen", "&Open", 1, S::Normal},
@@ -22,7 +22,7 @@ constexpr MenuItemSpec kGalleryFile[] = {
     {M::FilePassword, "mnuFilePassword", "&Password", 1, S::Normal},
 };
 
-constexpr MenuItemSpec kGallerySlidesAndWindow[] = {
+constexpr MenuItemRow kGallerySlidesAndWindow[] = {
     {M::Slides, "mnuSlides", "&Slides", 0, S::Normal},
     {M::SlidesAdd, "mnuSlidesAdd", "&Add Slide", 1, S::Normal},
     {M::SlidesModify, "mnuSlidesModify", "&Modify Slide Collection", 1, S::Normal, A::CollectionEditor},
@@ -33,7 +33,7 @@ constexpr MenuItemSpec kGallerySlidesAndWindow[] = {
     {M::WindowCascade, "mnuWindowCascade", "&Cascade", 1, S::Normal},
 };
 
-constexpr MenuItemSpec kGalleryPopups[] = {
+constexpr MenuItemRow kGalleryPopups[] = {
     {M::Popup1, "mnuPopup1", "&Popup1", 0, S::Hidden},
     {M::Popup1Delete, "mnuPopup1Delete", "&Remove Slide", 1, S::Normal},
     {M::Popup1What, "mnuPopup1What", "&What's this?", 1, S::Normal},
@@ -53,10 +53,9 @@ constexpr MenuItemSpec kGalleryPopups[] = {
 
 }  // namespace
 
-const std::vector<MenuItemSpec>& GalleryMenu() {
-  static const std::vector<MenuItemSpec> menu =
-      JoinMenus({kGalleryFile, kHistoryItems, kViewMenu, kGallerySlidesAndWindow, kHelpMenu, kGalleryPopups,
-                 kWallpaperPopup});
+const std::vector<MenuItemRow>& GalleryMenu() {
+  static const std::vector<MenuItemRow> menu = JoinMenus(
+      {kGalleryFile, kHistoryItems, kViewMenu, kGallerySlidesAndWindow, kHelpMenu, kGalleryPopups, kWallpaperPopup});
   return menu;
 }
 

@@ -9,7 +9,7 @@
 
 namespace cb {
 
-const std::vector<MenuItemSpec>& GalleryMenu();
+const std::vector<MenuItemRow>& GalleryMenu();
 
 struct WhatNote {
   MenuId item;

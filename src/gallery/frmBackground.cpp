@@ -6,6 +6,7 @@
 #include "base/FileListing.h"
 #include "dialogs/HelpRoutine.h"
 #include "gallery/GalleryLayout.h"
+#include "qt/FixedDialog.h"
 #include "qt/LoadPicture.h"
 #include "qt/StretchImage.h"
 #include "qt/Twips.h"
@@ -22,8 +23,7 @@ constexpr double kClientWidth = 6615, kClientHeight = 4695;
 frmBackground::frmBackground() {
   setObjectName("frmBackground");
   setWindowTitle(kCaption);
-  setWindowFlags(Qt::Dialog | Qt::CustomizeWindowHint | Qt::MSWindowsFixedSizeDialogHint | Qt::WindowTitleHint |
-                 Qt::WindowSystemMenuHint | Qt::WindowCloseButtonHint);
+  setWindowFlags(kFixedDialog);
   Picture1 = new QWidget(this);
   Picture1->setObjectName("Picture1");
   Picture1->setAccessibleName(kCaption);

@@ -13,6 +13,7 @@
 #include "dialogs/HelpRoutine.h"
 #include "dialogs/frmDirectory.h"
 #include "dialogs/frmLoading.h"
+#include "qt/FixedDialog.h"
 #include "qt/MsgBox.h"
 #include "qt/Twips.h"
 
@@ -63,8 +64,7 @@ void Show(QListWidget& list, const NameList& names) {
 frmModifySlide::frmModifySlide() {
   setObjectName("frmModifySlide");
   setWindowTitle(kCaption);
-  setWindowFlags(Qt::Dialog | Qt::CustomizeWindowHint | Qt::MSWindowsFixedSizeDialogHint | Qt::WindowTitleHint |
-                 Qt::WindowSystemMenuHint | Qt::WindowCloseButtonHint);
+  setWindowFlags(kFixedDialog);
   Label1 = new QLabel(this);
   lstAvailable = new QListWidget(this);
   cmdAddOne = new QPushButton(this);

@@ -11,13 +11,13 @@
 
 namespace cb {
 
-struct HelpButtonSpec {
+struct HelpButtonRow {
   std::string_view key;  // also the caption
   std::string_view tooltip;
 };
 
 // Print's tip is the report viewer's.
-inline constexpr std::array<HelpButtonSpec, 3> kHelpToolbar{{
+inline constexpr std::array<HelpButtonRow, 3> kHelpToolbar{{
     {"Print", "Print Report"},
     {"Previous", "Go Back"},
     {"Next", "Go Forward"},

@@ -32,7 +32,7 @@ constexpr std::string_view kNames[kEditControls] = {
 }  // namespace
 
 // clang-format off
-const std::array<SlideTemplateSpec, 3> kSlideTemplates{{
+const std::array<SlideTemplateLayout, 3> kSlideTemplates{{
     {1, "frmEditSlide", "optHome", "Home (Default)", 8775, 3270, 2760,
      {kNumber, kFile, kText,
       L(C::cboLocation, "Location", 1200), R(C::cboCategory, "Category", 1200),
@@ -58,16 +58,16 @@ const std::array<SlideTemplateSpec, 3> kSlideTemplates{{
 
 std::string_view ControlName(EditControl c) { return kNames[static_cast<std::size_t>(c)]; }
 
-const SlideTemplateSpec& TemplateFor(std::int32_t code) {
+const SlideTemplateLayout& TemplateFor(std::int32_t code) {
   for (const auto& t : kSlideTemplates)
     if (t.code == code) return t;
   return kSlideTemplates[0];
 }
 
-LabelPlace LabelFor(const SlideTemplateSpec& spec, const EditorBox& box) {
+LabelPlace LabelFor(const SlideTemplateLayout& entry, const EditorBox& box) {
   constexpr double kGap = 60, kMargin = 120;
   double from = kMargin;
-  for (const EditorBox& other : spec.boxes)
+  for (const EditorBox& other : entry.boxes)
     if (other.top == box.top && other.left < box.left) from = std::max(from, other.left + other.width + kMargin);
   return {from, box.left - kGap - from};
 }

@@ -32,7 +32,7 @@ struct EditorBox {
 
 inline constexpr double kBoxHeight = 315;
 
-struct SlideTemplateSpec {
+struct SlideTemplateLayout {
   std::int32_t code;
   std::string_view editorName;  // the editor's object name
   std::string_view optionName;  // the option of the template dialog
@@ -48,12 +48,12 @@ struct SlideTemplateSpec {
 struct LabelPlace {
   double left, width;
 };
-LabelPlace LabelFor(const SlideTemplateSpec& spec, const EditorBox& box);
+LabelPlace LabelFor(const SlideTemplateLayout& entry, const EditorBox& box);
 
 // Codes 1, 2, 3 in order.
-extern const std::array<SlideTemplateSpec, 3> kSlideTemplates;
+extern const std::array<SlideTemplateLayout, 3> kSlideTemplates;
 
 // The template of `code`; a code outside 1 to 3 gives Home Security's.
-const SlideTemplateSpec& TemplateFor(std::int32_t code);
+const SlideTemplateLayout& TemplateFor(std::int32_t code);
 
 }  // namespace cb

@@ -13,6 +13,7 @@
 #include "base/Text.h"
 #include "dialogs/DialogButtons.h"
 #include "dialogs/HelpRoutine.h"
+#include "qt/FixedDialog.h"
 #include "qt/Twips.h"
 #include "slide/SlideEdits.h"
 #include "slide/UIEditSlideController.h"
@@ -45,8 +46,8 @@ QComboBox* TypedCombo(QWidget* parent) {
 }  // namespace
 
 frmEditSlide::frmEditSlide(std::int32_t slideTemplate, QWidget* parent)
-    : QDialog(parent, kFixedDialog), spec_(TemplateFor(slideTemplate)) {
-  setObjectName(QString::fromUtf8(spec_.editorName.data(), int(spec_.editorName.size())));
+    : QDialog(parent, kFixedDialog), layout_(TemplateFor(slideTemplate)) {
+  setObjectName(QString::fromUtf8(layout_.editorName.data(), int(layout_.editorName.size())));
   setWindowTitle(kCaption);
   setAttribute(Qt::WA_DeleteOnClose);
   setModal(false);
@@ -72,7 +73,7 @@ void frmEditSlide::CreateControls() {
   txtMake = new QLineEdit(this);
   txtModel = new QLineEdit(this);
   txtValue = new QLineEdit(this);
-  const DialogButtons buttons = MakeDialogButtons(this, spec_.buttonsTop, kButtonsLeft, kButtonWidth);
+  const DialogButtons buttons = MakeDialogButtons(this, layout_.buttonsTop, kButtonsLeft, kButtonWidth);
   cmdOK = buttons.ok;
   cmdCancel = buttons.cancel;
   cmdHelp = buttons.help;
@@ -88,11 +89,11 @@ void frmEditSlide::CreateControls() {
 }
 
 void frmEditSlide::LayOut() {
-  for (const EditorBox& box : spec_.boxes) {
+  for (const EditorBox& box : layout_.boxes) {
     QWidget* control = Control(box.control);
     control->setGeometry(TwipsRect(box.left, box.top, box.width, kBoxHeight));
     const QString caption = QString::fromUtf8(box.caption.data(), int(box.caption.size()));
-    const LabelPlace place = LabelFor(spec_, box);
+    const LabelPlace place = LabelFor(layout_, box);
     auto* label = new QLabel(caption, this);
     label->setObjectName("lbl" + control->objectName().mid(3));
     label->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
@@ -105,9 +106,9 @@ void frmEditSlide::LayOut() {
       combo->view()->setAccessibleName(caption);
     }
   }
-  for (std::size_t i = 1; i < spec_.tabOrder.size(); ++i)
-    setTabOrder(Control(spec_.tabOrder[i - 1]), Control(spec_.tabOrder[i]));
-  setFixedSize(TwipsToPixelsX(spec_.clientWidth), TwipsToPixelsY(spec_.clientHeight));
+  for (std::size_t i = 1; i < layout_.tabOrder.size(); ++i)
+    setTabOrder(Control(layout_.tabOrder[i - 1]), Control(layout_.tabOrder[i]));
+  setFixedSize(TwipsToPixelsX(layout_.clientWidth), TwipsToPixelsY(layout_.clientHeight));
 }
 
 void frmEditSlide::Form_Load() {

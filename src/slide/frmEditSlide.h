@@ -22,10 +22,6 @@ namespace cb {
 
 class UIEditSlideController;
 
-// A dialog of fixed size with a title and a close button, and no minimise or maximise.
-inline constexpr Qt::WindowFlags kFixedDialog = Qt::Dialog | Qt::CustomizeWindowHint | Qt::WindowTitleHint |
-                                                Qt::WindowCloseButtonHint | Qt::MSWindowsFixedSizeDialogHint;
-
 class frmEditSlide : public QDialog {
   Q_OBJECT
  public:
@@ -47,7 +43,7 @@ class frmEditSlide : public QDialog {
   QPushButton* cmdCancel;
   QPushButton* cmdHelp;
 
-  const SlideTemplateSpec& Template() const { return spec_; }
+  const SlideTemplateLayout& Template() const { return layout_; }
 
   void cmdOK_Click();
 
@@ -66,7 +62,7 @@ class frmEditSlide : public QDialog {
   void LoadLocationList();
   QWidget* Control(EditControl c) const { return controls_[static_cast<std::size_t>(c)]; }
 
-  const SlideTemplateSpec& spec_;
+  const SlideTemplateLayout& layout_;
   std::array<QWidget*, kEditControls> controls_{};
   std::unique_ptr<UIEditSlideController> controller_;
 };

@@ -9,6 +9,7 @@
 #include "artwork/TemplatePictures.h"
 #include "dialogs/DialogButtons.h"
 #include "dialogs/HelpRoutine.h"
+#include "qt/FixedDialog.h"
 #include "qt/Twips.h"
 #include "slide/SlideTemplates.h"
 #include "slide/frmEditSlide.h"
@@ -34,7 +35,7 @@ frmSetSlideTemplate::frmSetSlideTemplate(QWidget* parent) : QDialog(parent, kFix
   Frame1->setObjectName("Frame1");
   Frame1->setGeometry(TwipsRect(kFrameLeft, kFrameTop, kFrameWidth, kFrameHeight));
   for (std::size_t i = 0; i < kSlideTemplates.size(); ++i) {
-    const SlideTemplateSpec& t = kSlideTemplates[i];
+    const SlideTemplateLayout& t = kSlideTemplates[i];
     const double top = kFirstRow + static_cast<double>(i) * kRowStep;
     auto* option = new QRadioButton(QString::fromUtf8(t.optionCaption.data(), int(t.optionCaption.size())), Frame1);
     option->setObjectName(QString::fromUtf8(t.optionName.data(), int(t.optionName.size())));

@@ -21,7 +21,7 @@ SifHeader DecodeHeader(const SlideRecord& raw) {
 namespace {
 
 std::span<char> FieldBytes(SlideRecord& record, Field f) {
-  const auto& s = Spec(f);
+  const auto& s = LayoutOf(f);
   return std::span<char>(record.bytes()).subspan(s.offset, s.width);
 }
 

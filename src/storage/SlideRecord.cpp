@@ -5,12 +5,12 @@
 namespace cb {
 
 std::string SlideRecord::Get(Field f) const {
-  const auto& s = Spec(f);
+  const auto& s = LayoutOf(f);
   return std::string(bytes_.data() + s.offset, s.width);
 }
 
 void SlideRecord::Set(Field f, std::string_view text) {
-  const auto& s = Spec(f);
+  const auto& s = LayoutOf(f);
   const auto n = std::min(text.size(), s.width);
   auto out = bytes_.begin() + static_cast<std::ptrdiff_t>(s.offset);
   std::copy_n(text.begin(), n, out);

@@ -12,7 +12,7 @@ namespace cb {
 
 enum class Field { Spare, PictureFile, SlideText, Category, Location, Make, Model, Serial, Value };
 
-struct FieldSpec {
+struct FieldLayout {
   Field field;
   std::string_view name;
   std::size_t offset;
@@ -22,7 +22,7 @@ struct FieldSpec {
 inline constexpr std::size_t kRecordLength = 278;
 
 // The fields in record order.
-inline constexpr std::array<FieldSpec, 9> kFields{{
+inline constexpr std::array<FieldLayout, 9> kFields{{
     {Field::Spare, "Spare", 0, 11},
     {Field::PictureFile, "PictureFile", 11, 26},
     {Field::SlideText, "SlideText", 37, 100},
@@ -34,7 +34,7 @@ inline constexpr std::array<FieldSpec, 9> kFields{{
     {Field::Value, "Value", 267, 11},
 }};
 
-constexpr const FieldSpec& Spec(Field f) { return kFields[static_cast<std::size_t>(f)]; }
+constexpr const FieldLayout& LayoutOf(Field f) { return kFields[static_cast<std::size_t>(f)]; }
 
 class SlideRecord {
  public:

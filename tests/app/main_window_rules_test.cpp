@@ -57,8 +57,8 @@ TEST(MainWindowRulesTest, ToolbarFollowsTheSlideWindow) {
                       {B::Edit, true, false},  {B::Zoom, true, false},  {B::Report, true, true},
                       {B::Unzoom, true, false}, {B::Back, false, true}, {B::Help, true, true}};
   for (const auto& r : rows) {
-    EXPECT_EQ(ToolbarButtonEnabled(r.key, true), r.withSlide) << ButtonSpec(r.key).key;
-    EXPECT_EQ(ToolbarButtonEnabled(r.key, false), r.without) << ButtonSpec(r.key).key;
+    EXPECT_EQ(ToolbarButtonEnabled(r.key, true), r.withSlide) << ButtonRow(r.key).key;
+    EXPECT_EQ(ToolbarButtonEnabled(r.key, false), r.without) << ButtonRow(r.key).key;
   }
 }
 

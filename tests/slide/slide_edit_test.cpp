@@ -15,7 +15,7 @@ using testing::Slide;
 
 // `text` padded with blanks to the width of `field`, as the record holds it.
 std::string Padded(Field field, std::string text) {
-  text.resize(Spec(field).width, ' ');
+  text.resize(LayoutOf(field).width, ' ');
   return text;
 }
 
@@ -76,7 +76,7 @@ TEST(StoreEdits, NoSlideAtTheNumberWritesNothing) {
 
 // Every label has room for "Total Value" in a common 9-point face, clear of the box before it.
 TEST(SlideTemplates, EachLabelHasItsRoomBetweenTheBoxesOfItsRow) {
-  for (const SlideTemplateSpec& t : kSlideTemplates) {
+  for (const SlideTemplateLayout& t : kSlideTemplates) {
     for (const EditorBox& box : t.boxes) {
       const LabelPlace label = LabelFor(t, box);
       EXPECT_GE(label.width, 1100) << t.editorName << " " << box.caption;

@@ -44,7 +44,7 @@ struct RawRecord {
 // NUL among the bytes the file holds; the missing tail reads as NUL but is
 // reported as a short file instead.
 bool HasNul(const RawRecord& r, Field f) {
-  const auto& s = Spec(f);
+  const auto& s = LayoutOf(f);
   const auto& b = r.record.bytes();
   const std::size_t end = std::min(s.offset + s.width, r.present);
   return s.offset < end && std::find(b.begin() + s.offset, b.begin() + end, '\0') != b.begin() + end;

@@ -26,7 +26,7 @@ std::string Shown(const std::string& field) { return Cp1252ToUtf8(RTrim(StripAtN
 // The Value as a sub-report lists it: the number at its front, in at most
 // the 11 characters of the field.
 std::string SubReportValue(const std::string& value) {
-  return NumberText(LeadingNumber(Trim(value))).substr(0, Spec(Field::Value).width);
+  return NumberText(LeadingNumber(Trim(value))).substr(0, LayoutOf(Field::Value).width);
 }
 
 // A picture name the gallery can hold: one plain file name.

@@ -81,7 +81,7 @@ bool FromInventory(const Inventory& inv, std::optional<std::int32_t> templateOve
   s.SlideTemplate = tmpl;
   std::string why;
   for (const auto& h : kHeaderFields) {
-    const auto bytes = ToField(inv.*h.from, Spec(h.storedIn).width, why);
+    const auto bytes = ToField(inv.*h.from, LayoutOf(h.storedIn).width, why);
     if (!bytes) {
       message = std::string(h.name) + ": " + why;
       return false;
