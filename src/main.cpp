@@ -2,9 +2,11 @@
 
 #include "app/Main.h"
 #include "artwork/ProgramIcon.h"
+#include "base/Utf8Locale.h"
 
 int main(int argc, char* argv[]) {
   QApplication app(argc, argv);
+  cb::UseUtf8CharacterType();
   // Every window, and the desktop's task list by way of the .desktop file.
   QApplication::setWindowIcon(cb::ProgramIcon());
   QGuiApplication::setDesktopFileName("org.chattelbook.Chattelbook");

@@ -95,14 +95,20 @@ std::string Refusal(archive_entry* e, const std::string& name) {
   return {};
 }
 
+// The entry's name as bytes; a UTF-8 name the locale cannot hold comes as written.
+std::string EntryName(archive_entry* e) {
+  const char* raw = archive_entry_pathname(e);
+  if (!raw) raw = archive_entry_pathname_utf8(e);
+  return raw ? raw : "";
+}
+
 // The first pass: every entry named, hashed and checked against the manifest.
 bool Survey(const std::string& path, std::vector<Entry>& entries, Manifest& manifest, std::string& message) {
   ArchiveIn in(path);
   std::optional<std::string> manifestText;
   std::set<std::string> names;
   while (archive_entry* e = in.Next()) {
-    const char* utf8 = archive_entry_pathname_utf8(e);
-    const std::string name = utf8 ? utf8 : (archive_entry_pathname(e) ? archive_entry_pathname(e) : "");
+    const std::string name = EntryName(e);
     if (const std::string why = Refusal(e, name); !why.empty()) {
       message = path + ": " + why;
       return false;
@@ -248,8 +254,7 @@ bool Extract(const std::string& path, const fs::path& appDir, const std::vector<
   ArchiveIn in(path);
   std::size_t next = 0;
   while (archive_entry* e = in.Next()) {
-    const char* utf8 = archive_entry_pathname_utf8(e);
-    const std::string name = utf8 ? utf8 : "";
+    const std::string name = EntryName(e);
     if (name == kManifestName) continue;
     if (next >= entries.size() || entries[next].name != name) {
       message = path + ": the archive changed while it was read";

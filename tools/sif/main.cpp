@@ -9,6 +9,7 @@
 #include <memory>
 
 #include "Commands.h"
+#include "base/Utf8Locale.h"
 
 int main(int argc, char** argv) {
   // The claim lays out text and pictures, which needs fonts and so the GUI
@@ -24,6 +25,7 @@ int main(int argc, char** argv) {
   } else {
     app = std::make_unique<QCoreApplication>(argc, argv);
   }
+  cb::UseUtf8CharacterType();
   std::ios::sync_with_stdio(true);
   return cb::sif::RunSif(QCoreApplication::arguments(), std::cout, std::cerr, std::cin);
 }
