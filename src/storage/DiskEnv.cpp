@@ -128,4 +128,9 @@ RtError DiskEnv::Rename(const std::string& from, const std::string& to) {
 
 void DiskEnv::Remove(const std::string& path) { ::unlink(path.c_str()); }
 
+RtError DiskEnv::MakeDirectory(const std::string& dir, unsigned mode) {
+  if (::mkdir(dir.c_str(), static_cast<mode_t>(mode)) == 0 || errno == EEXIST) return RtError::None;
+  return CreateError(errno);
+}
+
 }  // namespace cb

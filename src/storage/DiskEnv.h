@@ -17,6 +17,7 @@ class DiskEnv : public Env {
                         std::unique_ptr<WritableFile>& file) override;
   RtError Rename(const std::string& from, const std::string& to) override;
   void Remove(const std::string& path) override;
+  RtError MakeDirectory(const std::string& dir, unsigned mode) override;
 };
 
 }  // namespace cb

@@ -62,6 +62,9 @@ class Env {
   // Moves `from` over `to` in one step, and makes the move last.
   virtual RtError Rename(const std::string& from, const std::string& to) = 0;
   virtual void Remove(const std::string& path) = 0;
+  // Makes the directory `dir` with `mode` less the umask; a directory already
+  // there is no failure. PathNotFound when its parent is missing.
+  virtual RtError MakeDirectory(const std::string& dir, unsigned mode) = 0;
 
   // The real file system.
   static Env& Default();
@@ -89,6 +92,7 @@ class MemoryEnv : public Env {
                         std::unique_ptr<WritableFile>& file) override;
   RtError Rename(const std::string& from, const std::string& to) override;
   void Remove(const std::string& path) override { files_.erase(path); }
+  RtError MakeDirectory(const std::string&, unsigned) override { return RtError::None; }
 
   std::map<std::string, std::string>& Files() { return files_; }
 

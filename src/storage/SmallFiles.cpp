@@ -52,12 +52,6 @@ RtError WriteError(RtError e, RtError otherwise) {
   }
 }
 
-// Makes the reports directory unless it is there already.
-RtError MakeDirectory(const std::string& dir) {
-  if (::mkdir(dir.c_str(), 0755) == 0 || errno == EEXIST) return RtError::None;
-  return errno == ENOENT ? RtError::PathNotFound : FromErrno(errno);
-}
-
 std::string Quoted(std::string_view s) { return "\"" + std::string(s) + "\""; }
 
 }  // namespace
@@ -150,7 +144,7 @@ Status DataAccess::PutFileHistoryList(const std::string& appPath, const FileHist
 
 Status DataAccess::SaveReport(const std::string& reportsDirectory, const std::string& fileName,
                               const std::string& text) {
-  if (const RtError made = MakeDirectory(reportsDirectory); made != RtError::None)
+  if (const RtError made = env_.MakeDirectory(reportsDirectory, 0755); made != RtError::None)
     return {WriteError(made, RtError::PathNotFound), kSource};
   const RtError e = ReplaceFile(env_, fileName, text + std::string(kReportLineEnd), kNewFileMode);
   if (e != RtError::None) return {WriteError(e, RtError::PathNotFound), kSource};

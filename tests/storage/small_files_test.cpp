@@ -4,6 +4,7 @@
 #include <sys/stat.h>
 
 #include "storage/DataAccess.h"
+#include "storage/DiskEnv.h"
 #include "storage/SmallFiles.h"
 #include "support/RowName.h"
 #include "support/SifFixture.h"
@@ -124,21 +125,28 @@ TEST_F(SmallFilesTest, SaveReportReplacesThePageAndMakesTheFolder) {
 }
 
 // The number follows the failure: a directory missing on the way is 76, a
-// refusal 75, whether it comes from making the folder or writing the file. /sys stands for a place where nothing may be made.
+// refusal 75, whether it comes from making the folder or writing the file.
 struct WriteFailureRow {
   const char* name;
-  const char* appPath;  // empty: the temporary installation
+  const char* appPath;   // empty: the temporary installation
   const char* inTheWay;  // made as a directory below it first
+  bool folderRefused;    // making a directory is refused, as in a folder of another owner
   bool report;           // SaveReport of Reports/Report1.htm, else PutFileHistoryList
   const char* number;
 };
 
 const WriteFailureRow kWriteFailures[] = {
-    {"history_in_a_missing_directory", "/nonexistent/app", "", false, "76"},
-    {"history_file_is_a_directory", "", "fhistlst.dat", false, "75"},
-    {"reports_folder_cannot_be_made", "/sys", "", true, "75"},
-    {"reports_folder_in_a_missing_directory", "/nonexistent/app", "", true, "76"},
-    {"old_page_cannot_be_replaced", "", "Reports/Report1.htm", true, "75"},
+    {"history_in_a_missing_directory", "/nonexistent/app", "", false, false, "76"},
+    {"history_file_is_a_directory", "", "fhistlst.dat", false, false, "75"},
+    {"reports_folder_cannot_be_made", "", "", true, true, "75"},
+    {"reports_folder_in_a_missing_directory", "/nonexistent/app", "", false, true, "76"},
+    {"old_page_cannot_be_replaced", "", "Reports/Report1.htm", false, true, "75"},
+};
+
+// The disk, but no directory may be made.
+class NoNewFolders : public DiskEnv {
+ public:
+  RtError MakeDirectory(const std::string&, unsigned) override { return RtError::PathFileAccess; }
 };
 
 class WriteFailureTest : public SmallFilesTest, public ::testing::WithParamInterface<WriteFailureRow> {};
@@ -147,7 +155,8 @@ TEST_P(WriteFailureTest, NumberFollowsTheFailure) {
   const auto& row = GetParam();
   const std::string root = *row.appPath ? std::string(row.appPath) : app.str();
   if (*row.inTheWay) std::filesystem::create_directories(root + "/" + row.inTheWay + "/inside");
-  DataAccess data;
+  NoNewFolders refusing;
+  DataAccess data(row.folderRefused ? refusing : Env::Default());
   ErrorArray errors;
   if (row.report)
     EXPECT_FALSE(Report(data.SaveReport(root + "/Reports/", root + "/Reports/Report1.htm", "x"), errors));
