@@ -24,13 +24,13 @@
 #include <memory>
 #include <thread>
 
-#include "app/Forms.h"
-#include "app/MDIMain.h"
-#include "app/modGlobal.h"
+#include "frame/Forms.h"
+#include "frame/MDIMain.h"
 #include "gallery/frmGallery.h"
 #include "qt/GalleryPictures.h"
-#include "app/SettingsStore.h"
 #include "qt/StretchImage.h"
+#include "state/SettingsStore.h"
+#include "state/modGlobal.h"
 
 namespace {
 

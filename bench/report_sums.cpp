@@ -9,13 +9,13 @@
 #include <random>
 
 #include "../tests/reports/LiteralReport.h"
-#include "app/SettingsStore.h"
-#include "app/UIMainController.h"
-#include "app/modGlobal.h"
+#include "model/Categories.h"
 #include "reports/SummaryPage.h"
 #include "reports/UIReportController.h"
 #include "reports/ValueMatrix.h"
-#include "slide/Categories.h"
+#include "state/SettingsStore.h"
+#include "state/UIMainController.h"
+#include "state/modGlobal.h"
 
 namespace {
 

@@ -1,8 +1,8 @@
 #include <QApplication>
 
-#include "app/Main.h"
 #include "artwork/ProgramIcon.h"
 #include "base/Utf8Locale.h"
+#include "frame/Main.h"
 
 int main(int argc, char* argv[]) {
   QApplication app(argc, argv);

@@ -11,7 +11,7 @@
 #include <string>
 #include <vector>
 
-#include "storage/SlideRecord.h"
+#include "model/SlideRecord.h"
 
 namespace cb::assets {
 

@@ -9,10 +9,10 @@
 
 #include "Assets.h"
 #include "base/Cp1252.h"
-#include "app/SettingsStore.h"
-#include "app/UIMainController.h"
-#include "app/modGlobal.h"
-#include "storage/SlideRecord.h"
+#include "model/SlideRecord.h"
+#include "state/SettingsStore.h"
+#include "state/UIMainController.h"
+#include "state/modGlobal.h"
 
 namespace cb::assets {
 namespace {

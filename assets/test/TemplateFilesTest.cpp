@@ -10,11 +10,11 @@
 #include <set>
 #include <string>
 
-#include "app/SettingsStore.h"
 #include "base/Text.h"
-#include "app/UIMainController.h"
-#include "app/modGlobal.h"
-#include "storage/SlideRecord.h"
+#include "model/SlideRecord.h"
+#include "state/SettingsStore.h"
+#include "state/UIMainController.h"
+#include "state/modGlobal.h"
 
 namespace cb {
 namespace {

@@ -7,15 +7,19 @@
 #include <QPointer>
 #include <QShortcut>
 
-#include "help/frmHelp.h"
 #include "qt/Twips.h"
 
 namespace cb {
 namespace {
 
-QPointer<frmHelp>& Viewer() {
-  static QPointer<frmHelp> viewer;
+QPointer<HelpViewerWindow>& Viewer() {
+  static QPointer<HelpViewerWindow> viewer;
   return viewer;
+}
+
+HelpViewerWindow* (*&Maker())() {
+  static HelpViewerWindow* (*maker)() = nullptr;
+  return maker;
 }
 
 QPointer<QMdiArea>& Area() {
@@ -26,13 +30,14 @@ QPointer<QMdiArea>& Area() {
 std::string_view View(const QByteArray& utf8) { return {utf8.data(), static_cast<std::size_t>(utf8.size())}; }
 
 // The viewer is a child of the main window; before there is one (the login) it stands alone.
-frmHelp& TheHelp() {
+// Null until the help window has installed its maker.
+HelpViewerWindow* TheHelp() {
   auto& viewer = Viewer();
-  if (!viewer) {
-    viewer = new frmHelp();
+  if (!viewer && Maker()) {
+    viewer = Maker()();
     if (QMdiArea* area = Area()) area->addSubWindow(viewer)->setAttribute(Qt::WA_DeleteOnClose);
   }
-  return *viewer;
+  return viewer;
 }
 
 // An MDI child hides and closes with its frame.
@@ -74,10 +79,13 @@ void Run(QWidget& window, const WindowHelp* row) {
 
 void SetHelpArea(QMdiArea* area) { Area() = area; }
 
+void SetHelpViewerMaker(HelpViewerWindow* (*maker)()) { Maker() = maker; }
+
 void OpenHelp(const QString& page) {
-  frmHelp& viewer = TheHelp();
-  viewer.HelpPage = page;
-  viewer.ShowForward();
+  HelpViewerWindow* viewer = TheHelp();
+  if (!viewer) return;
+  viewer->HelpPage = page;
+  viewer->ShowForward();
 }
 
 void ShowHelp(QWidget& window, const QString& control) {
@@ -96,7 +104,7 @@ void InstallF1(QWidget& window) {
   QObject::connect(f1, &QShortcut::activated, &window, [&window] { Run(window, RowForFocus(window)); });
 }
 
-frmHelp* HelpViewer() { return Viewer().data(); }
+HelpViewerWindow* OpenHelpViewer() { return Viewer().data(); }
 
 QString HelpPage() { return Viewer() ? Viewer()->HelpPage : QString(); }
 

@@ -9,15 +9,25 @@
 // button that only opens help calls ShowHelp(*this, "<its object name>").
 
 #include <QString>
+#include <QWidget>
 
-#include "help/WindowHelp.h"
+#include "model/WindowHelp.h"
 
 class QMdiArea;
-class QWidget;
 
 namespace cb {
 
-class frmHelp;
+// The help viewer as the routine sees it. The help feature's window is the
+// one there is; it installs its maker at start (InstallHelpViewer), so the
+// windows below it open help without knowing it.
+class HelpViewerWindow : public QWidget {
+ public:
+  // The bare file name of the page the next load opens, such as "help001.htm".
+  QString HelpPage;
+  // Loads the window on its first showing, else brings it forward unchanged.
+  virtual void ShowForward() = 0;
+};
+void SetHelpViewerMaker(HelpViewerWindow* (*maker)());
 
 // The client area the viewer opens in; the main window names its own as it
 // is made. Without one (the login at start-up) the viewer stands alone.
@@ -42,7 +52,7 @@ void CloseWithHelp(QWidget& window);
 void InstallF1(QWidget& window);
 
 // The open viewer, or null.
-frmHelp* HelpViewer();
+HelpViewerWindow* OpenHelpViewer();
 // The open viewer's HelpPage: the page it was last asked for; "" when none is open.
 QString HelpPage();
 

@@ -4,8 +4,8 @@
 #include <QEvent>
 #include <QLabel>
 
-#include "app/modGlobal.h"
 #include "qt/Twips.h"
+#include "state/modGlobal.h"
 
 namespace cb {
 namespace {

@@ -4,11 +4,11 @@
 #include <QPushButton>
 #include <type_traits>
 
-#include "app/modGlobal.h"
 #include "dialogs/HelpRoutine.h"
 #include "dialogs/frmCommonDialog.h"
 #include "qt/FixedDialog.h"
 #include "qt/Twips.h"
+#include "state/modGlobal.h"
 
 namespace cb {
 namespace {

@@ -2,12 +2,13 @@
 
 #include <QGuiApplication>
 #include <QLabel>
+#include <QPointer>
 #include <QProgressBar>
 #include <QScreen>
 #include <QVBoxLayout>
 
-#include "app/MDIMainRules.h"
 #include "qt/Twips.h"
+#include "state/MDIMainRules.h"
 
 namespace cb {
 
@@ -38,5 +39,19 @@ void frmLoading::showEvent(QShowEvent* e) {
   }
   QDialog::showEvent(e);
 }
+
+namespace {
+QPointer<frmLoading>& Loading() {
+  static QPointer<frmLoading> loading;
+  return loading;
+}
+}  // namespace
+
+frmLoading& TheLoading() {
+  if (!Loading()) Loading() = new frmLoading();
+  return *Loading();
+}
+
+void UnloadLoading() { delete Loading().data(); }
 
 }  // namespace cb

@@ -23,4 +23,9 @@ class frmLoading : public QDialog {
   void showEvent(QShowEvent* e) override;
 };
 
+// The default instance, made (hidden) at the first call.
+frmLoading& TheLoading();
+// Unloads the progress window; the next reference makes a new, hidden one.
+void UnloadLoading();
+
 }  // namespace cb

@@ -22,23 +22,7 @@ constexpr double kDesignSlideHeight = 1275;
 constexpr ElementRect kDesignPicture1{0, 0, 6615, 4695};
 constexpr ElementRect kDesignScrollBar{0, 4680, 6615, 255};
 
-// Cell of each Image1 index: column and row counted from 1; index 0 and
-// anything past 30 count as the first cell.
-struct CellNumber {
-  std::int8_t column;
-  std::int8_t row;
-};
-constexpr std::array<CellNumber, kGalleryElements + 1> kCellNumbers{{
-    {1, 1},
-    {1, 1}, {1, 2}, {1, 3}, {2, 1}, {2, 2}, {2, 3}, {3, 1}, {3, 2}, {3, 3},
-    {4, 1}, {4, 2}, {4, 3}, {5, 1}, {5, 2}, {5, 3},
-    {1, 1}, {1, 2}, {1, 3}, {2, 1}, {2, 2}, {2, 3}, {3, 1}, {3, 2}, {3, 3},
-    {4, 1}, {4, 2}, {4, 3}, {5, 1}, {5, 2}, {5, 3},
-}};
 
-const CellNumber& CellOf(int index) {
-  return kCellNumbers[index >= 0 && index <= kGalleryElements ? index : 0];
-}
 
 constexpr std::array<ElementWrite, 2 * 4 * kGalleryCells> MakeWriteOrder() {
   std::array<ElementWrite, 2 * 4 * kGalleryCells> order{};
@@ -128,21 +112,6 @@ GalleryLayout DesignLayout() {
   layout.refusedAt = kWriteOrder.size();
   return layout;
 }
-
-std::string SlideToolTip(std::string_view slideText) {
-  static constexpr std::string_view kClickToEnlarge = "Click to enlarge";
-  std::string text = Trim(slideText);
-  return text.empty() ? std::string(kClickToEnlarge) : text;
-}
-
-std::string SlideAccessibleName(std::int32_t record, std::string_view slideText) {
-  std::string name = "Slide " + std::to_string(record);
-  if (std::string text = Trim(slideText); !text.empty()) name += ": " + text;
-  return name;
-}
-
-int XCoordFactor(int index) { return CellOf(index).column; }
-int YCoordFactor(int index) { return CellOf(index).row; }
 
 std::int16_t CellCentringOffset(std::int16_t frame, std::int16_t picture) {
   return static_cast<std::int16_t>(std::nearbyint(frame / 2.0 - picture / 2.0));

@@ -9,12 +9,9 @@
 #include <string>
 #include <string_view>
 
-namespace cb {
+#include "model/Geometry.h"
 
-inline constexpr int kGalleryColumns = 5;
-inline constexpr int kGalleryRows = 3;
-inline constexpr int kGalleryCells = 15;     // slide images Image1(1..15)
-inline constexpr int kGalleryElements = 30;  // and their frames Image1(16..30)
+namespace cb {
 
 // The client area of a gallery opened at FormWidth x FormHeight (6720 x 5310),
 // and the bar's own height.
@@ -25,15 +22,6 @@ inline constexpr double kScrollBarHeight = 255;
 // The slide image sits this far inside its frame, at every window size.
 inline constexpr double kSlideInsetX = 142.5;
 inline constexpr double kSlideInsetY = 120;
-
-// A rectangle of one element, in twips.
-struct ElementRect {
-  float Left = 0;
-  float Top = 0;
-  float Width = 0;
-  float Height = 0;
-  friend bool operator==(const ElementRect&, const ElementRect&) = default;
-};
 
 // One property write of the resize, in the order the handler makes them.
 enum class ElementProperty { Width, Left, Height, Top };
@@ -84,23 +72,6 @@ constexpr std::int32_t RecordInCell(std::int32_t base, int slideImage) {
 }
 // A cell whose record lies above N shows nothing.
 constexpr bool IsEmptyRecord(std::int32_t record, std::int32_t n) { return record > n; }
-
-// Tool tip of a cell showing a slide: its trimmed text, or the invitation to
-// click when that is empty. An empty cell reads kEmptyCellToolTip.
-std::string SlideToolTip(std::string_view slideText);
-inline constexpr std::string_view kEmptyCellToolTip = "Empty";
-// What a screen reader calls the picture of slide `record`: "Slide 3:
-// Television", or "Slide 3" when its trimmed text is empty. An empty cell is
-// called kEmptyCellToolTip.
-std::string SlideAccessibleName(std::int32_t record, std::string_view slideText);
-
-// The factor by which a what's-this position on Image1(index) is scaled: the
-// cell's one-based column (x) or row (y); 1 for any index outside 1..30.
-int XCoordFactor(int index);
-int YCoordFactor(int index);
-
-// Where a length `inner` starts when centred in `outer`: (outer - inner) / 2.
-constexpr double CentredStart(double outer, double inner) { return (outer - inner) / 2; }
 
 // Half the frame less half the picture, rounded half to even: the cell
 // centring the application controller keeps. Nothing in the program uses it.

@@ -5,7 +5,7 @@
 #include <array>
 #include <string_view>
 
-#include "app/MDIMainRules.h"
+#include "state/MDIMainRules.h"
 
 namespace cb {
 

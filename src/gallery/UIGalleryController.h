@@ -5,7 +5,8 @@
 
 #include <cstdint>
 
-#include "gallery/UIGlobalController.h"
+#include "model/Geometry.h"
+#include "state/UIGlobalController.h"
 
 namespace cb {
 
@@ -16,8 +17,8 @@ class UIGalleryController {
     return global_.DeleteSlide(index, mc, slides);
   }
   // A mouse position on Image1(index) scaled for a what's-this note.
-  LongResult GetXCoord(std::int32_t value, std::int16_t index) const { return global_.GetXCoord(value, index); }
-  LongResult GetYCoord(std::int32_t value, std::int16_t index) const { return global_.GetYCoord(value, index); }
+  LongResult GetXCoord(std::int32_t value, std::int16_t index) const { return cb::GetXCoord(value, index); }
+  LongResult GetYCoord(std::int32_t value, std::int16_t index) const { return cb::GetYCoord(value, index); }
 
  private:
   UIGlobalController global_;

@@ -8,7 +8,7 @@
 #include <string>
 #include <vector>
 
-#include "gallery/UIGlobalController.h"
+#include "state/UIGlobalController.h"
 
 namespace cb {
 

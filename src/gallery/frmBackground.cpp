@@ -2,7 +2,6 @@
 
 #include <QEvent>
 
-#include "app/modGlobal.h"
 #include "base/FileListing.h"
 #include "dialogs/HelpRoutine.h"
 #include "gallery/GalleryLayout.h"
@@ -10,6 +9,7 @@
 #include "qt/LoadPicture.h"
 #include "qt/StretchImage.h"
 #include "qt/Twips.h"
+#include "state/modGlobal.h"
 
 namespace cb {
 namespace {

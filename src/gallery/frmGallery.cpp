@@ -10,13 +10,7 @@
 #include <QTimer>
 #include <cmath>
 
-#include "app/Forms.h"
-#include "app/modGlobal.h"
 #include "dialogs/HelpRoutine.h"
-#include "qt/MsgBox.h"
-#include "qt/DrawingLock.h"
-#include "qt/StretchImage.h"
-#include "qt/Twips.h"
 #include "dialogs/dlgWhat.h"
 #include "dialogs/frmCommonDialog.h"
 #include "gallery/GalleryLayout.h"
@@ -24,8 +18,13 @@
 #include "gallery/ScrollRules.h"
 #include "gallery/dlgRemoveSlide.h"
 #include "gallery/frmModifySlide.h"
-#include "slide/frmSlide.h"
-#include "slide/SlideNames.h"
+#include "model/SlideNames.h"
+#include "qt/DrawingLock.h"
+#include "qt/MsgBox.h"
+#include "qt/OpenForms.h"
+#include "qt/StretchImage.h"
+#include "qt/Twips.h"
+#include "state/modGlobal.h"
 
 namespace cb {
 namespace {

@@ -8,9 +8,11 @@
 #include <array>
 #include <map>
 
-#include "app/MDIMainMenuBuilder.h"
 #include "base/RuntimeError.h"
+#include "dialogs/SlideRequest.h"
+#include "gallery/GalleryLayout.h"
 #include "gallery/UIGalleryController.h"
+#include "qt/MenuBuilder.h"
 
 class QAction;
 class QMenu;
@@ -19,7 +21,6 @@ class QScrollBar;
 namespace cb {
 
 class StretchImage;
-class frmSlide;
 class frmModifySlide;
 struct ScrollStep;
 
@@ -42,6 +43,8 @@ class frmGallery : public QWidget {
   // Opens or reuses the slide window on record `record` for the reports.
   bool ShowReportSlide(std::int32_t record);
   void ShowEditSlide(std::int32_t slideTemplate);
+  // The slide popup at the mouse, for a right click in the slide window.
+  void ShowSlidePopup();
 
   void mnuSlidesAdd_Click();
   // Opens the collection editor as soon as events run; its OK may rebuild
@@ -66,7 +69,8 @@ class frmGallery : public QWidget {
   std::int16_t PopupSlideIndex = -1;
   bool SkipClick = false;
   QString NewSlidePath;
-  QPointer<frmSlide> fSlide;
+  // The slide window the last click or report link showed, as the frame sets it.
+  QPointer<QWidget> fSlide;
 
  signals:
   // A menu item whose command is the main window's (File, View, Window, Help).
@@ -78,8 +82,11 @@ class frmGallery : public QWidget {
   void PageLoaded();
   // Slides were added or removed and saved: the gallery is to be built afresh.
   void CollectionChanged();
-  // A new slide window, for the frame to take into its client area.
-  void SlideOpened(cb::frmSlide* slide);
+  // A slide to show: the frame opens the slide window or brings the open one to it.
+  void SlideWanted(const cb::SlideRequest& request);
+  // The toolbar's Edit and the popup's Reset, for the open slide window.
+  void EditSlideWanted(std::int32_t slideTemplate);
+  void SlideResetWanted();
   // The collection editor, about to be shown modally: the frame rebuilds the
   // gallery on its changes, also after this gallery is gone.
   void CollectionEditorOpened(cb::frmModifySlide* editor);
@@ -103,7 +110,6 @@ class frmGallery : public QWidget {
   void Image1_MouseUp(int index, Qt::MouseButton button, QPointF pos);
   void Image1_Click(int index);
   void ShowWhat(MenuId item);
-  frmSlide* NewSlideWindow(const QImage& picture, const QString& tip);
   // Loads record `record`'s picture into cell `cell` as a load does: a missing
   // file goes through the missing-file protocol and is retried. False when
   // the load must end (any other failure).

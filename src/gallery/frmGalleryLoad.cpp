@@ -5,18 +5,18 @@
 #include <QScrollBar>
 #include <algorithm>
 
-#include "app/Forms.h"
-#include "app/modGlobal.h"
 #include "dialogs/frmLoading.h"
-#include "qt/GalleryPictures.h"
-#include "qt/LoadPicture.h"
-#include "qt/MsgBox.h"
-#include "qt/DrawingLock.h"
-#include "qt/StretchImage.h"
-#include "qt/Twips.h"
 #include "gallery/GalleryLayout.h"
 #include "gallery/ScrollRules.h"
 #include "gallery/frmGallery.h"
+#include "model/SlideNames.h"
+#include "qt/DrawingLock.h"
+#include "qt/GalleryPictures.h"
+#include "qt/LoadPicture.h"
+#include "qt/MsgBox.h"
+#include "qt/StretchImage.h"
+#include "qt/Twips.h"
+#include "state/modGlobal.h"
 
 namespace cb {
 namespace {

@@ -4,15 +4,14 @@
 #include <QProgressBar>
 #include <QScrollBar>
 
-#include "app/Forms.h"
-#include "app/modGlobal.h"
 #include "dialogs/frmLoading.h"
-#include "qt/GalleryPictures.h"
-#include "qt/StretchImage.h"
-#include "qt/Twips.h"
 #include "gallery/GalleryLayout.h"
 #include "gallery/ScrollRules.h"
 #include "gallery/frmGallery.h"
+#include "qt/GalleryPictures.h"
+#include "qt/StretchImage.h"
+#include "qt/Twips.h"
+#include "state/modGlobal.h"
 
 namespace cb {
 namespace {

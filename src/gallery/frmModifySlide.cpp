@@ -8,14 +8,13 @@
 #include <QPushButton>
 #include <type_traits>
 
-#include "app/Forms.h"
-#include "app/modGlobal.h"
 #include "dialogs/HelpRoutine.h"
 #include "dialogs/frmDirectory.h"
 #include "dialogs/frmLoading.h"
 #include "qt/FixedDialog.h"
 #include "qt/MsgBox.h"
 #include "qt/Twips.h"
+#include "state/modGlobal.h"
 
 namespace cb {
 namespace {

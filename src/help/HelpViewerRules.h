@@ -7,7 +7,7 @@
 #include <string>
 #include <string_view>
 
-#include "reports/WBStack.h"
+#include "model/WBStack.h"
 
 namespace cb {
 

@@ -11,13 +11,13 @@
 #include <QToolBar>
 #include <QVBoxLayout>
 
-#include "app/MDIMainRules.h"
-#include "app/modGlobal.h"
 #include "artwork/ToolbarIcons.h"
 #include "base/Cp1252.h"
 #include "dialogs/HelpRoutine.h"
+#include "dialogs/PagePrint.h"
 #include "qt/Twips.h"
-#include "reports/ReportPrint.h"
+#include "state/MDIMainRules.h"
+#include "state/modGlobal.h"
 
 namespace cb {
 namespace {
@@ -153,5 +153,11 @@ void frmHelp::SetButtons() {
 }
 
 void frmHelp::Print_Click() { PrintBrowser(*WebBrowser1, "help topic"); }
+
+void InstallHelpViewer() {
+  SetHelpViewerMaker([]() -> HelpViewerWindow* { return new frmHelp(); });
+}
+
+frmHelp* HelpViewer() { return qobject_cast<frmHelp*>(OpenHelpViewer()); }
 
 }  // namespace cb

@@ -6,6 +6,7 @@
 #include <QWidget>
 #include <string>
 
+#include "dialogs/HelpRoutine.h"
 #include "help/HelpViewerRules.h"
 
 class QAction;
@@ -15,13 +16,10 @@ class QUrl;
 
 namespace cb {
 
-class frmHelp : public QWidget {
+class frmHelp : public HelpViewerWindow {
   Q_OBJECT
  public:
   frmHelp();
-
-  // The bare file name of the page the next load opens, such as "help001.htm".
-  QString HelpPage;
 
   QTextBrowser* WebBrowser1;
   QToolBar* Toolbar1;
@@ -29,8 +27,7 @@ class frmHelp : public QWidget {
   QAction* cmdPrevious;
   QAction* cmdNext;
 
-  // Loads the window on its first showing, else brings it forward unchanged.
-  void ShowForward();
+  void ShowForward() override;
   // The file on show, as the history names it.
   const std::string& Shown() const { return shown_; }
   const HelpHistory& History() const { return history_; }
@@ -57,5 +54,10 @@ class frmHelp : public QWidget {
   std::string shown_;
   bool loaded_ = false;
 };
+
+// Makes this window the one that OpenHelp and the F1 routine open.
+void InstallHelpViewer();
+// The open viewer, or null.
+frmHelp* HelpViewer();
 
 }  // namespace cb

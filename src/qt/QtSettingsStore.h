@@ -4,7 +4,7 @@
 
 #include <QSettings>
 
-#include "app/SettingsStore.h"
+#include "state/SettingsStore.h"
 
 namespace cb {
 

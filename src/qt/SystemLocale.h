@@ -5,7 +5,7 @@
 
 #include <QString>
 
-#include "reports/NumberRules.h"
+#include "base/NumberRules.h"
 
 class QDateTime;
 class QLocale;

@@ -2,9 +2,9 @@
 
 #include <array>
 
+#include "model/Categories.h"
 #include "reports/SubReportPage.h"
 #include "reports/ValueMatrix.h"
-#include "slide/Categories.h"
 #include "storage/SifReader.h"
 
 namespace cb {

@@ -8,10 +8,10 @@
 #include <string>
 #include <string_view>
 
+#include "base/NumberRules.h"
 #include "base/Status.h"
-#include "reports/NumberRules.h"
+#include "model/SlideRecord.h"
 #include "reports/SummaryPage.h"
-#include "storage/SlideRecord.h"
 
 namespace cb {
 

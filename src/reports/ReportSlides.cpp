@@ -1,8 +1,8 @@
 // The links of the pages: from a summary to a sub-report, from a sub-report
 // to the slide.
-#include "app/UIMainController.h"
 #include "reports/UIReportController.h"
 #include "reports/ViewerRules.h"
+#include "state/UIMainController.h"
 
 namespace cb {
 namespace {

@@ -4,10 +4,10 @@
 
 #include <string>
 
+#include "base/NumberRules.h"
 #include "base/RuntimeError.h"
-#include "reports/NumberRules.h"
+#include "model/SlideRecord.h"
 #include "reports/SummaryPage.h"
-#include "storage/SlideRecord.h"
 
 namespace cb {
 

@@ -5,9 +5,9 @@
 #include <string>
 #include <string_view>
 
-#include "reports/NumberRules.h"
+#include "base/NumberRules.h"
+#include "model/Categories.h"
 #include "reports/ValueMatrix.h"
-#include "slide/Categories.h"
 
 namespace cb {
 

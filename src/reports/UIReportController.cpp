@@ -4,7 +4,7 @@
 #include <stdexcept>
 
 #include "base/Text.h"
-#include "app/UIMainController.h"
+#include "state/UIMainController.h"
 #include "storage/DataAccess.h"
 
 namespace cb {

@@ -8,12 +8,12 @@
 #include <string>
 #include <string_view>
 
+#include "base/NumberRules.h"
 #include "base/RuntimeError.h"
-#include "reports/NumberRules.h"
+#include "model/SlideRecord.h"
 #include "reports/ReportMaker.h"
 #include "reports/ReportPages.h"
 #include "reports/SummaryPage.h"
-#include "storage/SlideRecord.h"
 
 namespace cb {
 

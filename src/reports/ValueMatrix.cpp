@@ -5,8 +5,8 @@
 #include <string_view>
 #include <unordered_map>
 
+#include "base/NumberRules.h"
 #include "base/Text.h"
-#include "reports/NumberRules.h"
 
 namespace cb {
 namespace {

@@ -8,8 +8,8 @@
 #include <vector>
 
 #include "base/RuntimeError.h"
-#include "slide/Categories.h"
-#include "storage/SlideRecord.h"
+#include "model/Categories.h"
+#include "model/SlideRecord.h"
 
 namespace cb {
 

@@ -73,11 +73,4 @@ std::span<const std::string_view> FontFallbacks(std::string_view face) {
   return {};
 }
 
-std::string PrintErrorText(std::string_view description, std::string_view topic) {
-  return "Print command Error: " + std::string(description) +
-         "\n\nChattelbook is having problems sending commands\n"
-         "directly to the printer.  Try right-clicking on the\n" +
-         std::string(topic) + " and selecting the 'Print' option.";
-}
-
 }  // namespace cb

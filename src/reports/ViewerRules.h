@@ -32,11 +32,6 @@ std::optional<std::string> LinkKey(std::string_view href);
 // is mended.
 std::string RowsOpened(std::string_view page);
 
-// The messages of a viewer's Print; `topic` is what its advice tells the user
-// to right-click: "report" or "help topic".
-inline constexpr char kPrintDisabled[] = "The Print command is currently disabled.";
-std::string PrintErrorText(std::string_view description, std::string_view topic);
-
 // The fonts offered for the pages, in the order of the list.
 inline constexpr std::array<std::string_view, 5> kReportFonts{"Arial Narrow", "Arial", "Courier New", "Garamond",
                                                               "Tahoma"};

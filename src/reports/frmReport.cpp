@@ -6,14 +6,14 @@
 #include <QToolBar>
 #include <QVBoxLayout>
 
-#include "app/modGlobal.h"
 #include "artwork/ToolbarIcons.h"
 #include "dialogs/HelpRoutine.h"
+#include "dialogs/PagePrint.h"
 #include "qt/SystemLocale.h"
 #include "qt/Twips.h"
 #include "reports/ReportBrowser.h"
-#include "reports/ReportPrint.h"
 #include "reports/ViewerRules.h"
+#include "state/modGlobal.h"
 #include "storage/DataAccess.h"
 
 namespace cb {

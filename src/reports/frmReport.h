@@ -7,9 +7,9 @@
 #include <memory>
 #include <string>
 
+#include "model/WBStack.h"
 #include "reports/SummaryPage.h"
 #include "reports/UIReportController.h"
-#include "reports/WBStack.h"
 
 class QAction;
 class QMdiArea;

@@ -7,12 +7,12 @@
 #include <QPushButton>
 #include <QRadioButton>
 
-#include "app/modGlobal.h"
 #include "dialogs/DialogButtons.h"
 #include "dialogs/HelpRoutine.h"
 #include "qt/Twips.h"
 #include "reports/UIReportController.h"
 #include "reports/ViewerRules.h"
+#include "state/modGlobal.h"
 
 namespace cb {
 namespace {

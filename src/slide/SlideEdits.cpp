@@ -2,8 +2,8 @@
 
 #include <cmath>
 
+#include "base/NumberRules.h"
 #include "base/Text.h"
-#include "reports/NumberRules.h"
 
 namespace cb {
 namespace {

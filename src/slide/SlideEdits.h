@@ -8,7 +8,7 @@
 #include <string>
 #include <string_view>
 
-#include "storage/SlideRecord.h"
+#include "model/SlideRecord.h"
 
 namespace cb {
 

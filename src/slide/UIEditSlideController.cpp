@@ -1,7 +1,7 @@
 #include "slide/UIEditSlideController.h"
 
-#include "app/modGlobal.h"
 #include "base/Text.h"
+#include "state/modGlobal.h"
 
 namespace cb {
 namespace {

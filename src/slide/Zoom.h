@@ -9,7 +9,7 @@
 
 #include <limits>
 
-#include "gallery/GalleryLayout.h"
+#include "model/Geometry.h"
 
 namespace cb {
 

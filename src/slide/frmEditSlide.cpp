@@ -8,7 +8,6 @@
 #include <QPushButton>
 #include <algorithm>
 
-#include "app/modGlobal.h"
 #include "base/Cp1252.h"
 #include "base/Text.h"
 #include "dialogs/DialogButtons.h"
@@ -17,6 +16,7 @@
 #include "qt/Twips.h"
 #include "slide/SlideEdits.h"
 #include "slide/UIEditSlideController.h"
+#include "state/modGlobal.h"
 
 namespace cb {
 namespace {

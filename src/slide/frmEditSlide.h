@@ -12,7 +12,7 @@
 #include <array>
 #include <memory>
 
-#include "slide/SlideTemplates.h"
+#include "model/SlideTemplates.h"
 
 class QComboBox;
 class QLineEdit;

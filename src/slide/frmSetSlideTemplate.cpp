@@ -5,14 +5,14 @@
 #include <QPushButton>
 #include <QRadioButton>
 
-#include "app/modGlobal.h"
 #include "artwork/TemplatePictures.h"
 #include "dialogs/DialogButtons.h"
 #include "dialogs/HelpRoutine.h"
+#include "model/SlideTemplates.h"
 #include "qt/FixedDialog.h"
 #include "qt/Twips.h"
-#include "slide/SlideTemplates.h"
 #include "slide/frmEditSlide.h"
+#include "state/modGlobal.h"
 
 namespace cb {
 namespace {

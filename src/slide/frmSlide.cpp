@@ -2,14 +2,14 @@
 
 #include <cmath>
 
-#include "app/modGlobal.h"
 #include "dialogs/HelpRoutine.h"
+#include "model/SlideNames.h"
 #include "qt/DrawingLock.h"
 #include "qt/StretchImage.h"
 #include "qt/Twips.h"
-#include "slide/SlideNames.h"
-#include "slide/frmEditSlide.h"
 #include "slide/Zoom.h"
+#include "slide/frmEditSlide.h"
+#include "state/modGlobal.h"
 
 namespace cb {
 namespace {
@@ -53,6 +53,27 @@ void frmSlide::SetCaption() {
                                : std::string();
   setWindowTitle(ToQ(SlideCaption(text, n)));
   Image1->setAccessibleName(ToQ(SlideAccessibleName(n, text)));
+}
+
+void frmSlide::Take(const SlideRequest& r, bool opened) {
+  if (opened) {
+    Image1->SetPicture(r.picture);
+    Image1->setToolTip(r.toolTip);
+    return;
+  }
+  if (r.fromReport) {
+    if (!r.picture.isNull()) Image1->SetPicture(r.picture);
+    Image1->setToolTip(r.toolTip);
+    update();
+    return;
+  }
+  {
+    const DrawingLock lock(this);
+    if (!r.picture.isNull()) Image1->SetPicture(r.picture);
+    Image1->setToolTip(r.toolTip);
+    SetCaption();
+  }
+  setFocus();
 }
 
 void frmSlide::resizeEvent(QResizeEvent*) { Place(FitImage(image_, ScaleWidth(), ScaleHeight())); }

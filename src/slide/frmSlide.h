@@ -4,7 +4,8 @@
 
 #include <QWidget>
 
-#include "gallery/GalleryLayout.h"
+#include "dialogs/SlideRequest.h"
+#include "model/Geometry.h"
 #include "slide/UISlideController.h"
 
 namespace cb {
@@ -22,6 +23,9 @@ class frmSlide : public QWidget {
   float ClickX = 0, ClickY = 0;
   bool ZoomingIn = true;
 
+  // Shows the gallery's request; `opened` for a window just made, which
+  // takes the picture even when it is missing.
+  void Take(const SlideRequest& request, bool opened);
   // Opens the editor of the template on the current slide.
   void ShowEditSlide(std::int32_t slideTemplate);
   // The popup's Reset: the picture fills the window from its corner.

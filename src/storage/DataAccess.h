@@ -9,9 +9,9 @@
 #include <string_view>
 
 #include "base/Status.h"
+#include "model/SlideRecord.h"
 #include "storage/Env.h"
 #include "storage/SifReader.h"
-#include "storage/SlideRecord.h"
 #include "storage/SmallFiles.h"
 
 namespace cb {

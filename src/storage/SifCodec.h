@@ -8,7 +8,7 @@
 #include <string>
 
 #include "base/Text.h"
-#include "storage/SlideRecord.h"
+#include "model/SlideRecord.h"
 
 namespace cb {
 

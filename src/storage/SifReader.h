@@ -4,9 +4,9 @@
 // and template allow, and the reading of the records behind them.
 
 #include "base/Status.h"
+#include "model/SlideRecord.h"
 #include "storage/Env.h"
 #include "storage/SifCodec.h"
-#include "storage/SlideRecord.h"
 
 namespace cb {
 

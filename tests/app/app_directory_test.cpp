@@ -6,7 +6,7 @@
 #include <filesystem>
 #include <map>
 
-#include "app/AppDirectory.h"
+#include "state/AppDirectory.h"
 #include "support/TempDir.h"
 
 namespace cb {

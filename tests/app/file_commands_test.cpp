@@ -3,9 +3,9 @@
 #include <QListWidget>
 #include <QPushButton>
 
-#include "app/Main.h"
 #include "base/Cp1252.h"
 #include "dialogs/frmCommonDialog.h"
+#include "frame/Main.h"
 #include "storage/DataAccess.h"
 #include "support/GalleryFixture.h"
 #include "support/RowName.h"

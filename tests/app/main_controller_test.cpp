@@ -1,7 +1,7 @@
 #include <gtest/gtest.h>
 
-#include "app/UIMainController.h"
-#include "app/modGlobal.h"
+#include "state/UIMainController.h"
+#include "state/modGlobal.h"
 
 namespace cb {
 namespace {

@@ -1,8 +1,8 @@
 #include <gtest/gtest.h>
 
-#include "support/RowName.h"
-#include "app/MDIMainRules.h"
 #include "gallery/GalleryMenuTable.h"
+#include "state/MDIMainRules.h"
+#include "support/RowName.h"
 
 #include <set>
 

@@ -11,14 +11,15 @@
 #include <QTimer>
 #include <QToolBar>
 
-#include "support/RowName.h"
-#include "app/Forms.h"
-#include "app/MDIMain.h"
-#include "app/Main.h"
-#include "app/frmLogin.h"
-#include "app/modGlobal.h"
-#include "qt/MsgBox.h"
 #include "dialogs/dlgWhat.h"
+#include "frame/Forms.h"
+#include "frame/MDIMain.h"
+#include "frame/Main.h"
+#include "frame/frmLogin.h"
+#include "qt/MsgBox.h"
+#include "qt/OpenForms.h"
+#include "state/modGlobal.h"
+#include "support/RowName.h"
 #include "support/TempDir.h"
 
 namespace cb {

@@ -2,20 +2,20 @@
 
 #include <QMdiSubWindow>
 #include <QMouseEvent>
-#include <QTextBrowser>
 #include <QTest>
+#include <QTextBrowser>
 #include <QTimer>
 
-#include "support/RowName.h"
-#include "app/Forms.h"
-#include "app/MDIMain.h"
-#include "app/Main.h"
-#include "app/frmSplash.h"
-#include "app/modGlobal.h"
 #include "dialogs/HelpRoutine.h"
+#include "frame/Forms.h"
+#include "frame/MDIMain.h"
+#include "frame/Main.h"
+#include "frame/frmSplash.h"
 #include "help/frmHelp.h"
 #include "qt/MsgBox.h"
+#include "state/modGlobal.h"
 #include "storage/DataAccess.h"
+#include "support/RowName.h"
 #include "support/TempDir.h"
 
 namespace cb {

@@ -1,9 +1,9 @@
 #include <gtest/gtest.h>
 
 #include "base/Cp1252.h"
-#include "app/StartupErrors.h"
 #include "base/Status.h"
 #include "base/Text.h"
+#include "state/StartupErrors.h"
 
 namespace cb {
 namespace {

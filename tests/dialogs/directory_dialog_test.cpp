@@ -5,10 +5,10 @@
 #include <QTimer>
 #include <functional>
 
-#include "app/modGlobal.h"
 #include "dialogs/HelpRoutine.h"
 #include "dialogs/frmCommonDialog.h"
 #include "dialogs/frmDirectory.h"
+#include "state/modGlobal.h"
 #include "support/RowName.h"
 #include "support/TempDir.h"
 

@@ -6,9 +6,9 @@
 #include <QPushButton>
 #include <QTest>
 
-#include "app/modGlobal.h"
 #include "dialogs/dlgWhat.h"
 #include "qt/Twips.h"
+#include "state/modGlobal.h"
 
 namespace cb {
 namespace {

@@ -1,7 +1,7 @@
 #include <gtest/gtest.h>
 
+#include "state/UIGlobalController.h"
 #include "support/RowName.h"
-#include "gallery/UIGlobalController.h"
 #include "support/SifFixture.h"
 
 namespace cb {

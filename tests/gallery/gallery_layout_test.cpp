@@ -3,7 +3,8 @@
 #include <climits>
 
 #include "gallery/GalleryLayout.h"
-#include "gallery/UIGlobalController.h"
+#include "model/SlideNames.h"
+#include "state/UIGlobalController.h"
 
 namespace cb {
 namespace {
@@ -66,13 +67,12 @@ TEST(GalleryCoordTest, ScalesByCell) {
     std::int32_t x, y;
   } rows[] = {{0, 100, 100},  {5, 200, 200},  {20, 200, 200}, {4, 200, 100},
               {6, 200, 300},  {16, 100, 100}, {30, 500, 300}, {31, 100, 100}};
-  const UIGlobalController c;
   for (const auto& row : rows) {
-    EXPECT_EQ(c.GetXCoord(100, row.index).value, row.x) << row.index;
-    EXPECT_EQ(c.GetYCoord(100, row.index).value, row.y) << row.index;
+    EXPECT_EQ(GetXCoord(100, row.index).value, row.x) << row.index;
+    EXPECT_EQ(GetYCoord(100, row.index).value, row.y) << row.index;
   }
-  EXPECT_EQ(c.GetXCoord(INT32_MAX, 4).error, RtError::Overflow);
-  EXPECT_EQ(c.GetYCoord(-(1 << 30), 2).value, INT32_MIN);
+  EXPECT_EQ(GetXCoord(INT32_MAX, 4).error, RtError::Overflow);
+  EXPECT_EQ(GetYCoord(-(1 << 30), 2).value, INT32_MIN);
   EXPECT_EQ(SlideToolTip("  Lounge  "), "Lounge");
   EXPECT_EQ(SlideToolTip("   "), "Click to enlarge");
 }

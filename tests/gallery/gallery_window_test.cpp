@@ -1,3 +1,4 @@
+#include <QContextMenuEvent>
 #include <QMdiSubWindow>
 #include <QMenu>
 #include <QMenuBar>
@@ -5,15 +6,15 @@
 #include <QPushButton>
 #include <QScrollBar>
 #include <QTest>
-#include <QContextMenuEvent>
 
-#include "support/RowName.h"
-#include "dialogs/frmLoading.h"
 #include "dialogs/HelpRoutine.h"
-#include "qt/StretchImage.h"
+#include "dialogs/frmLoading.h"
 #include "gallery/dlgRemoveSlide.h"
+#include "qt/OpenForms.h"
+#include "qt/StretchImage.h"
 #include "slide/frmSlide.h"
 #include "support/GalleryFixture.h"
+#include "support/RowName.h"
 
 namespace cb {
 namespace {

@@ -9,11 +9,12 @@
 #include <QTimer>
 #include <functional>
 
-#include "app/Forms.h"
 #include "dialogs/frmCommonDialog.h"
 #include "dialogs/frmDirectory.h"
 #include "dialogs/frmLoading.h"
+#include "frame/Forms.h"
 #include "gallery/frmModifySlide.h"
+#include "qt/OpenForms.h"
 #include "support/GalleryFixture.h"
 #include "support/WhenShown.h"
 

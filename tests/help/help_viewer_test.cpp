@@ -14,8 +14,8 @@
 #include <functional>
 #include <memory>
 
-#include "app/frmLogin.h"
 #include "dialogs/HelpRoutine.h"
+#include "frame/frmLogin.h"
 #include "gallery/dlgRemoveSlide.h"
 #include "help/UIHelpController.h"
 #include "help/frmHelp.h"

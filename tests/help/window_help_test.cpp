@@ -4,7 +4,7 @@
 #include <set>
 
 #include "help/UIHelpController.h"
-#include "help/WindowHelp.h"
+#include "model/WindowHelp.h"
 #include "support/TempDir.h"
 
 namespace cb {

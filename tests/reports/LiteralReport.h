@@ -8,11 +8,11 @@
 #include <string>
 #include <vector>
 
+#include "base/NumberRules.h"
 #include "base/Text.h"
-#include "reports/NumberRules.h"
+#include "model/Categories.h"
+#include "model/SlideRecord.h"
 #include "reports/ValueMatrix.h"
-#include "slide/Categories.h"
-#include "storage/SlideRecord.h"
 
 namespace cb::literal {
 

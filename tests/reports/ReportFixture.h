@@ -7,10 +7,10 @@
 #include <memory>
 #include <string>
 
-#include "app/SettingsStore.h"
-#include "app/UIMainController.h"
-#include "app/modGlobal.h"
 #include "reports/UIReportController.h"
+#include "state/SettingsStore.h"
+#include "state/UIMainController.h"
+#include "state/modGlobal.h"
 #include "support/TempDir.h"
 
 namespace cb::testing {

@@ -11,6 +11,7 @@
 #include <QTimer>
 #include <functional>
 
+#include "qt/OpenForms.h"
 #include "reports/ReportBrowser.h"
 #include "reports/frmReport.h"
 #include "support/GalleryFixture.h"

@@ -9,7 +9,7 @@
 #include <sstream>
 #include <string>
 
-#include "storage/SlideRecord.h"
+#include "model/SlideRecord.h"
 
 namespace cb::testing {
 

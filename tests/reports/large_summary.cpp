@@ -9,10 +9,10 @@
 #include <fstream>
 #include <string>
 
-#include "app/SettingsStore.h"
-#include "app/UIMainController.h"
-#include "app/modGlobal.h"
 #include "reports/UIReportController.h"
+#include "state/SettingsStore.h"
+#include "state/UIMainController.h"
+#include "state/modGlobal.h"
 #include "support/TempDir.h"
 
 namespace {

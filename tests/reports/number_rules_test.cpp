@@ -3,7 +3,7 @@
 #include <cmath>
 #include <limits>
 
-#include "reports/NumberRules.h"
+#include "base/NumberRules.h"
 
 namespace cb {
 namespace {

@@ -5,7 +5,7 @@
 #include <QPrintDialog>
 
 #include "ReportWindowFixture.h"
-#include "reports/ReportPrint.h"
+#include "dialogs/PagePrint.h"
 
 namespace cb {
 namespace {

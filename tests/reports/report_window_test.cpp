@@ -9,6 +9,7 @@
 
 #include "ReportWindowFixture.h"
 #include "dialogs/HelpRoutine.h"
+#include "qt/OpenForms.h"
 #include "qt/StretchImage.h"
 #include "reports/frmSelectReport.h"
 #include "slide/frmSlide.h"

@@ -7,6 +7,7 @@
 
 #include "ReportWindowFixture.h"
 #include "dialogs/HelpRoutine.h"
+#include "qt/OpenForms.h"
 #include "qt/Twips.h"
 #include "reports/frmSelectReport.h"
 

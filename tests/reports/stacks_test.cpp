@@ -2,8 +2,8 @@
 
 #include <gtest/gtest.h>
 
+#include "model/WBStack.h"
 #include "reports/ReportPages.h"
-#include "reports/WBStack.h"
 
 namespace cb {
 namespace {

@@ -7,8 +7,8 @@
 
 #include "LiteralReport.h"
 #include "ReportFixture.h"
+#include "model/Categories.h"
 #include "reports/ValueMatrix.h"
-#include "slide/Categories.h"
 
 namespace cb::testing {
 namespace {

@@ -7,6 +7,7 @@
 
 #include "ReportFixture.h"
 #include "SlideTable.h"
+#include "model/PrintText.h"
 #include "reports/ViewerRules.h"
 
 namespace cb::testing {

@@ -2,7 +2,7 @@
 
 #include <vector>
 
-#include "slide/Categories.h"
+#include "model/Categories.h"
 
 namespace cb {
 namespace {

@@ -1,9 +1,9 @@
 #include <gtest/gtest.h>
 
-#include "app/modGlobal.h"
+#include "model/SlideTemplates.h"
 #include "slide/SlideEdits.h"
-#include "slide/SlideTemplates.h"
 #include "slide/UIEditSlideController.h"
+#include "state/modGlobal.h"
 #include "support/RowName.h"
 #include "support/SifFixture.h"
 

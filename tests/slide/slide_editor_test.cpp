@@ -4,6 +4,7 @@
 #include <QPushButton>
 
 #include "dialogs/HelpRoutine.h"
+#include "qt/OpenForms.h"
 #include "qt/Twips.h"
 #include "slide/EditorFixture.h"
 #include "support/RowName.h"

@@ -3,7 +3,7 @@
 #include <optional>
 #include <string>
 
-#include "slide/SlideNames.h"
+#include "model/SlideNames.h"
 
 namespace cb {
 namespace {

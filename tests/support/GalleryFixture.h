@@ -8,12 +8,12 @@
 #include <QImage>
 #include <QTimer>
 
-#include "app/Forms.h"
-#include "app/MDIMain.h"
-#include "app/modGlobal.h"
+#include "frame/Forms.h"
+#include "frame/MDIMain.h"
+#include "gallery/frmGallery.h"
 #include "qt/MsgBox.h"
 #include "qt/StretchImage.h"
-#include "gallery/frmGallery.h"
+#include "state/modGlobal.h"
 #include "support/TempDir.h"
 
 namespace cb::testing {

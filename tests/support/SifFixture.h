@@ -7,8 +7,8 @@
 #include <utility>
 
 #include "base/Text.h"
-#include "app/UIMainController.h"
-#include "app/modGlobal.h"
+#include "state/UIMainController.h"
+#include "state/modGlobal.h"
 #include "support/TempDir.h"
 
 namespace cb::testing {

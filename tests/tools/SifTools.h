@@ -4,11 +4,11 @@
 
 #include <gtest/gtest.h>
 
+#include <sys/wait.h>
 #include <cstdio>
 #include <filesystem>
 #include <sstream>
 #include <string>
-#include <sys/wait.h>
 #include <utility>
 #include <vector>
 
@@ -16,8 +16,8 @@
 
 #include "Commands.h"
 #include "base/Cp1252.h"
-#include "app/UIMainController.h"
-#include "app/modGlobal.h"
+#include "state/UIMainController.h"
+#include "state/modGlobal.h"
 #include "storage/DataAccess.h"
 #include "storage/Scramble.h"
 #include "support/TempDir.h"

@@ -8,8 +8,8 @@
 #include "TemplateLabels.h"
 #include "base/Cp1252.h"
 #include "base/Text.h"
+#include "model/Categories.h"
 #include "reports/ValueMatrix.h"
-#include "slide/Categories.h"
 
 namespace cb::sif {
 namespace {

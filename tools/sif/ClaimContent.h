@@ -7,7 +7,7 @@
 #include <vector>
 
 #include "SifFile.h"
-#include "reports/NumberRules.h"
+#include "base/NumberRules.h"
 #include "reports/SummaryPage.h"
 
 namespace cb::sif {

@@ -13,7 +13,7 @@
 
 #include "Csv.h"
 #include "base/Text.h"
-#include "storage/SlideRecord.h"
+#include "model/SlideRecord.h"
 
 namespace cb::sif {
 namespace {

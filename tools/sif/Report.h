@@ -6,7 +6,7 @@
 #include <string>
 
 #include "SifFile.h"
-#include "reports/NumberRules.h"
+#include "base/NumberRules.h"
 #include "reports/SummaryPage.h"
 
 namespace cb::sif {

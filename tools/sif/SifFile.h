@@ -6,9 +6,9 @@
 #include <optional>
 #include <string>
 
+#include "model/SlideRecord.h"
 #include "storage/DataAccess.h"
 #include "storage/SifReader.h"
-#include "storage/SlideRecord.h"
 
 namespace cb::sif {
 

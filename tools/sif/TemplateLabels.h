@@ -5,7 +5,7 @@
 #include <cstdint>
 #include <string_view>
 
-#include "storage/SlideRecord.h"
+#include "model/SlideRecord.h"
 
 namespace cb::sif {
 

@@ -1,0 +1,55 @@
+// What dresses the program: the frame behind every gallery slide and the
+// wallpaper behind the main window's children.
+#include <QImage>
+#include <QMenu>
+#include <QTimer>
+
+#include "dialogs/frmCommonDialog.h"
+#include "frame/MDIMain.h"
+#include "gallery/frmBackground.h"
+#include "qt/LoadPicture.h"
+#include "qt/Twips.h"
+#include "state/modGlobal.h"
+
+namespace cb {
+namespace {
+
+constexpr char kWallpaperTitle[] = "Open Wallpaper";
+constexpr char kWallpaperFolder[] = "/Wallpaper/";
+
+}  // namespace
+
+frmBackground* MDIMain::fBackground() const { return background_; }
+
+void MDIMain::SetBackground() {
+  frmBackground chooser;
+  background_ = &chooser;
+  connect(&chooser, &frmBackground::BackgroundChanged, this, &MDIMain::fBackground_BackgroundChanged);
+  connect(&chooser, &frmBackground::SamplesLoaded, this,
+          [this] { Menu(MenuId::Window)->menuAction()->setEnabled(true); });
+  chooser.exec();
+}
+
+void MDIMain::fBackground_BackgroundChanged() {
+  Globals().MainController->SaveSettings(errors_);  // a failed save still shows the new frame
+  // The chooser may have come from the gallery's own popup, which is still
+  // handling its click: the gallery goes once that is over.
+  QTimer::singleShot(0, this, &MDIMain::RebuildGallery);
+}
+
+void MDIMain::mnuFileWallpaper_Click() {
+  UIMainController& mc = *Globals().MainController;
+  frmCommonDialog& d = RunCommonDialog(kWallpaperTitle, PathToQ(mc.AppPath() + kWallpaperFolder), kWallpaperPattern,
+                                       {kWallpaperType, kAllFilesType});
+  const QString name = d.FileListBox1->FileName();
+  if (name.isEmpty() || d.Cancelled) return;
+  // A picture that will not load leaves the old one on show; its name is stored all the same.
+  QImage picture;
+  if (LoadPicture(d.FileListBox1->Path() + "/" + name, picture) == RtError::None) area_->SetPicture(std::move(picture));
+  // Only the bare name is kept: the next start looks for it in the wallpaper folder.
+  mc.Wallpaper(FromQ(name));
+  mc.SaveSettings(errors_);
+  UnloadCommonDialog();
+}
+
+}  // namespace cb

@@ -1,0 +1,115 @@
+#include "frame/Main.h"
+
+#include <QApplication>
+#include <QThread>
+#include <QTime>
+
+#include <unistd.h>
+
+#include <cstdlib>
+
+#include "dialogs/HelpRoutine.h"
+#include "frame/Forms.h"
+#include "frame/MDIMain.h"
+#include "frame/frmLogin.h"
+#include "frame/frmSplash.h"
+#include "help/UIHelpController.h"
+#include "help/frmHelp.h"
+#include "qt/LoadPicture.h"
+#include "qt/MsgBox.h"
+#include "qt/QtSettingsStore.h"
+#include "qt/Twips.h"
+#include "state/AppDirectory.h"
+#include "state/StartupErrors.h"
+#include "state/modGlobal.h"
+
+namespace cb {
+namespace {
+
+constexpr char kDefaultFile[] = "MyFiles.sif";
+constexpr char kWallpaperDir[] = "/wallpaper/";
+constexpr char kHelpFailed[] = "An error occurred while generating the help files.";
+constexpr char kInvalidPassword[] = "Invalid password.";
+constexpr char kErrorTitle[] = "Error";
+
+int SecondOfDay(const QTime& t) { return t.hour() * 3600 + t.minute() * 60 + t.second(); }
+
+// Every failure of a start-up step is passed over; some are told first.
+void Report(RtError e) {
+  if (auto m = StartupErrorMessage(e, kAppTitle)) MsgBox(ToQ(m->text), vbOKOnly, ToQ(m->title));
+}
+
+// The executable's directory, or the user's data directory when the program
+// is installed where the user cannot write.
+std::string ApplicationDirectory() {
+  const std::string exeDir = PathFromQ(QCoreApplication::applicationDirPath());
+  return ChooseApplicationDirectory(exeDir, ::access(exeDir.c_str(), W_OK) == 0, std::getenv("XDG_DATA_HOME"),
+                                    std::getenv("HOME"));
+}
+
+}  // namespace
+
+void WaitSeconds(int seconds) {
+  ModGlobal& g = Globals();
+  g.SplashDismissed = false;
+  const int target = SecondOfDay(QTime::currentTime()) + seconds;
+  while (!g.SplashDismissed) {
+    if (SecondOfDay(QTime::currentTime()) > target) g.SplashDismissed = true;
+    QCoreApplication::processEvents();
+    QThread::msleep(10);  // nothing to do between events but watch the clock
+  }
+}
+
+bool Main() {
+  static QtSettingsStore settings;
+  return Main(ApplicationDirectory(), settings);
+}
+
+bool Main(const std::string& appPath, SettingsStore& settings) {
+  InstallHelpViewer();
+  ModGlobal& g = Globals();
+  g.MainController = std::make_unique<UIMainController>(appPath, settings, g);
+  UIMainController& mc = *g.MainController;
+
+  auto* splash = new frmSplash();
+  SetOpenSplash(splash);
+  splash->show();
+  splash->repaint();
+  QCoreApplication::processEvents();
+
+  if (mc.FirstRun) {
+    if (!UIHelpController(appPath).GenerateHelp()) MsgBox(kHelpFailed, vbOKOnly, kErrorTitle);
+    mc.SetRegistryKeys(appPath + mc.GetSIFDirectory() + kDefaultFile);
+    mc.SlideTemplate(1);
+  } else {
+    std::string password;
+    mc.GetPassword(password);
+    if (!password.empty()) {
+      frmLogin login(frmLogin::kLogin);
+      login.exec();
+      if (!login.LoginAccepted) {
+        MsgBox(kInvalidPassword, vbOKOnly, kErrorTitle);
+        if (frmSplash* open = OpenSplash()) open->close();
+        return false;
+      }
+    }
+  }
+
+  mc.LoadSettings(g.ErrorInfo);  // a missing default file starts an empty program
+  WaitSeconds(mc.FirstRun ? 2 : 0);
+  mc.GetFileHistoryList(g.History, g.ErrorInfo);  // a missing list leaves it empty
+
+  MDIMain& main = TheMDIMain();
+  QImage wallpaper;
+  const RtError e = LoadPicture(FilePath(appPath + kWallpaperDir, mc.Wallpaper()), wallpaper);
+  if (e == RtError::None)
+    main.MdiArea()->SetPicture(std::move(wallpaper));
+  else
+    Report(e);
+  main.show();
+  if (frmSplash* open = OpenSplash()) open->close();
+  if (mc.FirstRun) OpenHelp(kQuickStartPage);
+  return true;
+}
+
+}  // namespace cb

@@ -1,0 +1,57 @@
+#include "model/WindowHelp.h"
+
+#include <array>
+
+namespace cb {
+namespace {
+
+constexpr bool kCloses = true, kStays = false;
+constexpr char kNoHelp[] = "";
+
+// A window's own row stands for the window and every control without a row
+// of its own. The dialogs close, so a caller waiting on one finds it
+// cancelled; the main working windows stay.
+constexpr std::array<WindowHelp, 24> kRows{{
+    {"frmCommonDialog", "", kQuickStartPage, kCloses},
+    {"frmDirectory", "", kQuickStartPage, kCloses},
+    {"dlgRemoveSlide", "", kQuickStartPage, kCloses},
+    {"frmLogin", "", "help004.htm", kCloses},
+    {"frmModifySlide", "", "help009.htm", kCloses},
+    {"frmEditSlide", "", "help011.htm", kCloses},
+    {"frmEditSlideRE", "", "help011.htm", kCloses},
+    {"frmEditSlideVEH", "", "help011.htm", kCloses},
+    {"frmSelectReport", "", "help012.htm", kCloses},
+    {"frmReport", "", "help012.htm", kCloses},
+    {"frmBackground", "", "help014.htm", kCloses},
+    {"frmSetSlideTemplate", "", "help015.htm", kCloses},
+    {"frmSlide", "", "help009.htm", kStays},
+    {"frmGallery", "", "help011.htm", kStays},
+    {"frmHelp", "", kQuickStartPage, kStays},  // read only at load: an open viewer keeps its page
+    // Controls that differ from their window. The editors' read-only boxes
+    // have no F1, nor has the car yard's category.
+    {"frmEditSlide", "txtSlideNumber", kNoHelp, kStays},
+    {"frmEditSlide", "txtFilename", kNoHelp, kStays},
+    {"frmEditSlideRE", "txtSlideNumber", kNoHelp, kStays},
+    {"frmEditSlideRE", "txtFilename", kNoHelp, kStays},
+    {"frmEditSlideVEH", "txtSlideNumber", kNoHelp, kStays},
+    {"frmEditSlideVEH", "txtFilename", kNoHelp, kStays},
+    {"frmEditSlideVEH", "cboCategory", kNoHelp, kStays},
+    {"frmEditSlideVEH", "cboLocation", "help011.htm", kStays},
+    {"frmReport", "Help", "help012.htm", kStays},  // the viewer's toolbar button
+}};
+
+}  // namespace
+
+std::span<const WindowHelp> WindowHelpTable() { return kRows; }
+
+const WindowHelp* FindWindowHelp(std::string_view window, std::string_view control) {
+  const WindowHelp* own = nullptr;
+  for (const WindowHelp& row : kRows) {
+    if (row.window != window) continue;
+    if (!control.empty() && row.control == control) return &row;
+    if (row.control.empty()) own = &row;
+  }
+  return own;
+}
+
+}  // namespace cb

@@ -1,0 +1,86 @@
+#include "state/UIGlobalController.h"
+
+#include <algorithm>
+#include <filesystem>
+
+#include "base/Cp1252.h"
+#include "base/FileListing.h"
+#include "state/UIMainController.h"
+
+namespace cb {
+namespace {
+
+std::string Upper(std::string s) {
+  std::ranges::transform(s, s.begin(), [](char c) { return (c >= 'a' && c <= 'z') ? char(c - 'a' + 'A') : c; });
+  return s;
+}
+
+// Copies each record from p + 1 on over the one before it; the record before
+// the first slide is the header, and a number below it is out of range.
+bool ShiftDown(std::int32_t p, SlideArray& slides) {
+  const auto n = static_cast<std::int32_t>(slides.size()) - 1;
+  for (std::int32_t k = p; k <= n - 1; ++k) {
+    if (k < 0) return false;
+    slides[static_cast<std::size_t>(k)] = slides[static_cast<std::size_t>(k) + 1];
+  }
+  return true;
+}
+
+// Drops the last element; the header alone cannot shrink.
+bool Shrink(UIMainController& mc, SlideArray& slides) {
+  if (slides.size() < 2) return false;
+  slides.pop_back();
+  mc.NumberOfRecords(static_cast<std::int32_t>(slides.size()) - 1);
+  return true;
+}
+
+}  // namespace
+
+bool UIGlobalController::AddSlide(const std::string& fullPath, UIMainController& mc, SlideArray& slides) const {
+  // A fresh header: nothing of an earlier file survives into the next save.
+  if (mc.NumberOfRecords() == 0) slides.assign(1, SlideRecord());
+  return AppendSlide(fullPath, mc, slides);
+}
+
+bool UIGlobalController::AppendSlide(const std::string& fullPath, UIMainController& mc, SlideArray& slides) const {
+  slides.emplace_back();
+  mc.NumberOfRecords(static_cast<std::int32_t>(slides.size()) - 1);
+  const auto slash = fullPath.rfind('/');
+  SlideRecord& r = slides.back();
+  // The record keeps the name in the files' code page; the disk keeps the system's.
+  r.Set(Field::PictureFile, Utf8ToCp1252Lossy(Trim(slash == std::string::npos ? fullPath : fullPath.substr(slash + 1))));
+  const std::string destination = mc.AppPath() + mc.GetGalleryDirectory() + Cp1252ToUtf8(Trim(r.Get(Field::PictureFile)));
+  if (Upper(fullPath) == Upper(destination)) return true;
+  std::error_code ec;
+  std::filesystem::copy_file(fullPath, destination, std::filesystem::copy_options::overwrite_existing, ec);
+  return !ec;
+}
+
+bool UIGlobalController::DeleteSlide(std::int32_t index, UIMainController& mc, SlideArray& slides) const {
+  const std::int32_t p = mc.CurrentlyActiveBase() + index - 1;
+  // Below the first slide lies the header, which no removal may overwrite.
+  if (p < 1) return false;
+  if (p <= static_cast<std::int32_t>(slides.size()) - 1 && !ShiftDown(p, slides)) return false;
+  return Shrink(mc, slides);
+}
+
+bool UIGlobalController::DeleteSlideMSC(const std::string& fileName, UIMainController& mc, SlideArray& slides) const {
+  const auto n = static_cast<std::int32_t>(slides.size()) - 1;
+  bool found = false;
+  for (std::int32_t k = 1; k <= n && !found; ++k)
+    if (Trim(slides[static_cast<std::size_t>(k)].Get(Field::PictureFile)) == fileName) found = ShiftDown(k, slides);
+  return Shrink(mc, slides) && found;
+}
+
+std::int32_t UIGlobalController::LoadDirectory(const std::string& path, std::vector<std::string>& files,
+                                               bool addPath) const {
+  files.assign(1, std::string());
+  for (const std::string& name : ListFiles(path, "*.jpg")) files.push_back(addPath ? path + name : name);
+  if (!addPath) return static_cast<std::int32_t>(files.size()) - 1;
+  // The exhausted search still yields the prefix, and the call after it fails.
+  files.push_back(path);
+  files.emplace_back();
+  return 0;
+}
+
+}  // namespace cb

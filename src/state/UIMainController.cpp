@@ -1,0 +1,134 @@
+#include "state/UIMainController.h"
+
+#include <array>
+#include <string_view>
+
+#include "state/modGlobal.h"
+#include "storage/DataAccess.h"
+
+namespace cb {
+namespace {
+
+constexpr std::string_view kStartupSection = "Startup";
+constexpr std::string_view kDefDirKey = "DefDir";
+constexpr std::string_view kAppDirSection = "AppDir";
+constexpr std::string_view kAppDirKey = "AppDir";
+
+struct DirectoryTail {
+  std::string_view tail;  // after a directory that does not end in "/"
+  std::size_t keepAtRoot; // characters kept from the right after one that does
+};
+
+enum Tail { kFiles, kGallery, kBackground, kReports, kRoot };
+
+constexpr std::array<DirectoryTail, 5> kTails{{
+    {"/Files/", 8},
+    {"/Gallery/", 8},
+    {"/Background/", 9},
+    {kReportsFolder, 8},
+    {"/", 0},
+}};
+
+std::string TailFor(const std::string& appPath, Tail which) {
+  const auto& t = kTails[which];
+  if (appPath.empty() || appPath.back() != '/') return std::string(t.tail);
+  const auto keep = std::min(t.keepAtRoot, t.tail.size());
+  return std::string(t.tail.substr(t.tail.size() - keep));
+}
+
+}  // namespace
+
+UIMainController::UIMainController(std::string appPath, SettingsStore& settings, ModGlobal& globals)
+    : appPath_(std::move(appPath)), settings_(settings), globals_(globals) {
+  globalController_ = std::make_unique<UIGlobalController>();
+  SlideInformationFilePath(GetRegistryKeys());
+  FirstRun = SlideInformationFilePath().empty();
+  formHeight_ = 5310;
+  formWidth_ = 6720;
+}
+
+void UIMainController::SlideInformationFilePath(std::string v) {
+  slideInformationFilePath_ = std::move(v);
+  const auto& p = slideInformationFilePath_;
+  if (p.empty()) return;
+  const auto slash = p.rfind('/');
+  if (slash == std::string::npos) {
+    // No directory part: the whole text becomes the directory and the file
+    // name cannot be cut out, so it keeps what it held.
+    slideInformationPath_ = p;
+    return;
+  }
+  slideInformationPath_ = p.substr(0, slash + 1);
+  slideInformationFile_ = p.substr(slash + 1);
+}
+
+void UIMainController::NumberOfRecords(std::int32_t v) {
+  numberOfRecords_ = v;
+  if (v == 0) currentlyActiveBase_ = 0;
+}
+
+bool UIMainController::SetRegistryKeys(const std::string& path) {
+  if (path.empty()) return false;
+  // A failing write is passed over; the path still becomes the open file.
+  settings_.Put(std::string(kStartupSection), std::string(kDefDirKey), path);
+  settings_.Put(std::string(kAppDirSection), std::string(kAppDirKey), appPath_);
+  SlideInformationFilePath(path);
+  return true;
+}
+
+std::string UIMainController::GetRegistryKeys() const {
+  return settings_.Get(std::string(kStartupSection), std::string(kDefDirKey), "");
+}
+
+std::string UIMainController::GetSIFDirectory() const { return TailFor(appPath_, kFiles); }
+std::string UIMainController::GetGalleryDirectory() const { return TailFor(appPath_, kGallery); }
+std::string UIMainController::GetGraphicsDirectory() const { return TailFor(appPath_, kBackground); }
+std::string UIMainController::GetReportsDirectory() const { return TailFor(appPath_, kReports); }
+std::string UIMainController::GetRootDirectory() const { return TailFor(appPath_, kRoot); }
+
+std::int32_t UIMainController::GetCategories(KeyList& list) const { return cb::GetCategories(globals_.Slides, list); }
+std::int32_t UIMainController::GetLocations(KeyList& list) const { return cb::GetLocations(globals_.Slides, list); }
+
+SifSettings UIMainController::HeaderSettings() const {
+  return {numberOfRecords_, backgroundImage_, wallpaper_, slideTemplate_, reportFont_};
+}
+
+SifPaths UIMainController::LoadPaths() const {
+  return {slideInformationFilePath_, slideInformationFile_, appPath_ + GetSIFDirectory() + slideInformationFile_};
+}
+
+bool UIMainController::LoadSettings(ErrorArray& errors) {
+  SifSettings s = HeaderSettings();
+  const Status status = DataAccess().LoadSettings(LoadPaths(), s, globals_.Slides);
+  if (s.NumberOfRecords != numberOfRecords_ || status.ok()) NumberOfRecords(s.NumberOfRecords);
+  backgroundImage_ = std::move(s.BackgroundImage);
+  wallpaper_ = std::move(s.Wallpaper);
+  slideTemplate_ = s.SlideTemplate;
+  reportFont_ = std::move(s.ReportFont);
+  if (status.ok()) globals_.SlidesChanged = false;
+  return Report(status, errors);
+}
+
+bool UIMainController::SaveSettings(ErrorArray& errors) {
+  const Status status = DataAccess().SaveSettings(slideInformationFilePath_, HeaderSettings(), globals_.Slides);
+  if (status.ok()) globals_.SlidesChanged = false;
+  return Report(status, errors);
+}
+
+bool UIMainController::PutPassword(const std::string& password) {
+  return Report(DataAccess().PutPassword(password), globals_.ErrorInfo);
+}
+
+bool UIMainController::GetPassword(std::string& password) {
+  return Report(DataAccess().GetPassword(password), globals_.ErrorInfo);
+}
+
+bool UIMainController::GetFileHistoryList(FileHistory& history, ErrorArray& errors) {
+  return Report(DataAccess().GetFileHistoryList(appPath_, history), errors);
+}
+
+bool UIMainController::PutFileHistoryList(const FileHistory& history, ErrorArray& errors) {
+  return Report(DataAccess().PutFileHistoryList(appPath_, history), errors);
+}
+
+}  // namespace cb

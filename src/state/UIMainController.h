@@ -1,0 +1,144 @@
+#pragma once
+// The application's state: the open Slide Information File, the position of
+// the gallery, the fixed sizes of its cells and the directory rules of the
+// installation. It forwards loads and saves to DataAccess.
+
+#include <array>
+#include <cstdint>
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "base/RuntimeError.h"
+#include "model/Categories.h"
+#include "state/SettingsStore.h"
+#include "state/UIGlobalController.h"
+#include "storage/DataAccess.h"
+
+namespace cb {
+
+struct ModGlobal;
+
+class UIMainController {
+ public:
+  // Reads the default file from `settings` and decides FirstRun.
+  // `appPath` is the application directory as the platform reports it: no
+  // trailing "/" unless it is the root. `globals` must outlive the controller.
+  UIMainController(std::string appPath, SettingsStore& settings, ModGlobal& globals);
+
+  bool FirstRun = false;
+
+  const std::string& AppPath() const { return appPath_; }
+  // The settings store, for windows that make a controller of their own.
+  SettingsStore& Settings() const { return settings_; }
+
+  const std::string& SlideInformationPath() const { return slideInformationPath_; }
+  void SlideInformationPath(std::string v) { slideInformationPath_ = std::move(v); }
+  const std::string& SlideInformationFilePath() const { return slideInformationFilePath_; }
+  // Stores the path and, unless it is empty, splits it at its last "/".
+  void SlideInformationFilePath(std::string v);
+  const std::string& Wallpaper() const { return wallpaper_; }
+  void Wallpaper(std::string v) { wallpaper_ = std::move(v); }
+  const std::string& ReportFont() const { return reportFont_; }
+  void ReportFont(std::string v) { reportFont_ = std::move(v); }
+  const std::string& SlideInformationFile() const { return slideInformationFile_; }
+  void SlideInformationFile(std::string v) { slideInformationFile_ = std::move(v); }
+
+  std::int32_t CurrentlyActiveRoof() const { return currentlyActiveRoof_; }
+  void CurrentlyActiveRoof(std::int32_t v) { currentlyActiveRoof_ = v; }
+  std::int32_t CurrentlyActiveBase() const { return currentlyActiveBase_; }
+  void CurrentlyActiveBase(std::int32_t v) { currentlyActiveBase_ = v; }
+  std::int32_t CurrentImageNumber() const { return currentImageNumber_; }
+  void CurrentImageNumber(std::int32_t v) { currentImageNumber_ = v; }
+  std::int32_t NumberOfRecords() const { return numberOfRecords_; }
+  // An empty collection also has no base.
+  void NumberOfRecords(std::int32_t v);
+
+  std::int16_t FormWidth() const { return formWidth_; }
+  std::int16_t FormHeight() const { return formHeight_; }
+  std::int16_t ImageTop() const { return imageTop_; }
+  std::int16_t ImageLeft() const { return imageLeft_; }
+  std::int16_t ImageHeight() const { return imageHeight_; }
+  std::int16_t ImageWidth() const { return imageWidth_; }
+  // Cell sizes of the design grid in twips: Round(4695 / 3) and Round(6615 / 5).
+  std::int16_t bImageHeight() const { return 1565; }
+  std::int16_t bImageWidth() const { return 1323; }
+
+  const std::string& BackgroundImage() const { return backgroundImage_; }
+  void BackgroundImage(std::string v) { backgroundImage_ = std::move(v); }
+  std::int16_t NumberOfColumns() const { return numberOfColumns_; }
+  void NumberOfColumns(std::int16_t v) { numberOfColumns_ = v; }
+  std::int16_t NumberOfRows() const { return numberOfRows_; }
+  void NumberOfRows(std::int16_t v) { numberOfRows_ = v; }
+  std::int32_t SlideTemplate() const { return slideTemplate_; }
+  void SlideTemplate(std::int32_t v) { slideTemplate_ = v; }
+
+  // Makes `path` the default file of the next start and the open file.
+  // False, writing nothing, when `path` is empty.
+  bool SetRegistryKeys(const std::string& path);
+  // The default file of the settings, or the empty string.
+  std::string GetRegistryKeys() const;
+
+  // Tails to append to AppPath(); at the root some lose their first characters.
+  std::string GetSIFDirectory() const;
+  std::string GetGalleryDirectory() const;
+  std::string GetGraphicsDirectory() const;
+  std::string GetReportsDirectory() const;
+  std::string GetRootDirectory() const;
+
+  // The distinct categories and locations of the open collection, in order
+  // of first appearance, from index 1; the count added.
+  std::int32_t GetCategories(KeyList& list) const;
+  std::int32_t GetLocations(KeyList& list) const;
+
+  // The header's settings and the paths a load of the open file uses.
+  SifSettings HeaderSettings() const;
+  SifPaths LoadPaths() const;
+
+  // Read or write the open file through a fresh DataAccess; a success clears
+  // SlidesChanged, a failure fills `errors`.
+  bool LoadSettings(ErrorArray& errors);
+  bool SaveSettings(ErrorArray& errors);
+
+  // The password and the file history, through a fresh DataAccess. The
+  // password operations fill the program's ErrorInfo on failure.
+  bool PutPassword(const std::string& password);
+  bool GetPassword(std::string& password);
+  bool GetFileHistoryList(FileHistory& history, ErrorArray& errors);
+  bool PutFileHistoryList(const FileHistory& history, ErrorArray& errors);
+
+  // The ".jpg" files of `path`; see UIGlobalController::LoadDirectory.
+  std::int32_t LoadDirectory(const std::string& path, std::vector<std::string>& files, bool addPath) const {
+    return globalController_->LoadDirectory(path, files, addPath);
+  }
+
+  UIGlobalController& GlobalController() { return *globalController_; }
+
+ private:
+  std::string appPath_;
+  SettingsStore& settings_;
+  ModGlobal& globals_;
+
+  std::unique_ptr<UIGlobalController> globalController_;
+  std::int16_t numberOfRows_ = 0;
+  std::int16_t numberOfColumns_ = 0;
+  std::int16_t imageWidth_ = 0;
+  std::int16_t imageHeight_ = 0;
+  std::int16_t imageLeft_ = 0;
+  std::int16_t imageTop_ = 0;
+  std::int16_t formHeight_ = 0;
+  std::int16_t formWidth_ = 0;
+  std::int32_t numberOfRecords_ = 0;
+  std::int32_t currentImageNumber_ = 0;
+  std::int32_t currentlyActiveBase_ = 0;
+  std::int32_t currentlyActiveRoof_ = 0;
+  std::string slideInformationFile_;
+  std::string wallpaper_;
+  std::string reportFont_;
+  std::string slideInformationFilePath_;
+  std::string slideInformationPath_;
+  std::int32_t slideTemplate_ = 0;
+  std::string backgroundImage_;
+};
+
+}  // namespace cb
