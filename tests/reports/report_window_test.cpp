@@ -9,6 +9,7 @@
 
 #include "ReportWindowFixture.h"
 #include "dialogs/HelpRoutine.h"
+#include "help/frmHelp.h"
 #include "qt/StretchImage.h"
 #include "reports/frmSelectReport.h"
 #include "slide/frmSlide.h"
@@ -191,6 +192,27 @@ TEST_F(ReportWindowTest, HelpOpensOnTheReportsPage) {
   EXPECT_EQ(HelpPage(), "help012.htm");
   FlushDeletes();
   EXPECT_EQ(FindOpenForm("frmReport"), nullptr);
+}
+
+// Help from a maximised report, back to the report, then F1: the viewer that
+// comes forward shows its page over all of itself.
+TEST_F(ReportWindowTest, HelpFromAMaximisedReportFillsTheViewer) {
+  StartInventory();
+  QApplication::setActiveWindow(&TheMDIMain());
+  frmReport* r = OpenReport();
+  ASSERT_NE(r, nullptr);
+  auto* frame = qobject_cast<QMdiSubWindow*>(r->parentWidget());
+  frame->showMaximized();
+  r->HelpButton->trigger();
+  TheMDIMain().MdiArea()->setActiveSubWindow(frame);
+  r->WebBrowser1->setFocus();
+  QTest::keyClick(r->WebBrowser1, Qt::Key_F1);
+  FlushDeletes();
+  ASSERT_EQ(FindOpenForm("frmReport"), nullptr);
+  const frmHelp& viewer = *HelpViewer();
+  EXPECT_EQ(viewer.parentWidget()->geometry(), TheMDIMain().MdiArea()->viewport()->rect());
+  EXPECT_EQ(viewer.WebBrowser1->width(), viewer.width());
+  EXPECT_EQ(viewer.WebBrowser1->geometry().bottom(), viewer.rect().bottom());
 }
 
 }  // namespace
