@@ -17,6 +17,7 @@
 #include "artwork/ToolbarIcons.h"
 #include "dialogs/HelpRoutine.h"
 #include "gallery/frmGallery.h"
+#include "help/frmHelp.h"
 #include "qt/Twips.h"
 
 namespace cb {
@@ -134,8 +135,9 @@ void MDIMain::Arrange(Arrangement a) {
     return;
   }
   QList<QMdiSubWindow*> shown;
+  // The help viewer keeps the whole area; the others share it.
   for (QMdiSubWindow* w : area_->subWindowList())
-    if (w->isVisible() && !w->isMinimized()) shown.append(w);
+    if (w->isVisible() && !w->isMinimized() && !qobject_cast<frmHelp*>(w->widget())) shown.append(w);
   const QRect r = area_->viewport()->rect();
   const int n = static_cast<int>(shown.size());
   for (int k = 0; k < n; ++k) {
