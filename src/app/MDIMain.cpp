@@ -19,6 +19,7 @@
 #include "gallery/frmGallery.h"
 #include "help/frmHelp.h"
 #include "qt/Twips.h"
+#include "reports/frmReport.h"
 
 namespace cb {
 
@@ -99,6 +100,9 @@ void MDIMain::ApplyToolbar(ToolbarEvent event) {
 
 void MDIMain::MDIForm_Activate() {
   ApplyToolbar(ToolbarEvent::FrameActivated);
+  // The refresh can follow the viewer's own activation (the Report click that
+  // opened it, the frame back from a dialog): an active viewer's rule stands.
+  if (activeChild_ && qobject_cast<frmReport*>(activeChild_->widget())) ApplyToolbar(ToolbarEvent::ReportActivated);
   toolbar_->update();
 }
 
