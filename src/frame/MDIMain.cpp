@@ -15,8 +15,10 @@
 #include "artwork/ToolbarIcons.h"
 #include "dialogs/HelpRoutine.h"
 #include "gallery/frmGallery.h"
+#include "help/frmHelp.h"
 #include "qt/OpenForms.h"
 #include "qt/Twips.h"
+#include "reports/frmReport.h"
 #include "state/modGlobal.h"
 
 namespace cb {
@@ -98,6 +100,9 @@ void MDIMain::ApplyToolbar(ToolbarEvent event) {
 
 void MDIMain::MDIForm_Activate() {
   ApplyToolbar(ToolbarEvent::FrameActivated);
+  // The refresh can follow the viewer's own activation (the Report click that
+  // opened it, the frame back from a dialog): an active viewer's rule stands.
+  if (activeChild_ && qobject_cast<frmReport*>(activeChild_->widget())) ApplyToolbar(ToolbarEvent::ReportActivated);
   toolbar_->update();
 }
 
@@ -134,8 +139,9 @@ void MDIMain::Arrange(Arrangement a) {
     return;
   }
   QList<QMdiSubWindow*> shown;
+  // The help viewer keeps the whole area; the others share it.
   for (QMdiSubWindow* w : area_->subWindowList())
-    if (w->isVisible() && !w->isMinimized()) shown.append(w);
+    if (w->isVisible() && !w->isMinimized() && !qobject_cast<frmHelp*>(w->widget())) shown.append(w);
   const QRect r = area_->viewport()->rect();
   const int n = static_cast<int>(shown.size());
   for (int k = 0; k < n; ++k) {

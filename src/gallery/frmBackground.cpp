@@ -41,6 +41,9 @@ frmBackground::frmBackground() {
     images_[static_cast<std::size_t>(i - 1)] = image;
   }
   setFixedSize(TwipsToPixelsX(kClientWidth), TwipsToPixelsY(kClientHeight));
+  // No sample takes the keyboard: the window has it from the start, and with it F1.
+  setFocusPolicy(Qt::StrongFocus);
+  setFocus();
   InstallF1(*this);
 }
 

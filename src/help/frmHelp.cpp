@@ -91,6 +91,9 @@ void frmHelp::ShowForward() {
 void frmHelp::showEvent(QShowEvent* e) {
   if (!loaded_) Form_Load();
   QWidget::showEvent(e);
+  // The snap back to the client area while hidden (a maximised sibling
+  // restoring it) leaves the layout at the size it had before: lay out afresh.
+  layout()->setGeometry(rect());
 }
 
 void frmHelp::resizeEvent(QResizeEvent* e) {

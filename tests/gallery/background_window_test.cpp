@@ -5,6 +5,7 @@
 #include <QTest>
 #include <functional>
 
+#include "dialogs/HelpRoutine.h"
 #include "dialogs/frmCommonDialog.h"
 #include "gallery/frmBackground.h"
 #include "support/GalleryFixture.h"
@@ -150,6 +151,21 @@ TEST_F(BackgroundTest, ChooserClosesWhenAnotherWindowIsActivated) {
   });
   TheMDIMain().SetBackground();
   EXPECT_EQ(Mc().BackgroundImage(), "oak.jpg");
+  EXPECT_EQ(Header(), before);
+}
+
+// The samples take no keyboard: F1 reaches the chooser as soon as it is up.
+TEST_F(BackgroundTest, F1ClosesTheChooserOnItsHelpPage) {
+  Frames(2);
+  Start(1);
+  const std::string before = Header();
+  WhenShown("frmBackground", [](QWidget& w) {
+    ASSERT_TRUE(QTest::qWaitForWindowActive(&w));
+    QTest::keyClick(QApplication::focusWidget(), Qt::Key_F1);
+    if (w.isVisible()) w.close();  // F1 went nowhere
+  });
+  TheMDIMain().SetBackground();
+  EXPECT_EQ(HelpPage(), "help014.htm");
   EXPECT_EQ(Header(), before);
 }
 

@@ -106,14 +106,47 @@ TEST_F(HelpViewerTest, OpensOverTheWholeClientAreaOnTop) {
   EXPECT_EQ(Viewer().Shown(), Page("help001.htm"));
   EXPECT_EQ(Frame()->geometry(), TheMDIMain().MdiArea()->viewport()->rect());
   EXPECT_EQ(TheMDIMain().MdiArea()->activeSubWindow(), Frame());
-  // Made smaller, by the user or by the Window commands, it fills the area again.
+  // Made smaller, it fills the area again.
   Frame()->setGeometry(40, 30, 300, 200);
-  EXPECT_EQ(Frame()->geometry(), TheMDIMain().MdiArea()->viewport()->rect());
-  TheMDIMain().Item(MenuId::WindowVertical)->trigger();
   EXPECT_EQ(Frame()->geometry(), TheMDIMain().MdiArea()->viewport()->rect());
   Frame()->showMinimized();
   EXPECT_TRUE(Frame()->isMinimized());
 }
+
+// Tiling shares the client area among the other children; the viewer keeps all of it.
+struct Tiling {
+  const char* name;
+  std::function<void()> tile;
+  bool sideBySide;
+};
+
+const Tiling kTilings[] = {
+    {"menu_vertical", [] { TheMDIMain().Item(MenuId::WindowVertical)->trigger(); }, true},
+    {"menu_horizontal", [] { TheMDIMain().Item(MenuId::WindowHorizontal)->trigger(); }, false},
+    {"window_button_second_click",
+     [] {
+       TheMDIMain().Button(ToolbarButton::Window)->trigger();  // cascade first
+       TheMDIMain().Button(ToolbarButton::Window)->trigger();
+     },
+     true},
+};
+
+class HelpTilingTest : public HelpViewerTest, public ::testing::WithParamInterface<Tiling> {};
+
+TEST_P(HelpTilingTest, ArrangesTheOtherWindowsOnly) {
+  auto* other = TheMDIMain().MdiArea()->addSubWindow(new QWidget);
+  other->show();
+  TheMDIMain().Button(ToolbarButton::Help)->trigger();
+  GetParam().tile();
+  const QRect client = TheMDIMain().MdiArea()->viewport()->rect();
+  EXPECT_EQ(Frame()->geometry(), client);
+  const QRect a = Gallery().parentWidget()->geometry(), b = other->geometry();
+  EXPECT_FALSE(a.intersects(b));
+  EXPECT_EQ(a.united(b), client);
+  EXPECT_EQ(a.top() == b.top(), GetParam().sideBySide);
+}
+
+INSTANTIATE_TEST_SUITE_P(Rows, HelpTilingTest, ::testing::ValuesIn(kTilings), cb::testing::RowName());
 
 TEST_F(HelpViewerTest, AnOpenViewerComesForwardAndKeepsItsPage) {
   TheMDIMain().Item(MenuId::HelpContents)->trigger();

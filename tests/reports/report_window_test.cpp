@@ -9,6 +9,7 @@
 
 #include "ReportWindowFixture.h"
 #include "dialogs/HelpRoutine.h"
+#include "help/frmHelp.h"
 #include "qt/OpenForms.h"
 #include "qt/StretchImage.h"
 #include "reports/frmSelectReport.h"
@@ -21,6 +22,8 @@ using testing::ReadFile;
 
 class ReportWindowTest : public testing::ReportWindowFixture {
  protected:
+  static QMdiSubWindow* Frame(QWidget& child) { return qobject_cast<QMdiSubWindow*>(child.parentWidget()); }
+
   // The user turns to another child, then back to the viewer.
   void Activate(frmReport& r) {
     QMdiArea& area = *TheMDIMain().MdiArea();
@@ -68,6 +71,40 @@ TEST_F(ReportWindowTest, ReportThenOkShowsTheSummaryAndBlocksASecondViewer) {
   QTest::qWait(50);
   EXPECT_TRUE(dialogs.isEmpty());
   EXPECT_FALSE(TheMDIMain().Button(ToolbarButton::Report)->isEnabled());  // not even the refresh ran
+}
+
+// The Report button is off whenever the viewer is the active child, from its
+// opening on, whatever refreshed the toolbar before.
+TEST_F(ReportWindowTest, ReportButtonIsOffWhileTheViewerIsActiveFromItsOpening) {
+  StartInventory();
+  QApplication::setActiveWindow(&TheMDIMain());
+  struct Step {
+    const char* what;
+    std::function<void()> act;
+    bool reportEnabled;
+  };
+  const Step steps[] = {
+      {"opened by the Report button",
+       [this] {
+         WhenModal([](QWidget* w) { static_cast<frmSelectReport*>(w)->cmdOK->click(); });
+         TheMDIMain().Toolbar1_ButtonClick(ToolbarButton::Report);
+       },
+       false},
+      {"the frame active again",
+       [] {
+         QApplication::setActiveWindow(nullptr);
+         QApplication::setActiveWindow(&TheMDIMain());
+       },
+       false},
+      {"the gallery in front", [this] { TheMDIMain().MdiArea()->setActiveSubWindow(Frame(Gallery())); }, true},
+      {"the viewer in front again",
+       [this] { TheMDIMain().MdiArea()->setActiveSubWindow(Frame(*FindOpenForm("frmReport"))); }, false},
+  };
+  for (const Step& s : steps) {
+    SCOPED_TRACE(s.what);
+    s.act();
+    EXPECT_EQ(TheMDIMain().Button(ToolbarButton::Report)->isEnabled(), s.reportEnabled);
+  }
 }
 
 TEST_F(ReportWindowTest, AGroupLinkWritesTheSubReportAndShowsIt) {
@@ -192,6 +229,27 @@ TEST_F(ReportWindowTest, HelpOpensOnTheReportsPage) {
   EXPECT_EQ(HelpPage(), "help012.htm");
   FlushDeletes();
   EXPECT_EQ(FindOpenForm("frmReport"), nullptr);
+}
+
+// Help from a maximised report, back to the report, then F1: the viewer that
+// comes forward shows its page over all of itself.
+TEST_F(ReportWindowTest, HelpFromAMaximisedReportFillsTheViewer) {
+  StartInventory();
+  QApplication::setActiveWindow(&TheMDIMain());
+  frmReport* r = OpenReport();
+  ASSERT_NE(r, nullptr);
+  auto* frame = qobject_cast<QMdiSubWindow*>(r->parentWidget());
+  frame->showMaximized();
+  r->HelpButton->trigger();
+  TheMDIMain().MdiArea()->setActiveSubWindow(frame);
+  r->WebBrowser1->setFocus();
+  QTest::keyClick(r->WebBrowser1, Qt::Key_F1);
+  FlushDeletes();
+  ASSERT_EQ(FindOpenForm("frmReport"), nullptr);
+  const frmHelp& viewer = *HelpViewer();
+  EXPECT_EQ(viewer.parentWidget()->geometry(), TheMDIMain().MdiArea()->viewport()->rect());
+  EXPECT_EQ(viewer.WebBrowser1->width(), viewer.width());
+  EXPECT_EQ(viewer.WebBrowser1->geometry().bottom(), viewer.rect().bottom());
 }
 
 }  // namespace
