@@ -135,7 +135,7 @@ struct Installation {
     }
     mc.NumberOfRecords(kPictures);
     cb::ErrorArray errors;
-    return mc.SaveSettings(errors);
+    return Report(mc.SaveSettings(), errors);
   }
 };
 

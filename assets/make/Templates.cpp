@@ -147,7 +147,7 @@ bool WriteTemplates(const QString& appDir, const std::vector<TemplateFile>& file
     controller.Wallpaper(file.wallpaper);
     controller.ReportFont(file.reportFont);
     ErrorArray errors;
-    if (!controller.SaveSettings(errors))
+    if (!Report(controller.SaveSettings(), errors))
       return Complain(path, QString::fromStdString("error " + errors[0] + ": " + errors[2]));
   }
   return true;

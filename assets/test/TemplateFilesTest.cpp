@@ -47,7 +47,7 @@ TEST_P(TemplateFiles, LoadUnderTheirTemplateWithPicturesThatDecode) {
   UIMainController controller(kAppDir, settings, globals);
   ASSERT_TRUE(controller.SetRegistryKeys(kAppDir + "/Files/" + GetParam().name));
   ErrorArray errors;
-  ASSERT_TRUE(controller.LoadSettings(errors)) << errors[2];
+  ASSERT_TRUE(Report(controller.LoadSettings(), errors)) << errors[2];
 
   EXPECT_EQ(controller.SlideTemplate(), GetParam().slideTemplate);
   EXPECT_EQ(PictureFault(kAppDir + controller.GetGraphicsDirectory() + controller.BackgroundImage()), "");

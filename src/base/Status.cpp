@@ -6,7 +6,7 @@ namespace cb {
 
 void Status::FillErrors(ErrorArray& errors) const {
   if (!description_.empty()) {
-    errors[2] = std::string(description_);
+    errors[2] = description_;
     return;
   }
   if (error_ != RtError::None) cb::FillErrors(errors, error_, source_);

@@ -3,6 +3,7 @@
 // was raised. Every core operation that can fail returns one; a window or
 // the global state turns it into its three strings only where it keeps them.
 
+#include <string>
 #include <string_view>
 
 #include "base/RuntimeError.h"
@@ -13,7 +14,7 @@ class [[nodiscard]] Status {
  public:
   // Success.
   Status() = default;
-  // `source` names the raiser and must outlive the status (a literal).
+  // `source` names the raiser; the status keeps its own copy of every text.
   Status(RtError error, std::string_view source) : error_(error), source_(source) {}
   // A failure the user is told in words alone, with no error number.
   static Status Described(std::string_view description) {
@@ -34,8 +35,8 @@ class [[nodiscard]] Status {
 
  private:
   RtError error_ = RtError::None;
-  std::string_view source_;
-  std::string_view description_;
+  std::string source_;
+  std::string description_;
 };
 
 // Fills `errors` from `s` and tells whether `s` succeeded.

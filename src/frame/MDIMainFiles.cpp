@@ -56,7 +56,7 @@ void MDIMain::mnuFileNew_Click() {
   g.Slides.assign(1, SlideRecord());
   mc.NumberOfRecords(0);
   if (!typed.contains('.')) typed += ".sif";
-  if (mc.SetRegistryKeys(InFileList(d, typed)) && mc.SaveSettings(errors_)) CaptionGallery();
+  if (mc.SetRegistryKeys(InFileList(d, typed)) && Report(mc.SaveSettings(), errors_)) CaptionGallery();
   UnloadCommonDialog();
   RebuildGallery();
 }
@@ -69,7 +69,7 @@ void MDIMain::CaptionGallery() {
 void MDIMain::OpenFile(const std::string& path) {
   UIMainController& mc = *Globals().MainController;
   if (!mc.SetRegistryKeys(path)) return;
-  if (mc.LoadSettings(errors_))
+  if (Report(mc.LoadSettings(), errors_))
     CaptionGallery();
   else
     MsgBox(kLoadErrorText, vbOKOnly, kLoadErrorTitle);
@@ -97,7 +97,7 @@ void MDIMain::mnuFileSaveAs_Click() {
   const QString selected = d.FileListBox1->FileName();
   if (Exists(d, typed, selected) && !OverwriteConfirmed(selected, kSaveAsTitle)) return;
   UIMainController& mc = *Globals().MainController;
-  if (mc.SetRegistryKeys(InFileList(d, typed)) && mc.SaveSettings(errors_)) CaptionGallery();
+  if (mc.SetRegistryKeys(InFileList(d, typed)) && Report(mc.SaveSettings(), errors_)) CaptionGallery();
   UnloadCommonDialog();
 }
 

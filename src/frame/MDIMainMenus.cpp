@@ -106,7 +106,7 @@ void MDIMain::FillWindowMenu() {
 void MDIMain::UpdateHistoryMenu() {
   ModGlobal& g = Globals();
   UIMainController& mc = *g.MainController;
-  if (UpdateHistory(g.History, mc.SlideInformationFile())) mc.PutFileHistoryList(g.History, errors_);
+  if (UpdateHistory(g.History, mc.SlideInformationFile())) Report(mc.PutFileHistoryList(g.History), errors_);
   Item(MenuId::Bar4)->setVisible(true);
   Item(MenuId::Bar5)->setVisible(true);
   for (int i = 1; i <= 4; ++i) {

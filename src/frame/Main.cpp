@@ -83,7 +83,7 @@ bool Main(const std::string& appPath, SettingsStore& settings) {
     mc.SlideTemplate(1);
   } else {
     std::string password;
-    mc.GetPassword(password);
+    Report(mc.GetPassword(password), g.ErrorInfo);
     if (!password.empty()) {
       frmLogin login(frmLogin::kLogin);
       login.exec();
@@ -95,9 +95,9 @@ bool Main(const std::string& appPath, SettingsStore& settings) {
     }
   }
 
-  mc.LoadSettings(g.ErrorInfo);  // a missing default file starts an empty program
+  Report(mc.LoadSettings(), g.ErrorInfo);  // a missing default file starts an empty program
   WaitSeconds(mc.FirstRun ? 2 : 0);
-  mc.GetFileHistoryList(g.History, g.ErrorInfo);  // a missing list leaves it empty
+  Report(mc.GetFileHistoryList(g.History), g.ErrorInfo);  // a missing list leaves it empty
 
   MDIMain& main = TheMDIMain();
   QImage wallpaper;

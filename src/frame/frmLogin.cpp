@@ -85,7 +85,7 @@ void frmLogin::Form_Load() {
 void frmLogin::cmdOK_Click() {
   if (Mode == kLogin) {
     std::string stored;
-    LoginAccepted = controller_->GetPassword(stored) && stored == FromQ(txtPassword->text());
+    LoginAccepted = Report(controller_->GetPassword(stored), Globals().ErrorInfo) && stored == FromQ(txtPassword->text());
     accept();
     return;
   }
@@ -93,7 +93,7 @@ void frmLogin::cmdOK_Click() {
     MsgBox(kMismatch, vbOKOnly, kErrorTitle);
     return;
   }
-  PasswordSet = controller_->PutPassword(FromQ(txtPassword->text()));
+  PasswordSet = Report(controller_->PutPassword(FromQ(txtPassword->text())), Globals().ErrorInfo);
   accept();
 }
 

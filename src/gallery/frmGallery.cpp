@@ -162,7 +162,7 @@ void frmGallery::mnuPopup1Delete_Click() {
   if (!question.Confirmed) return;
   ModGlobal& g = Globals();
   if (GalleryController.DeleteSlide(PopupSlideIndex, *g.MainController, g.Slides)) {
-    if (!g.MainController->SaveSettings(errors_)) MsgBox(kCannotSave, vbCritical, kErrorTitle);
+    if (!Report(g.MainController->SaveSettings(), errors_)) MsgBox(kCannotSave, vbCritical, kErrorTitle);
     PopupSlideIndex = -1;
   }
   emit CollectionChanged();
@@ -179,7 +179,7 @@ void frmGallery::mnuSlidesAdd_Click() {
   UnloadCommonDialog();
   // A failed copy or save ends the command without a word; the new record stays in memory.
   if (!mc.GlobalController().AppendSlide(PathFromQ(NewSlidePath), mc, g.Slides)) return;
-  if (!mc.SaveSettings(errors_)) return;
+  if (!Report(mc.SaveSettings(), errors_)) return;
   NewSlidePath.clear();
   emit CollectionChanged();
 }

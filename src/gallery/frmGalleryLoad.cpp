@@ -156,7 +156,7 @@ bool frmGallery::MissingSlide(std::int32_t record) {
   // the slide removed is not always the one whose file is missing.
   if (!GalleryController.DeleteSlide(record, mc, g.Slides)) return false;
   mc.CurrentlyActiveRoof(std::min(UpperBound(), std::int32_t{kGalleryCells}));
-  mc.SaveSettings(errors_);
+  Report(mc.SaveSettings(), errors_);
   return true;
 }
 

@@ -183,7 +183,7 @@ void frmModifySlide::cmdOK_Click() {
   setEnabled(true);
   applying_ = false;
   // A failed save ends here, silently, with the collection changed in memory.
-  if (!mc.SaveSettings(errors_)) return;
+  if (!Report(mc.SaveSettings(), errors_)) return;
   emit CollectionChanged();
 }
 

@@ -167,7 +167,7 @@ void frmEditSlide::cmdOK_Click() {
   g.SlidesChanged = true;
   accept();
   // Every OK rewrites the whole file; a failed save keeps the edit in memory, unannounced.
-  g.MainController->SaveSettings(g.ErrorInfo);
+  Report(g.MainController->SaveSettings(), g.ErrorInfo);
 }
 
 bool frmEditSlide::eventFilter(QObject* watched, QEvent* e) {

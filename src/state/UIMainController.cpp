@@ -97,7 +97,7 @@ SifPaths UIMainController::LoadPaths() const {
   return {slideInformationFilePath_, slideInformationFile_, appPath_ + GetSIFDirectory() + slideInformationFile_};
 }
 
-bool UIMainController::LoadSettings(ErrorArray& errors) {
+Status UIMainController::LoadSettings() {
   SifSettings s = HeaderSettings();
   const Status status = DataAccess().LoadSettings(LoadPaths(), s, globals_.Slides);
   if (s.NumberOfRecords != numberOfRecords_ || status.ok()) NumberOfRecords(s.NumberOfRecords);
@@ -106,29 +106,25 @@ bool UIMainController::LoadSettings(ErrorArray& errors) {
   slideTemplate_ = s.SlideTemplate;
   reportFont_ = std::move(s.ReportFont);
   if (status.ok()) globals_.SlidesChanged = false;
-  return Report(status, errors);
+  return status;
 }
 
-bool UIMainController::SaveSettings(ErrorArray& errors) {
+Status UIMainController::SaveSettings() {
   const Status status = DataAccess().SaveSettings(slideInformationFilePath_, HeaderSettings(), globals_.Slides);
   if (status.ok()) globals_.SlidesChanged = false;
-  return Report(status, errors);
+  return status;
 }
 
-bool UIMainController::PutPassword(const std::string& password) {
-  return Report(DataAccess().PutPassword(password), globals_.ErrorInfo);
+Status UIMainController::PutPassword(const std::string& password) { return DataAccess().PutPassword(password); }
+
+Status UIMainController::GetPassword(std::string& password) { return DataAccess().GetPassword(password); }
+
+Status UIMainController::GetFileHistoryList(FileHistory& history) {
+  return DataAccess().GetFileHistoryList(appPath_, history);
 }
 
-bool UIMainController::GetPassword(std::string& password) {
-  return Report(DataAccess().GetPassword(password), globals_.ErrorInfo);
-}
-
-bool UIMainController::GetFileHistoryList(FileHistory& history, ErrorArray& errors) {
-  return Report(DataAccess().GetFileHistoryList(appPath_, history), errors);
-}
-
-bool UIMainController::PutFileHistoryList(const FileHistory& history, ErrorArray& errors) {
-  return Report(DataAccess().PutFileHistoryList(appPath_, history), errors);
+Status UIMainController::PutFileHistoryList(const FileHistory& history) {
+  return DataAccess().PutFileHistoryList(appPath_, history);
 }
 
 }  // namespace cb

@@ -96,16 +96,15 @@ class UIMainController {
   SifPaths LoadPaths() const;
 
   // Read or write the open file through a fresh DataAccess; a success clears
-  // SlidesChanged, a failure fills `errors`.
-  bool LoadSettings(ErrorArray& errors);
-  bool SaveSettings(ErrorArray& errors);
+  // SlidesChanged. The window that asked turns a failure into its strings.
+  Status LoadSettings();
+  Status SaveSettings();
 
-  // The password and the file history, through a fresh DataAccess. The
-  // password operations fill the program's ErrorInfo on failure.
-  bool PutPassword(const std::string& password);
-  bool GetPassword(std::string& password);
-  bool GetFileHistoryList(FileHistory& history, ErrorArray& errors);
-  bool PutFileHistoryList(const FileHistory& history, ErrorArray& errors);
+  // The password and the file history, through a fresh DataAccess.
+  Status PutPassword(const std::string& password);
+  Status GetPassword(std::string& password);
+  Status GetFileHistoryList(FileHistory& history);
+  Status PutFileHistoryList(const FileHistory& history);
 
   // The ".jpg" files of `path`; see UIGlobalController::LoadDirectory.
   std::int32_t LoadDirectory(const std::string& path, std::vector<std::string>& files, bool addPath) const {

@@ -45,7 +45,7 @@ class FileCommandsTest : public testing::GalleryFixture {
     UIMainController mc(app.str(), s, other);
     mc.SetRegistryKeys(path);
     ErrorArray errors;
-    return mc.LoadSettings(errors) ? mc.NumberOfRecords() : -1;
+    return Report(mc.LoadSettings(), errors) ? mc.NumberOfRecords() : -1;
   }
 };
 
@@ -101,7 +101,7 @@ TEST_F(FileCommandsTest, SaveAsWithoutADotWritesThereAndTheNextSaveToo) {
   EXPECT_EQ(Gallery().windowTitle(), QString::fromStdString("Gallery " + Files("copy")));
   Globals().Slides.pop_back();
   ErrorArray errors;
-  ASSERT_TRUE(Mc().SaveSettings(errors));
+  ASSERT_TRUE(Report(Mc().SaveSettings(), errors));
   EXPECT_EQ(CountIn(Files("copy")), 2);
   EXPECT_EQ(CountIn(Files("t.sif")), 3);
 }

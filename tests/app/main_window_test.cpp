@@ -214,7 +214,7 @@ TEST_F(MainWindowTest, SetPasswordAsksForTheSameTextTwice) {
   });
   TheMDIMain().mnuFilePassword_Click();
   std::string stored;
-  ASSERT_TRUE(Globals().MainController->GetPassword(stored));
+  ASSERT_TRUE(Globals().MainController->GetPassword(stored).ok());
   EXPECT_EQ(stored, "Secret");
 }
 
@@ -233,7 +233,7 @@ const LoginRow kLogins[] = {
 class LoginTest : public MainWindowTest, public ::testing::WithParamInterface<LoginRow> {};
 
 TEST_P(LoginTest, StoredPasswordIsAskedForOnceAtStart) {
-  ASSERT_TRUE(Globals().MainController->PutPassword("Secret"));
+  ASSERT_TRUE(Globals().MainController->PutPassword("Secret").ok());
   Globals().MainController->SetRegistryKeys(app / "Files/Home.sif");  // not a first use
   const char* typed = GetParam().typed;
   WhenModal([typed](QWidget* w) {

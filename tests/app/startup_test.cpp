@@ -49,7 +49,7 @@ class StartupTest : public ::testing::Test {
     mc.Wallpaper(wallpaper);
     mc.SlideTemplate(3);
     ErrorArray errors;
-    ASSERT_TRUE(mc.SaveSettings(errors));
+    ASSERT_TRUE(Report(mc.SaveSettings(), errors));
   }
 
   // A click on the splash as soon as the wait is under way.

@@ -114,7 +114,7 @@ TEST_F(GalleryWindowTest, MissingFileWithNoWarnsOnceAndRemovesTheSlide) {
   ModGlobal other;
   UIMainController fresh(app.str(), settings, other);
   ErrorArray errors;
-  ASSERT_TRUE(fresh.LoadSettings(errors));
+  ASSERT_TRUE(Report(fresh.LoadSettings(), errors));
   EXPECT_EQ(fresh.NumberOfRecords(), 15);  // saved at once
 }
 
@@ -216,7 +216,7 @@ TEST_F(GalleryWindowTest, LargestCollectionOpensAndScrollsToTheEnd) {
   r.Set(Field::PictureFile, "same.png");
   g.Slides.assign(32768, r);
   ErrorArray errors;
-  ASSERT_TRUE(g.MainController->SaveSettings(errors));
+  ASSERT_TRUE(Report(g.MainController->SaveSettings(), errors));
   TheMDIMain();
   EXPECT_EQ(Mc().CurrentlyActiveRoof(), 15);
   Gallery().FlatScrollBar1->setValue(2);

@@ -65,7 +65,7 @@ class ModifySlideWindowTest : public testing::GalleryFixture {
 
   std::string OnDisk() {
     ErrorArray errors;
-    EXPECT_TRUE(Mc().LoadSettings(errors));
+    EXPECT_TRUE(Report(Mc().LoadSettings(), errors));
     std::string names;
     for (std::size_t i = 1; i < Globals().Slides.size(); ++i)
       names += Trim(Globals().Slides[i].Get(Field::PictureFile)) + " ";

@@ -40,7 +40,7 @@ class ReportWindowFixture : public GalleryFixture {
       Globals().Slides[i].Set(Field::Value, kRows[i - 1].value);
     }
     ErrorArray errors;
-    ASSERT_TRUE(Mc().SaveSettings(errors));
+    ASSERT_TRUE(Report(Mc().SaveSettings(), errors));
   }
 
   // A viewer made as the chooser's OK makes it.

@@ -23,7 +23,7 @@ class SelectReportTest : public testing::ReportWindowFixture {
     ModGlobal other;
     UIMainController mc(app.str(), settings, other);
     ErrorArray errors;
-    EXPECT_TRUE(mc.LoadSettings(errors)) << errors[2];
+    EXPECT_TRUE(Report(mc.LoadSettings(), errors)) << errors[2];
     return mc.ReportFont();
   }
 };

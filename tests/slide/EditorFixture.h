@@ -57,7 +57,7 @@ class EditorFixture : public GalleryFixture {
     other.MainController = std::make_unique<UIMainController>(app.str(), s, other);
     other.MainController->SetRegistryKeys(app / "Files/t.sif");
     ErrorArray errors;
-    EXPECT_TRUE(other.MainController->LoadSettings(errors));
+    EXPECT_TRUE(Report(other.MainController->LoadSettings(), errors));
     return {other.Slides, other.MainController->SlideTemplate()};
   }
 

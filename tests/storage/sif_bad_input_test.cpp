@@ -56,7 +56,7 @@ TEST_P(BadHeaderTest, TakesTheLoadsResultOrFailurePath) {
   mc.NumberOfRecords(7);
   g.Slides.resize(8);
   ErrorArray errors;
-  EXPECT_EQ(mc.LoadSettings(errors), row.loads);
+  EXPECT_EQ(Report(mc.LoadSettings(), errors), row.loads);
   EXPECT_EQ(errors[0], row.error);
   if (!row.loads) {
     EXPECT_EQ(errors[1], "DataAccess");
@@ -78,7 +78,7 @@ TEST(SifLimits, SavingMoreThanTheLoopCanCountFails) {
   mc.SetRegistryKeys(app / "big.sif");
   g.Slides.resize(kMaxRecords + 2);
   ErrorArray errors;
-  EXPECT_FALSE(mc.SaveSettings(errors));
+  EXPECT_FALSE(Report(mc.SaveSettings(), errors));
   EXPECT_EQ(errors[0], "6");
 }
 
@@ -91,7 +91,7 @@ TEST_F(SifFileShapeTest, TruncatedLastRecordReadsAsFarAsItGoes) {
   UIMainController& mc = Start();
   mc.SetRegistryKeys(FilesPath("cut.sif"));
   ErrorArray errors;
-  ASSERT_TRUE(mc.LoadSettings(errors));
+  ASSERT_TRUE(Report(mc.LoadSettings(), errors));
   ASSERT_EQ(g.Slides.size(), 4u);
   EXPECT_EQ(RTrim(g.Slides[3].Get(Field::PictureFile)), "bike");
   EXPECT_EQ(RTrim(g.Slides[3].Get(Field::SlideText)), "");
@@ -106,7 +106,7 @@ TEST_F(SifFileShapeTest, RandomBytesNeverCrashOrOverreach) {
     UIMainController& mc = Start();
     mc.SetRegistryKeys(FilesPath("noise.sif"));
     ErrorArray errors;
-    const bool ok = mc.LoadSettings(errors);
+    const bool ok = Report(mc.LoadSettings(), errors);
     if (ok) {
       EXPECT_EQ(static_cast<std::int32_t>(g.Slides.size()) - 1, mc.NumberOfRecords());
       EXPECT_LE(mc.NumberOfRecords(), kMaxRecords);

@@ -45,7 +45,7 @@ TEST_F(SifFileTest, SavesHeaderAndSlidesByteForByte) {
   mc.ReportFont("DejaVu Sans");
   g.Slides = ThreeSlides();
   g.SlidesChanged = true;
-  ASSERT_TRUE(mc.SaveSettings(errors));
+  ASSERT_TRUE(Report(mc.SaveSettings(), errors));
   EXPECT_EQ(ReadFile(FilesPath("three.sif")), ReadHex(FIXTURES "/three_slides.hex"));
   EXPECT_FALSE(g.SlidesChanged);
 }
@@ -54,9 +54,9 @@ TEST_F(SifFileTest, NeverAssignedFieldsAreSavedAsBlanks) {
   UIMainController& mc = Open("chair.sif");
   mc.SlideTemplate(1);
   g.Slides.push_back(Slide({{Field::PictureFile, "a.jpg"}, {Field::SlideText, "Chair"}}));
-  ASSERT_TRUE(mc.SaveSettings(errors));
+  ASSERT_TRUE(Report(mc.SaveSettings(), errors));
   EXPECT_EQ(ReadFile(FilesPath("chair.sif")), ReadHex(FIXTURES "/unassigned_fields.hex"));
-  ASSERT_TRUE(mc.LoadSettings(errors));
+  ASSERT_TRUE(Report(mc.LoadSettings(), errors));
   EXPECT_EQ(g.Slides[1].Get(Field::Make), std::string(26, ' '));
 }
 
@@ -64,7 +64,7 @@ TEST_F(SifFileTest, LoadGivesBackTheSlidesAndTheHeader) {
   WriteFile(FilesPath("three.sif"), ReadHex(FIXTURES "/three_slides.hex"));
   UIMainController& mc = Open("three.sif");
   g.SlidesChanged = true;
-  ASSERT_TRUE(mc.LoadSettings(errors));
+  ASSERT_TRUE(Report(mc.LoadSettings(), errors));
   EXPECT_EQ(g.Slides.size(), 4u);
   EXPECT_EQ(mc.NumberOfRecords(), 3);
   EXPECT_EQ(mc.SlideTemplate(), 2);
@@ -100,8 +100,8 @@ TEST_P(SifRoundTripTest, FieldComesBackAsStored) {
   const auto& row = GetParam();
   UIMainController& mc = Open("one.sif");
   g.Slides.push_back(Slide({{row.field, row.saved}}));
-  ASSERT_TRUE(mc.SaveSettings(errors));
-  ASSERT_TRUE(mc.LoadSettings(errors));
+  ASSERT_TRUE(Report(mc.SaveSettings(), errors));
+  ASSERT_TRUE(Report(mc.LoadSettings(), errors));
   EXPECT_EQ(RTrim(g.Slides[1].Get(row.field)), row.loaded);
 }
 
@@ -110,15 +110,15 @@ INSTANTIATE_TEST_SUITE_P(Rows, SifRoundTripTest, ::testing::ValuesIn(kRoundTrips
 TEST_F(SifFileTest, ShrinkingCollectionLeavesTheOldTail) {
   UIMainController& mc = Open("tail.sif");
   g.Slides = ThreeSlides();
-  ASSERT_TRUE(mc.SaveSettings(errors));
+  ASSERT_TRUE(Report(mc.SaveSettings(), errors));
   const std::string before = ReadFile(FilesPath("tail.sif"));
   g.Slides.resize(2);
-  ASSERT_TRUE(mc.SaveSettings(errors));
+  ASSERT_TRUE(Report(mc.SaveSettings(), errors));
   const std::string after = ReadFile(FilesPath("tail.sif"));
   ASSERT_EQ(after.size(), 4 * kRecordLength);
   EXPECT_EQ(after.substr(278), before.substr(278));  // slide 1 rewritten alike, 2 and 3 left behind
   EXPECT_NE(after.substr(0, 278), before.substr(0, 278));
-  ASSERT_TRUE(mc.LoadSettings(errors));
+  ASSERT_TRUE(Report(mc.LoadSettings(), errors));
   EXPECT_EQ(mc.NumberOfRecords(), 1);
   EXPECT_EQ(g.Slides.size(), 2u);
 }
@@ -129,7 +129,7 @@ TEST_F(SifFileTest, ZeroLengthFileLoadsEmptyKeepingTheTemplate) {
   mc.SlideTemplate(3);
   mc.Wallpaper("old.jpg");
   g.Slides = ThreeSlides();
-  ASSERT_TRUE(mc.LoadSettings(errors));
+  ASSERT_TRUE(Report(mc.LoadSettings(), errors));
   EXPECT_EQ(mc.NumberOfRecords(), 0);
   EXPECT_EQ(mc.SlideTemplate(), 3);
   EXPECT_EQ(mc.Wallpaper(), "");
@@ -142,7 +142,7 @@ TEST_F(SifFileTest, CountBeyondTheRecordsReadsEmptySlides) {
   bytes.replace(241, 26, std::string(1, static_cast<char>(256 - '5')) + std::string(25, ' '));
   WriteFile(FilesPath("short.sif"), bytes);
   UIMainController& mc = Open("short.sif");
-  ASSERT_TRUE(mc.LoadSettings(errors));
+  ASSERT_TRUE(Report(mc.LoadSettings(), errors));
   ASSERT_EQ(g.Slides.size(), 6u);
   EXPECT_EQ(RTrim(g.Slides[1].Get(Field::PictureFile)), "tv.jpg");
   for (std::size_t i = 2; i < 6; ++i) EXPECT_EQ(g.Slides[i], Slide({{Field::Spare, ""}, {Field::PictureFile, ""},
@@ -155,7 +155,7 @@ TEST_F(SifFileTest, FileChosenElsewhereIsReadFromTheFilesDirectory) {
   WriteFile(FilesPath("three.sif"), ReadHex(FIXTURES "/three_slides.hex"));
   UIMainController& mc = Open("x");
   mc.SetRegistryKeys(app / "elsewhere/three.sif");
-  ASSERT_TRUE(mc.LoadSettings(errors));
+  ASSERT_TRUE(Report(mc.LoadSettings(), errors));
   EXPECT_EQ(mc.NumberOfRecords(), 3);
   EXPECT_EQ(mc.SlideInformationFilePath(), app / "elsewhere/three.sif");
 }
@@ -164,7 +164,7 @@ TEST_F(SifFileTest, FileChosenElsewhereWithoutATwinCreatesAnEmptyOne) {
   WriteFile(app / "elsewhere/lone.sif", ReadHex(FIXTURES "/three_slides.hex"));
   UIMainController& mc = Open("x");
   mc.SetRegistryKeys(app / "elsewhere/lone.sif");
-  ASSERT_TRUE(mc.LoadSettings(errors));
+  ASSERT_TRUE(Report(mc.LoadSettings(), errors));
   EXPECT_EQ(mc.NumberOfRecords(), 0);
   EXPECT_TRUE(std::filesystem::exists(FilesPath("lone.sif")));
   EXPECT_EQ(ReadFile(FilesPath("lone.sif")), "");
@@ -174,7 +174,7 @@ TEST_F(SifFileTest, SaveWritesToTheChosenPath) {
   UIMainController& mc = Open("x");
   mc.SetRegistryKeys(app / "elsewhere.sif");
   g.Slides = ThreeSlides();
-  ASSERT_TRUE(mc.SaveSettings(errors));
+  ASSERT_TRUE(Report(mc.SaveSettings(), errors));
   EXPECT_EQ(ReadFile(app / "elsewhere.sif").size(), 4 * kRecordLength);
   EXPECT_FALSE(std::filesystem::exists(FilesPath("elsewhere.sif")));
 }
@@ -184,7 +184,7 @@ TEST_F(SifFileTest, NameDifferingInCaseIsNotFound) {
   UIMainController& mc = Open("three.sif");
   errors = {"kept0", "kept1", ""};
   g.Slides = ThreeSlides();
-  EXPECT_FALSE(mc.LoadSettings(errors));
+  EXPECT_FALSE(Report(mc.LoadSettings(), errors));
   EXPECT_EQ(errors, (ErrorArray{"kept0", "kept1", "Cannot find Slide Information File."}));
   EXPECT_EQ(g.Slides.size(), 4u);
 }
@@ -192,7 +192,7 @@ TEST_F(SifFileTest, NameDifferingInCaseIsNotFound) {
 TEST_F(SifFileTest, SaveIntoAMissingDirectoryFails) {
   UIMainController& mc = Open("x");
   mc.SetRegistryKeys(app / "no/such/dir/a.sif");
-  EXPECT_FALSE(mc.SaveSettings(errors));
+  EXPECT_FALSE(Report(mc.SaveSettings(), errors));
   EXPECT_EQ(errors[0], "76");
   EXPECT_EQ(errors[2], "Path not found");
 }

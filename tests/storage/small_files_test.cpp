@@ -42,10 +42,10 @@ class PasswordTest : public SmallFilesTest, public ::testing::WithParamInterface
 TEST_P(PasswordTest, StoresOneScrambledRecordOfEightBytes) {
   const auto& row = GetParam();
   UIMainController& mc = Start();
-  ASSERT_TRUE(mc.PutPassword(row.typed));
+  ASSERT_TRUE(mc.PutPassword(row.typed).ok());
   EXPECT_EQ(ReadFile(PasswordFile()), row.stored);
   std::string back = "unchanged";
-  ASSERT_TRUE(mc.GetPassword(back));
+  ASSERT_TRUE(mc.GetPassword(back).ok());
   EXPECT_EQ(back, row.readBack);
 }
 
@@ -54,7 +54,7 @@ INSTANTIATE_TEST_SUITE_P(Rows, PasswordTest, ::testing::ValuesIn(kPasswords));
 TEST_F(SmallFilesTest, FirstPasswordReadCreatesAnEmptyPrivateFile) {
   UIMainController& mc = Start();
   std::string pw = "x";
-  ASSERT_TRUE(mc.GetPassword(pw));
+  ASSERT_TRUE(mc.GetPassword(pw).ok());
   EXPECT_EQ(pw, "");
   struct stat st {};
   ASSERT_EQ(::stat(PasswordFile().c_str(), &st), 0);
@@ -62,22 +62,20 @@ TEST_F(SmallFilesTest, FirstPasswordReadCreatesAnEmptyPrivateFile) {
   EXPECT_EQ(st.st_mode & 0777, 0600u);
 }
 
-TEST_F(SmallFilesTest, PasswordFailureFillsErrorInfo) {
+TEST_F(SmallFilesTest, PasswordFailureIsAccessRefused) {
   WriteFile(config / "Chattelbook/dprpz.dat/inside", "a directory stands in the way");
-  UIMainController& mc = Start();
-  EXPECT_FALSE(mc.PutPassword("secret"));
-  EXPECT_EQ(g.ErrorInfo[0], "75");
+  EXPECT_EQ(Start().PutPassword("secret").error(), RtError::PathFileAccess);
 }
 
 TEST_F(SmallFilesTest, HistoryIsOneLineOfFourQuotedNames) {
   UIMainController& mc = Start();
   ErrorArray errors;
-  ASSERT_TRUE(mc.PutFileHistoryList({"", "", "", "", ""}, errors));
+  ASSERT_TRUE(Report(mc.PutFileHistoryList({"", "", "", "", ""}), errors));
   EXPECT_EQ(ReadFile(app / "fhistlst.dat"), "\"\",\"\",\"\",\"\"\r\n");
-  ASSERT_TRUE(mc.PutFileHistoryList({"", "MyFiles.sif", "CarYard.sif", "", ""}, errors));
+  ASSERT_TRUE(Report(mc.PutFileHistoryList({"", "MyFiles.sif", "CarYard.sif", "", ""}), errors));
   EXPECT_EQ(ReadFile(app / "fhistlst.dat"), "\"MyFiles.sif\",\"CarYard.sif\",\"\",\"\"\r\n");
   FileHistory h;
-  ASSERT_TRUE(mc.GetFileHistoryList(h, errors));
+  ASSERT_TRUE(Report(mc.GetFileHistoryList(h), errors));
   EXPECT_EQ(h, (FileHistory{"", "MyFiles.sif", "CarYard.sif", "", ""}));
 }
 
@@ -85,10 +83,10 @@ TEST_F(SmallFilesTest, MissingOrShortHistoryFailsKeepingWhatWasRead) {
   UIMainController& mc = Start();
   ErrorArray errors;
   FileHistory h;
-  EXPECT_FALSE(mc.GetFileHistoryList(h, errors));
+  EXPECT_FALSE(Report(mc.GetFileHistoryList(h), errors));
   EXPECT_EQ(errors[0], "53");
   WriteFile(app / "fhistlst.dat", "\"a.sif\",\"b.sif\"\r\n");
-  EXPECT_FALSE(mc.GetFileHistoryList(h, errors));
+  EXPECT_FALSE(Report(mc.GetFileHistoryList(h), errors));
   EXPECT_EQ(errors[0], "62");
   EXPECT_EQ(h, (FileHistory{"", "a.sif", "b.sif", "", ""}));
 }

@@ -60,7 +60,7 @@ class GalleryFixture : public ::testing::Test {
     }
     mc.NumberOfRecords(n);
     ErrorArray errors;
-    ASSERT_TRUE(mc.SaveSettings(errors));
+    ASSERT_TRUE(Report(mc.SaveSettings(), errors));
     TheMDIMain().show();
   }
 

@@ -65,19 +65,19 @@ inline std::string WriteAsProgram(const std::string& path, const Header& h, cons
   mc.ReportFont(Cp(h.font));
   g.Slides = SlideArray(1);
   ErrorArray errors;
-  EXPECT_TRUE(mc.SaveSettings(errors)) << errors[2];
+  EXPECT_TRUE(Report(mc.SaveSettings(), errors)) << errors[2];
   for (const auto& s : slides) {
     SlideRecord r;
     r.Set(Field::PictureFile, Cp(s.picture));
     r.Set(Field::SlideText, Cp(s.text));
     g.Slides.push_back(r);
-    EXPECT_TRUE(mc.SaveSettings(errors)) << errors[2];
+    EXPECT_TRUE(Report(mc.SaveSettings(), errors)) << errors[2];
     const std::pair<Field, const std::string*> edits[] = {{Field::Category, &s.category}, {Field::Location, &s.location},
                                                           {Field::Make, &s.make},         {Field::Model, &s.model},
                                                           {Field::Serial, &s.serial},     {Field::Value, &s.value}};
     for (const auto& [f, v] : edits)
       if (!v->empty()) g.Slides.back().Set(f, Cp(*v));
-    EXPECT_TRUE(mc.SaveSettings(errors)) << errors[2];
+    EXPECT_TRUE(Report(mc.SaveSettings(), errors)) << errors[2];
   }
   return ReadFile(path);
 }

@@ -55,7 +55,7 @@ std::string ProgramPage(const Scratch& app, const std::string& path, const Repor
   UIMainController mc(app.str(), settings, g);
   mc.SlideInformationFilePath(path);
   ErrorArray errors;
-  EXPECT_TRUE(mc.LoadSettings(errors)) << errors[2];
+  EXPECT_TRUE(Report(mc.LoadSettings(), errors)) << errors[2];
   if (mc.SlideTemplate() < 1 || mc.SlideTemplate() > 3) mc.SlideTemplate(1);  // as the report chooser does
   UIReportController reports(mc, g.Slides, errors, FixedLocale());
   reports.ReportFont(c.font.value_or(mc.ReportFont()));

@@ -50,7 +50,7 @@ TEST(SifFile, ReadsWhatTheProgramsLoadReads) {
     mc.SlideInformationFilePath(path);
     mc.SlideTemplate(-5);  // what a failed template read leaves
     ErrorArray errors;
-    const bool loaded = mc.LoadSettings(errors);
+    const bool loaded = Report(mc.LoadSettings(), errors);
 
     SifDocument doc;
     std::string message;
