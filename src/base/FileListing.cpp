@@ -2,7 +2,6 @@
 
 #include <algorithm>
 #include <filesystem>
-#include <system_error>
 
 #include "base/Text.h"
 
@@ -39,20 +38,6 @@ bool FitsOne(const std::string& name, const std::string& pattern) {
   return dotStar && name.find('.') == std::string::npos && MatchOne(name, pattern.substr(0, pattern.size() - 2));
 }
 
-bool Hidden(const std::string& name) { return !name.empty() && name.front() == '.'; }
-
-template <typename Keep>
-std::vector<std::string> Entries(const std::string& dir, Keep keep) {
-  std::vector<std::string> names;
-  std::error_code ec;
-  for (fs::directory_iterator it(dir, ec), end; !ec && it != end; it.increment(ec)) {
-    std::string name = it->path().filename().string();
-    if (!Hidden(name) && keep(*it)) names.push_back(std::move(name));
-  }
-  std::ranges::sort(names, LessIgnoreCase);
-  return names;
-}
-
 // True when `path` is `root` or lies below it.
 bool Under(const std::string& path, const std::string& root) {
   if (root == "/") return !path.empty() && path.front() == '/';
@@ -81,20 +66,6 @@ bool LessIgnoreCase(const std::string& a, const std::string& b) {
   return a < b;
 }
 
-std::vector<std::string> ListFiles(const std::string& dir, const std::string& pattern) {
-  return Entries(dir, [&pattern](const fs::directory_entry& e) {
-    std::error_code ec;
-    return e.is_regular_file(ec) && MatchesPattern(e.path().filename().string(), pattern);
-  });
-}
-
-std::vector<std::string> ListDirectories(const std::string& dir) {
-  return Entries(dir, [](const fs::directory_entry& e) {
-    std::error_code ec;
-    return e.is_directory(ec);
-  });
-}
-
 std::string CleanDirectory(const std::string& path, const std::string& base) {
   fs::path p = path.empty() ? fs::path(base) : fs::path(path);
   if (p.is_relative()) p = fs::path(base) / p;
@@ -103,7 +74,7 @@ std::string CleanDirectory(const std::string& path, const std::string& base) {
   return clean.empty() ? "/" : clean;
 }
 
-std::vector<DirListEntry> DirListEntries(const std::string& path) {
+std::vector<DirListEntry> DirListEntries(const std::string& path, const std::vector<std::string>& folders) {
   std::vector<DirListEntry> rows{{"/", "/", 0, true}};
   std::string walked;
   std::size_t start = 1;
@@ -115,7 +86,7 @@ std::vector<DirListEntry> DirListEntries(const std::string& path) {
   }
   const int depth = static_cast<int>(rows.size());
   const std::string prefix = walked.empty() ? "/" : walked + "/";
-  for (std::string& name : ListDirectories(rows.back().path)) rows.push_back({name, prefix + name, depth, false});
+  for (const std::string& name : folders) rows.push_back({name, prefix + name, depth, false});
   return rows;
 }
 

@@ -1,8 +1,9 @@
 #pragma once
-// What the open and save dialog lists: files by wildcard pattern, folders of
-// a directory list, and the roots that stand in for drives. Names are the
-// file system's bytes; order and matching ignore ASCII case, as on the
-// platform the program's files come from.
+// The rules of what the open and save dialog lists: files by wildcard
+// pattern, folders of a directory list, and the roots that stand in for
+// drives. Names are the file system's bytes; order and matching ignore ASCII
+// case, as on the platform the program's files come from. The lists
+// themselves are read through an Env (storage/Listing.h).
 
 #include <string>
 #include <vector>
@@ -17,13 +18,6 @@ bool MatchesPattern(const std::string& name, const std::string& pattern);
 // Case-insensitive order; names equal but for case fall back to byte order.
 bool LessIgnoreCase(const std::string& a, const std::string& b);
 
-// The regular files of `dir` that fit `pattern`, in LessIgnoreCase order.
-// Hidden (dot) files and directories are left out; empty when `dir` cannot be read.
-std::vector<std::string> ListFiles(const std::string& dir, const std::string& pattern);
-
-// The sub-directories of `dir` without the hidden ones, in LessIgnoreCase order.
-std::vector<std::string> ListDirectories(const std::string& dir);
-
 // `path` made absolute against `base` and cleaned: no ".", "..", doubled or
 // trailing "/", except that the root stays "/". Empty `path` gives `base`.
 std::string CleanDirectory(const std::string& path, const std::string& base);
@@ -37,8 +31,8 @@ struct DirListEntry {
 };
 
 // The rows of a directory list standing on `path` (clean, absolute): the root
-// and every folder down to `path` open, then the sub-directories of `path`.
-std::vector<DirListEntry> DirListEntries(const std::string& path);
+// and every folder down to `path` open, then `folders`, the sub-directories of `path`.
+std::vector<DirListEntry> DirListEntries(const std::string& path, const std::vector<std::string>& folders);
 
 // The roots of the drive list: "/", then `home`, then those of `mounts` that
 // hold user volumes (under /media, /run/media or /mnt), without repeats.

@@ -18,6 +18,7 @@
 #include "dialogs/HelpRoutine.h"
 #include "qt/FixedDialog.h"
 #include "qt/Twips.h"
+#include "storage/Listing.h"
 
 namespace cb {
 namespace {
@@ -118,7 +119,8 @@ void DirListBox::Fill() {
   const QIcon closed = style()->standardIcon(QStyle::SP_DirClosedIcon);
   std::vector<QTreeWidgetItem*> parents;
   QTreeWidgetItem* current = nullptr;
-  for (const DirListEntry& e : DirListEntries(Bytes(path_))) {
+  const std::string path = Bytes(path_);
+  for (const DirListEntry& e : DirListEntries(path, ListDirectories(Env::Default(), path))) {
     parents.resize(e.depth);
     auto* item = parents.empty() ? new QTreeWidgetItem(this) : new QTreeWidgetItem(parents.back());
     item->setText(0, Name(e.name));
@@ -158,7 +160,7 @@ QString FileListBox::FileName() const {
 
 void FileListBox::Refresh() {
   clear();
-  for (const std::string& name : ListFiles(Bytes(path_), Bytes(pattern_))) addItem(Name(name));
+  for (const std::string& name : ListFiles(Env::Default(), Bytes(path_), Bytes(pattern_))) addItem(Name(name));
 }
 
 DriveListBox::DriveListBox(QWidget* parent) : QComboBox(parent) {

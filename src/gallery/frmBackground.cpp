@@ -2,7 +2,6 @@
 
 #include <QEvent>
 
-#include "base/FileListing.h"
 #include "dialogs/HelpRoutine.h"
 #include "gallery/GalleryLayout.h"
 #include "qt/FixedDialog.h"
@@ -10,6 +9,7 @@
 #include "qt/StretchImage.h"
 #include "qt/Twips.h"
 #include "state/modGlobal.h"
+#include "storage/Listing.h"
 
 namespace cb {
 namespace {
@@ -57,7 +57,7 @@ void frmBackground::Form_Load() {
   ModGlobal& g = Globals();
   const UIMainController& mc = *g.MainController;
   const std::string dir = mc.AppPath() + mc.GetGraphicsDirectory();
-  const std::vector<std::string> found = ListFiles(dir, "*.jpg");
+  const std::vector<std::string> found = ListFiles(Env::Default(), dir, "*.jpg");
   g.BackgroundNames.fill(std::string());
   for (int i = 1; i <= kGalleryCells; ++i) {
     // The search ends the loop once it runs dry, and so does a sample that will not load.

@@ -1,8 +1,6 @@
 #include "help/UIHelpController.h"
 
 #include <array>
-#include <cerrno>
-#include <cstdio>
 
 #include "help/HelpText.h"
 
@@ -55,12 +53,9 @@ constexpr std::array<HelpPage, 15> kPages{{
     {"help016.htm", "System Requirements", help::RequirementsBody},
 }};
 
-// Opening for output where the directory is missing is a path failure.
-RtError OpenError(int err) { return err == ENOENT ? RtError::PathNotFound : FromErrno(err); }
-
 }  // namespace
 
-UIHelpController::UIHelpController(std::string appPath) : appPath_(std::move(appPath)) {}
+UIHelpController::UIHelpController(std::string appPath, Env& env) : appPath_(std::move(appPath)), env_(env) {}
 
 bool UIHelpController::GenerateHelp() {
   const help::PageLinks links(appPath_);
@@ -77,15 +72,11 @@ bool UIHelpController::GenerateHelp() {
 
 bool UIHelpController::WriteHelpFile(const std::string& fileName, const std::string& pageText) {
   const std::string path = appPath_ + kHelpDir + fileName;
-  std::FILE* out = std::fopen(path.c_str(), "wb");
-  RtError e = RtError::None;
-  if (!out) {
-    e = OpenError(errno);
-  } else {
-    const bool written = std::fwrite(pageText.data(), 1, pageText.size(), out) == pageText.size() &&
-                         std::fputs(kLineEnd, out) >= 0;
-    const int err = errno;
-    if (std::fclose(out) != 0 || !written) e = FromErrno(err);
+  std::unique_ptr<WritableFile> out;
+  RtError e = env_.NewWritableFile(path, 0666, out);
+  if (e == RtError::None) {
+    e = out->Append(pageText + kLineEnd);
+    if (const RtError closed = out->Close(); e == RtError::None) e = closed;
   }
   if (e == RtError::None) return true;
   lastError_ = e;

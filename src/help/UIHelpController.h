@@ -5,14 +5,16 @@
 #include <string>
 
 #include "base/RuntimeError.h"
+#include "storage/Env.h"
 
 namespace cb {
 
 class UIHelpController {
  public:
   // `appPath` is the application directory, without a trailing "/"; the
-  // pages go to appPath + "/Help/" and their links name appPath + "/help/".
-  explicit UIHelpController(std::string appPath);
+  // pages go to appPath + "/Help/", written through `env`, and their links
+  // name appPath + "/help/".
+  explicit UIHelpController(std::string appPath, Env& env = Env::Default());
 
   // Writes help001.htm to help016.htm (there is no help013.htm), each
   // replacing an older file. A page that cannot be written does not stop the
@@ -29,6 +31,7 @@ class UIHelpController {
   void WritePageHeader(const std::string& title, std::string& pageText) const;
 
   std::string appPath_;
+  Env& env_;
   RtError lastError_ = RtError::None;
   std::string lastErrorDescription_;
 };

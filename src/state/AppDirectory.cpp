@@ -1,16 +1,13 @@
 #include "state/AppDirectory.h"
 
-#include <unistd.h>
-
 #include <array>
-#include <cstdlib>
 #include <filesystem>
 #include <string_view>
 
 namespace cb {
 namespace {
 
-namespace fs = std::filesystem;
+namespace fs = std::filesystem;  // names only: the disk is reached through the Env
 
 constexpr std::array<std::string_view, 4> kCopied{"Files", "Gallery", "Background", "Wallpaper"};
 constexpr std::array<std::string_view, 2> kMadeEmpty{"Help", "Reports"};
@@ -21,22 +18,27 @@ struct Link {
 // The program spells these two folders both ways.
 constexpr std::array<Link, 2> kLinks{{{"help", "Help"}, {"wallpaper", "Wallpaper"}}};
 
-bool Fill(const fs::path& shipped, const fs::path& dir, std::error_code& ec) {
+std::string Below(const std::string& dir, std::string_view name) { return (fs::path(dir) / name).string(); }
+
+RtError Fill(Env& env, const std::string& shipped, const std::string& dir) {
   for (const auto folder : kCopied) {
-    const fs::path from = shipped / folder;
-    if (fs::is_directory(from, ec))
-      fs::copy(from, dir / folder, fs::copy_options::recursive, ec);
-    else
-      fs::create_directory(dir / folder, ec);
-    if (ec) return false;
+    const std::string from = Below(shipped, folder);
+    const RtError e = env.KindOf(from) == EntryKind::Directory ? env.CopyTree(from, Below(dir, folder))
+                                                                : env.MakeDirectory(Below(dir, folder), 0777);
+    if (e != RtError::None) return e;
   }
   for (const auto folder : kMadeEmpty)
-    if (!fs::create_directory(dir / folder, ec) && ec) return false;
-  for (const auto& l : kLinks) {
-    fs::create_directory_symlink(l.target, dir / l.name, ec);
-    if (ec) return false;
-  }
-  return true;
+    if (const RtError e = env.MakeDirectory(Below(dir, folder), 0777); e != RtError::None) return e;
+  for (const auto& l : kLinks)
+    if (const RtError e = env.MakeLink(std::string(l.target), Below(dir, l.name)); e != RtError::None) return e;
+  return RtError::None;
+}
+
+// Makes `dir` and the directories on the way to it.
+RtError MakeDirectories(Env& env, const std::string& dir) {
+  for (auto slash = dir.find('/', 1); slash != std::string::npos; slash = dir.find('/', slash + 1))
+    if (const RtError e = env.MakeDirectory(dir.substr(0, slash), 0777); e != RtError::None) return e;
+  return env.MakeDirectory(dir, 0777);
 }
 
 }  // namespace
@@ -47,26 +49,24 @@ std::string UserApplicationDirectory(const char* xdgDataHome, const char* home) 
   return {};
 }
 
-bool SeedApplicationDirectory(const std::string& shipped, const std::string& target, std::string& message) {
-  std::error_code ec;
-  if (fs::exists(target, ec)) return true;
-  const fs::path parent = fs::path(target).parent_path();
-  fs::create_directories(parent, ec);
-  std::string part = (parent / ".Chattelbook.XXXXXX").string();
-  if (ec || !::mkdtemp(part.data())) {
-    message = target + ": " + (ec ? ec.message() : std::string("cannot be made"));
+bool SeedApplicationDirectory(const std::string& shipped, const std::string& target, std::string& message, Env& env) {
+  if (env.KindOf(target) != EntryKind::Missing) return true;
+  const std::string parent = fs::path(target).parent_path().string();
+  std::string part;
+  RtError e = MakeDirectories(env, parent);
+  // The application directory is the user's ordinary folder, not a private one.
+  if (e == RtError::None) e = env.MakeUniqueDirectory(parent + "/.Chattelbook.", 0755, part);
+  if (e != RtError::None) {
+    message = target + ": " + std::string(Description(e));
     return false;
   }
-  // mkdtemp makes the folder private; the application directory is the user's ordinary folder.
-  fs::permissions(part, fs::perms::owner_all | fs::perms::group_read | fs::perms::group_exec |
-                            fs::perms::others_read | fs::perms::others_exec, ec);
-  if (Fill(shipped, part, ec)) fs::rename(part, target, ec);
-  if (ec) {
-    message = target + ": " + ec.message();
-    std::error_code ignored;
-    fs::remove_all(part, ignored);
+  e = Fill(env, shipped, part);
+  if (e == RtError::None) e = env.Rename(part, target);
+  if (e != RtError::None) {
+    message = target + ": " + std::string(Description(e));
+    env.RemoveTree(part);
     // Another start may have seeded it meanwhile; that one is as good.
-    return fs::is_directory(target, ignored);
+    return env.KindOf(target) == EntryKind::Directory;
   }
   return true;
 }

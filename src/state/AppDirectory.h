@@ -6,6 +6,8 @@
 
 #include <string>
 
+#include "storage/Env.h"
+
 namespace cb {
 
 // `$XDG_DATA_HOME/Chattelbook`, or `$HOME/.local/share/Chattelbook` when the
@@ -18,7 +20,8 @@ std::string UserApplicationDirectory(const char* xdgDataHome, const char* home);
 // and the links help -> Help and wallpaper -> Wallpaper. The tree is built
 // beside `target` and renamed into place, so an interrupted first start
 // leaves no half-made directory. False, with `message` filled, on failure.
-bool SeedApplicationDirectory(const std::string& shipped, const std::string& target, std::string& message);
+bool SeedApplicationDirectory(const std::string& shipped, const std::string& target, std::string& message,
+                              Env& env = Env::Default());
 
 // The application directory for an executable in `exeDir`: `exeDir` itself
 // when `exeDirWritable`, else the user's, seeded from `exeDir`; `exeDir` again

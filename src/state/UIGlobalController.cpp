@@ -1,11 +1,10 @@
 #include "state/UIGlobalController.h"
 
 #include <algorithm>
-#include <filesystem>
 
 #include "base/Cp1252.h"
-#include "base/FileListing.h"
 #include "state/UIMainController.h"
+#include "storage/Listing.h"
 
 namespace cb {
 namespace {
@@ -51,9 +50,7 @@ bool UIGlobalController::AppendSlide(const std::string& fullPath, UIMainControll
   r.Set(Field::PictureFile, Utf8ToCp1252Lossy(Trim(slash == std::string::npos ? fullPath : fullPath.substr(slash + 1))));
   const std::string destination = mc.AppPath() + mc.GetGalleryDirectory() + Cp1252ToUtf8(Trim(r.Get(Field::PictureFile)));
   if (Upper(fullPath) == Upper(destination)) return true;
-  std::error_code ec;
-  std::filesystem::copy_file(fullPath, destination, std::filesystem::copy_options::overwrite_existing, ec);
-  return !ec;
+  return env_->CopyFile(fullPath, destination) == RtError::None;
 }
 
 bool UIGlobalController::DeleteSlide(std::int32_t index, UIMainController& mc, SlideArray& slides) const {
@@ -75,7 +72,7 @@ bool UIGlobalController::DeleteSlideMSC(const std::string& fileName, UIMainContr
 std::int32_t UIGlobalController::LoadDirectory(const std::string& path, std::vector<std::string>& files,
                                                bool addPath) const {
   files.assign(1, std::string());
-  for (const std::string& name : ListFiles(path, "*.jpg")) files.push_back(addPath ? path + name : name);
+  for (const std::string& name : ListFiles(*env_, path, "*.jpg")) files.push_back(addPath ? path + name : name);
   if (!addPath) return static_cast<std::int32_t>(files.size()) - 1;
   // The exhausted search still yields the prefix, and the call after it fails.
   files.push_back(path);

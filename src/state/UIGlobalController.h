@@ -5,9 +5,9 @@
 #include <string>
 #include <vector>
 
-#include "model/SlideRecord.h"
-
 #include "base/Text.h"
+#include "model/SlideRecord.h"
+#include "storage/Env.h"
 
 namespace cb {
 
@@ -15,6 +15,9 @@ class UIMainController;
 
 class UIGlobalController {
  public:
+  // Pictures are copied and listed through `env`.
+  explicit UIGlobalController(Env& env = Env::Default()) : env_(&env) {}
+
   // Appends a slide naming the picture at `fullPath` (a UTF-8 path; its name cut to the
   // field) and copies the picture into the gallery directory unless it is
   // already there; a picture of the same name there is overwritten. An empty
@@ -39,6 +42,9 @@ class UIGlobalController {
   // past its end: a bare `path` and an empty element follow the names, and
   // the count reads 0.
   std::int32_t LoadDirectory(const std::string& path, std::vector<std::string>& files, bool addPath) const;
+
+ private:
+  Env* env_;  // a pointer, so that the controller can be assigned
 };
 
 }  // namespace cb

@@ -7,12 +7,16 @@
 #include <cerrno>
 #include <climits>
 #include <cstdio>
+#include <filesystem>
+#include <system_error>
 
 #include "storage/FileSystem.h"
 #include "storage/RandomFile.h"
 
 namespace cb {
 namespace {
+
+namespace fs = std::filesystem;
 
 std::string DirectoryOf(const std::string& path) {
   const auto slash = path.rfind('/');
@@ -50,6 +54,16 @@ class DiskFile final : public WritableFile {
   int fd_;
 };
 
+EntryKind KindFrom(const fs::file_status& st) {
+  switch (st.type()) {
+    case fs::file_type::regular: return EntryKind::File;
+    case fs::file_type::directory: return EntryKind::Directory;
+    case fs::file_type::none:
+    case fs::file_type::not_found: return EntryKind::Missing;
+    default: return EntryKind::Other;
+  }
+}
+
 }  // namespace
 
 Env& Env::Default() {
@@ -60,7 +74,8 @@ Env& Env::Default() {
 RtError DiskEnv::OpenRecords(const std::string& path, std::size_t recordLength, OpenMode mode,
                              std::unique_ptr<RecordFile>& file) {
   auto f = std::make_unique<RandomFile>();
-  const RtError e = mode == OpenMode::Read ? f->OpenRead(path, recordLength) : f->Open(path, recordLength);
+  const RtError e = mode == OpenMode::Read ? f->OpenRead(path, recordLength)
+                                           : f->Open(path, recordLength, mode == OpenMode::ReadWritePrivate ? 0600 : 0644);
   if (e == RtError::None) file = std::move(f);
   return e;
 }
@@ -131,6 +146,61 @@ void DiskEnv::Remove(const std::string& path) { ::unlink(path.c_str()); }
 RtError DiskEnv::MakeDirectory(const std::string& dir, unsigned mode) {
   if (::mkdir(dir.c_str(), static_cast<mode_t>(mode)) == 0 || errno == EEXIST) return RtError::None;
   return CreateError(errno);
+}
+
+RtError DiskEnv::NewWritableFile(const std::string& path, unsigned newMode, std::unique_ptr<WritableFile>& file) {
+  const int fd = ::open(path.c_str(), O_WRONLY | O_CREAT | O_TRUNC | O_CLOEXEC, static_cast<mode_t>(newMode));
+  if (fd < 0) return CreateError(errno);
+  file = std::make_unique<DiskFile>(fd);
+  return RtError::None;
+}
+
+RtError DiskEnv::CopyFile(const std::string& from, const std::string& to) {
+  std::error_code ec;
+  fs::copy_file(from, to, fs::copy_options::overwrite_existing, ec);
+  return ec ? FromErrno(ec.value()) : RtError::None;
+}
+
+RtError DiskEnv::ListDirectory(const std::string& dir, std::vector<DirEntry>& entries) {
+  std::error_code ec;
+  for (fs::directory_iterator it(dir, ec), end; !ec && it != end; it.increment(ec)) {
+    std::error_code ignored;  // an entry that cannot be looked at is of no kind listed
+    entries.push_back({it->path().filename().string(), KindFrom(it->status(ignored))});
+  }
+  return ec ? CreateError(ec.value()) : RtError::None;
+}
+
+EntryKind DiskEnv::KindOf(const std::string& path) {
+  std::error_code ec;
+  return KindFrom(fs::status(path, ec));
+}
+
+RtError DiskEnv::CopyTree(const std::string& from, const std::string& to) {
+  std::error_code ec;
+  fs::copy(from, to, fs::copy_options::recursive, ec);
+  return ec ? FromErrno(ec.value()) : RtError::None;
+}
+
+RtError DiskEnv::MakeUniqueDirectory(const std::string& prefix, unsigned mode, std::string& made) {
+  std::string dir = prefix + "XXXXXX";
+  if (!::mkdtemp(dir.data())) return CreateError(errno);
+  // mkdtemp makes the folder private; the caller says what it should be.
+  if (::chmod(dir.c_str(), static_cast<mode_t>(mode)) != 0) {
+    const int err = errno;
+    ::rmdir(dir.c_str());
+    return FromErrno(err);
+  }
+  made = std::move(dir);
+  return RtError::None;
+}
+
+RtError DiskEnv::MakeLink(const std::string& target, const std::string& link) {
+  return ::symlink(target.c_str(), link.c_str()) == 0 ? RtError::None : CreateError(errno);
+}
+
+void DiskEnv::RemoveTree(const std::string& path) {
+  std::error_code ignored;
+  fs::remove_all(path, ignored);
 }
 
 }  // namespace cb

@@ -18,6 +18,14 @@ class DiskEnv : public Env {
   RtError Rename(const std::string& from, const std::string& to) override;
   void Remove(const std::string& path) override;
   RtError MakeDirectory(const std::string& dir, unsigned mode) override;
+  RtError NewWritableFile(const std::string& path, unsigned newMode, std::unique_ptr<WritableFile>& file) override;
+  RtError CopyFile(const std::string& from, const std::string& to) override;
+  RtError ListDirectory(const std::string& dir, std::vector<DirEntry>& entries) override;
+  EntryKind KindOf(const std::string& path) override;
+  RtError CopyTree(const std::string& from, const std::string& to) override;
+  RtError MakeUniqueDirectory(const std::string& prefix, unsigned mode, std::string& made) override;
+  RtError MakeLink(const std::string& target, const std::string& link) override;
+  void RemoveTree(const std::string& path) override;
 };
 
 }  // namespace cb

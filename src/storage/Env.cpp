@@ -98,12 +98,74 @@ RtError MemoryEnv::NewFileBeside(const std::string& target, unsigned, std::strin
 }
 
 RtError MemoryEnv::Rename(const std::string& from, const std::string& to) {
+  if (const auto it = files_.find(from); it != files_.end()) {
+    std::string bytes = std::move(it->second);
+    files_.erase(it);
+    files_[to] = std::move(bytes);
+    return RtError::None;
+  }
+  if (KindOf(from) != EntryKind::Directory) return RtError::FileNotFound;
+  CopyTree(from, to);
+  RemoveTree(from);
+  return RtError::None;
+}
+
+RtError MemoryEnv::NewWritableFile(const std::string& path, unsigned, std::unique_ptr<WritableFile>& file) {
+  file = std::make_unique<MemoryWritable>(files_[path] = std::string());
+  return RtError::None;
+}
+
+RtError MemoryEnv::CopyFile(const std::string& from, const std::string& to) {
   const auto it = files_.find(from);
   if (it == files_.end()) return RtError::FileNotFound;
-  std::string bytes = std::move(it->second);
-  files_.erase(it);
-  files_[to] = std::move(bytes);
+  files_[to] = std::string(it->second);
   return RtError::None;
+}
+
+RtError MemoryEnv::ListDirectory(const std::string& dir, std::vector<DirEntry>& entries) {
+  const std::string prefix = dir.ends_with('/') ? dir : dir + "/";
+  // The paths under `prefix` stand together in the map, so one folder's files follow one another.
+  for (auto it = files_.lower_bound(prefix); it != files_.end() && it->first.starts_with(prefix); ++it) {
+    const std::string rest = it->first.substr(prefix.size());
+    const auto slash = rest.find('/');
+    if (slash == std::string::npos) {
+      if (!rest.empty()) entries.push_back({rest, EntryKind::File});
+    } else if (entries.empty() || entries.back().name != rest.substr(0, slash)) {
+      entries.push_back({rest.substr(0, slash), EntryKind::Directory});
+    }
+  }
+  return RtError::None;
+}
+
+EntryKind MemoryEnv::KindOf(const std::string& path) {
+  if (files_.contains(path)) return EntryKind::File;
+  std::vector<DirEntry> entries;
+  ListDirectory(path, entries);
+  return entries.empty() ? EntryKind::Missing : EntryKind::Directory;
+}
+
+RtError MemoryEnv::CopyTree(const std::string& from, const std::string& to) {
+  const std::string prefix = from + "/";
+  std::map<std::string, std::string> copies;
+  for (auto it = files_.lower_bound(prefix); it != files_.end() && it->first.starts_with(prefix); ++it)
+    copies[to + it->first.substr(from.size())] = it->second;
+  if (copies.empty()) return RtError::PathNotFound;
+  for (auto& [path, bytes] : copies) files_[path] = std::move(bytes);
+  return RtError::None;
+}
+
+RtError MemoryEnv::MakeUniqueDirectory(const std::string& prefix, unsigned, std::string& made) {
+  for (int n = 0;; ++n) {
+    made = prefix + std::to_string(100000 + n);
+    if (KindOf(made) == EntryKind::Missing) return RtError::None;
+  }
+}
+
+void MemoryEnv::RemoveTree(const std::string& path) {
+  files_.erase(path);
+  const std::string prefix = path + "/";
+  auto it = files_.lower_bound(prefix);
+  while (it != files_.end() && it->first.starts_with(prefix)) it = files_.erase(it);
 }
 
 std::string MemoryEnv::EntryName(const std::string& path) {

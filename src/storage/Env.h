@@ -1,7 +1,7 @@
 #pragma once
-// The storage layer's one way to the file system. Loads and saves open their
-// record files through an Env, so tests and the fuzz target can put bytes in
-// memory, or failures, where the disk would be.
+// The core's one way to the file system. Loads, saves, listings and copies
+// go through an Env, so tests and the fuzz target can put bytes in memory, or
+// failures, where the disk would be.
 
 #include <cstddef>
 #include <map>
@@ -9,6 +9,7 @@
 #include <span>
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include "base/RuntimeError.h"
 
@@ -37,8 +38,17 @@ class WritableFile {
 };
 
 enum class OpenMode {
-  Read,       // never creates the file
-  ReadWrite,  // creates a missing file; falls back to reading where writing is refused
+  Read,              // never creates the file
+  ReadWrite,         // creates a missing file; falls back to reading where writing is refused
+  ReadWritePrivate,  // the same, a missing file made readable by its owner alone
+};
+
+// What a path finds, symbolic links followed.
+enum class EntryKind { Missing, File, Directory, Other };
+
+struct DirEntry {
+  std::string name;  // as it stands in its directory
+  EntryKind kind = EntryKind::Other;
 };
 
 class Env {
@@ -66,6 +76,24 @@ class Env {
   // there is no failure. PathNotFound when its parent is missing.
   virtual RtError MakeDirectory(const std::string& dir, unsigned mode) = 0;
 
+  // Opens `path` for writing from its start, emptied; a missing file is made
+  // with `newMode` less the umask. PathNotFound when its directory is missing.
+  virtual RtError NewWritableFile(const std::string& path, unsigned newMode, std::unique_ptr<WritableFile>& file) = 0;
+  // Copies the file `from` over `to`, which takes the permissions of `from`.
+  virtual RtError CopyFile(const std::string& from, const std::string& to) = 0;
+  // The entries of `dir` but "." and "..", in no order; on a failure, those
+  // read before it.
+  virtual RtError ListDirectory(const std::string& dir, std::vector<DirEntry>& entries) = 0;
+  virtual EntryKind KindOf(const std::string& path) = 0;
+  // Copies the directory `from` with all it holds, links followed, to `to`.
+  virtual RtError CopyTree(const std::string& from, const std::string& to) = 0;
+  // Makes a new directory named `prefix` and six characters, with exactly `mode`.
+  virtual RtError MakeUniqueDirectory(const std::string& prefix, unsigned mode, std::string& made) = 0;
+  // Makes `link` a symbolic link to the directory `target`.
+  virtual RtError MakeLink(const std::string& target, const std::string& link) = 0;
+  // Removes `path` with all it holds; what cannot be removed stays.
+  virtual void RemoveTree(const std::string& path) = 0;
+
   // The real file system.
   static Env& Default();
 };
@@ -81,6 +109,7 @@ std::unique_ptr<RecordFile> RecordsOver(std::string& bytes, std::size_t recordLe
 RtError ReplaceFile(Env& env, const std::string& path, std::string_view bytes, unsigned newMode);
 
 // Files held as bytes in memory, by exact path. Names are found as given.
+// A directory is the folder of the paths it holds; renaming one moves them.
 class MemoryEnv : public Env {
  public:
   RtError OpenRecords(const std::string& path, std::size_t recordLength, OpenMode mode,
@@ -93,6 +122,16 @@ class MemoryEnv : public Env {
   RtError Rename(const std::string& from, const std::string& to) override;
   void Remove(const std::string& path) override { files_.erase(path); }
   RtError MakeDirectory(const std::string&, unsigned) override { return RtError::None; }
+  RtError NewWritableFile(const std::string& path, unsigned newMode, std::unique_ptr<WritableFile>& file) override;
+  RtError CopyFile(const std::string& from, const std::string& to) override;
+  // Directories are the folders of the paths held: an empty one is not there.
+  RtError ListDirectory(const std::string& dir, std::vector<DirEntry>& entries) override;
+  EntryKind KindOf(const std::string& path) override;
+  RtError CopyTree(const std::string& from, const std::string& to) override;
+  RtError MakeUniqueDirectory(const std::string& prefix, unsigned mode, std::string& made) override;
+  // Links are not kept: a path finds what it names and nothing else.
+  RtError MakeLink(const std::string&, const std::string&) override { return RtError::None; }
+  void RemoveTree(const std::string& path) override;
 
   std::map<std::string, std::string>& Files() { return files_; }
 

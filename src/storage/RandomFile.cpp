@@ -11,10 +11,10 @@ namespace cb {
 
 RandomFile::~RandomFile() { Close(); }
 
-RtError RandomFile::Open(const std::string& path, std::size_t recordLength) {
+RtError RandomFile::Open(const std::string& path, std::size_t recordLength, unsigned newMode) {
   Close();
   length_ = recordLength;
-  fd_ = ::open(path.c_str(), O_RDWR | O_CREAT | O_CLOEXEC, 0644);
+  fd_ = ::open(path.c_str(), O_RDWR | O_CREAT | O_CLOEXEC, static_cast<mode_t>(newMode));
   if (fd_ < 0 && (errno == EACCES || errno == EROFS)) fd_ = ::open(path.c_str(), O_RDONLY | O_CLOEXEC);
   if (fd_ >= 0) return RtError::None;
   // A missing directory on the way is "path not found", not "file not found".

@@ -19,8 +19,9 @@ class RandomFile final : public RecordFile {
   RandomFile& operator=(const RandomFile&) = delete;
 
   // Opens for reading and writing, falling back to reading alone when the
-  // file may not be written; a missing file is created empty.
-  RtError Open(const std::string& path, std::size_t recordLength);
+  // file may not be written; a missing file is created empty, with `newMode`
+  // less the umask.
+  RtError Open(const std::string& path, std::size_t recordLength, unsigned newMode = 0644);
   // Opens for reading alone; a missing file is FileNotFound, a missing
   // directory on the way PathNotFound. errno stays as the open left it.
   RtError OpenRead(const std::string& path, std::size_t recordLength);

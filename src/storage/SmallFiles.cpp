@@ -1,15 +1,9 @@
 #include "storage/SmallFiles.h"
 
-#include <cerrno>
 #include <cstdlib>
-#include <fstream>
-#include <sstream>
-#include <sys/stat.h>
-#include <unistd.h>
 
 #include "base/Text.h"
 #include "storage/DataAccess.h"
-#include "storage/RandomFile.h"
 #include "storage/Scramble.h"
 
 namespace cb {
@@ -25,18 +19,16 @@ constexpr unsigned kNewFileMode = 0666;
 
 // Opens the password file, making the program's directory and the file
 // (readable by its owner alone) when they are missing.
-RtError OpenPasswordFile(RandomFile& file, std::string& path) {
+RtError OpenPasswordFile(Env& env, std::unique_ptr<RecordFile>& file, std::string& path) {
   const std::string dir = PasswordDirectory();
   if (!dir.empty()) {
+    // A folder that cannot be made is told by the open below.
     const std::string parent = dir.substr(0, dir.rfind('/', dir.size() - 2) + 1);
-    ::mkdir(parent.c_str(), 0700);
-    ::mkdir(dir.c_str(), 0700);
+    env.MakeDirectory(parent, 0700);
+    env.MakeDirectory(dir, 0700);
   }
   path = dir + kPasswordFile;
-  const mode_t old = ::umask(077);
-  const RtError e = file.Open(path, kPasswordLength);
-  ::umask(old);
-  return e;
+  return env.OpenRecords(path, kPasswordLength, OpenMode::ReadWritePrivate, file);
 }
 
 // These files have always told a failed write as a device error. A missing
@@ -102,10 +94,10 @@ std::vector<std::string> ReadFields(std::string_view text, std::size_t count) {
 }
 
 Status DataAccess::PutPassword(const std::string& password) {
-  RandomFile file;
+  std::unique_ptr<RecordFile> file;
   std::string path, bytes;
-  if (auto e = OpenPasswordFile(file, path); e != RtError::None) return {e, kSource};
-  file.Close();
+  if (auto e = OpenPasswordFile(env_, file, path); e != RtError::None) return {e, kSource};
+  file.reset();
   if (auto e = env_.ReadWhole(path, bytes); e != RtError::None) return {e, kSource};
   std::string record = ScrambleField(password);
   record.resize(kPasswordLength, ' ');
@@ -115,21 +107,20 @@ Status DataAccess::PutPassword(const std::string& password) {
 }
 
 Status DataAccess::GetPassword(std::string& password) {
-  RandomFile file;
+  std::unique_ptr<RecordFile> file;
   std::string path;
-  if (auto e = OpenPasswordFile(file, path); e != RtError::None) return {e, kSource};
+  if (auto e = OpenPasswordFile(env_, file, path); e != RtError::None) return {e, kSource};
   std::string record(kPasswordLength, '\0');
-  if (auto e = file.Get(1, record); e != RtError::None) return {e, kSource};
+  if (auto e = file->Get(1, record); e != RtError::None) return {e, kSource};
   password = UnscrambleField(record);
   return {};
 }
 
 Status DataAccess::GetFileHistoryList(const std::string& appPath, FileHistory& history) {
-  std::ifstream in(appPath + kHistoryFile, std::ios::binary);
-  if (!in) return {RtError::FileNotFound, kSource};
-  std::stringstream text;
-  text << in.rdbuf();
-  const auto fields = ReadFields(text.str(), kHistoryEntries);
+  std::string text;
+  // Whatever keeps the list from being read, it is told as missing.
+  if (env_.ReadWhole(appPath + kHistoryFile, text) != RtError::None) return {RtError::FileNotFound, kSource};
+  const auto fields = ReadFields(text, kHistoryEntries);
   for (std::size_t i = 0; i < fields.size(); ++i) history[i + 1] = fields[i];
   if (fields.size() < kHistoryEntries) return {RtError::InputPastEnd, kSource};
   return {};

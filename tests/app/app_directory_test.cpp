@@ -7,6 +7,7 @@
 #include <map>
 
 #include "state/AppDirectory.h"
+#include "support/RowName.h"
 #include "support/TempDir.h"
 
 namespace cb {
@@ -92,6 +93,60 @@ TEST(AppDirectory, NoPlaceForTheUsersDirectoryFallsBackToTheExecutables) {
             shipped.root.string());
   EXPECT_EQ(ChooseApplicationDirectory(shipped.root.string(), false, nullptr, nullptr), shipped.root.string());
 }
+
+// The shipped tree in memory, refusing one step of the seeding.
+class RefusingMemory : public MemoryEnv {
+ public:
+  explicit RefusingMemory(std::string step) : refused_(std::move(step)) {
+    Files() = {{"/lib/Files/HomeSecurity.sif", "sif"}, {"/lib/Gallery/tv.jpg", "tv"}};
+  }
+  RtError MakeUniqueDirectory(const std::string& prefix, unsigned mode, std::string& made) override {
+    return Refused("unique") ? RtError::PathFileAccess : MemoryEnv::MakeUniqueDirectory(prefix, mode, made);
+  }
+  RtError CopyTree(const std::string& from, const std::string& to) override {
+    return Refused("copy") && from.ends_with("Gallery") ? RtError::DiskFull : MemoryEnv::CopyTree(from, to);
+  }
+  RtError MakeLink(const std::string& target, const std::string& link) override {
+    return Refused("link") ? RtError::PathFileAccess : MemoryEnv::MakeLink(target, link);
+  }
+  RtError Rename(const std::string& from, const std::string& to) override {
+    return Refused("rename") ? RtError::PathFileAccess : MemoryEnv::Rename(from, to);
+  }
+
+ private:
+  bool Refused(const char* step) const { return refused_ == step; }
+  std::string refused_;
+};
+
+struct SeedRow {
+  const char* name;  // the step refused
+  const char* message;
+};
+
+const SeedRow kSeeds[] = {
+    {"nothing", ""},
+    {"unique", "/home/Chattelbook: Path/File access error"},
+    {"copy", "/home/Chattelbook: Disk full"},  // after the files were copied
+    {"link", "/home/Chattelbook: Path/File access error"},
+    {"rename", "/home/Chattelbook: Path/File access error"},
+};
+
+class SeedTest : public ::testing::TestWithParam<SeedRow> {};
+
+// A seeding that fails at any step leaves nothing but the shipped tree.
+TEST_P(SeedTest, IsWholeOrNothing) {
+  RefusingMemory memory(GetParam().name);
+  std::string message;
+  const bool seeded = *GetParam().message == '\0';
+  EXPECT_EQ(SeedApplicationDirectory("/lib", "/home/Chattelbook", message, memory), seeded);
+  EXPECT_EQ(message, GetParam().message);
+  std::map<std::string, std::string> expected{{"/lib/Files/HomeSecurity.sif", "sif"}, {"/lib/Gallery/tv.jpg", "tv"}};
+  if (seeded) expected.merge(std::map<std::string, std::string>{{"/home/Chattelbook/Files/HomeSecurity.sif", "sif"},
+                                                                {"/home/Chattelbook/Gallery/tv.jpg", "tv"}});
+  EXPECT_EQ(memory.Files(), expected);
+}
+
+INSTANTIATE_TEST_SUITE_P(Rows, SeedTest, ::testing::ValuesIn(kSeeds), testing::RowName());
 
 }  // namespace
 }  // namespace cb

@@ -5,6 +5,7 @@
 #include <regex>
 
 #include "help/UIHelpController.h"
+#include "storage/Env.h"
 #include "support/TempDir.h"
 
 namespace cb {
@@ -143,6 +144,33 @@ TEST_F(HelpPages, WithoutAHelpDirectoryEveryPageFails) {
   EXPECT_FALSE(help.GenerateHelp());
   EXPECT_EQ(help.LastError(), RtError::PathNotFound);
   EXPECT_FALSE(fs::exists(app / "Help"));
+}
+
+// Pages in memory; the disk fills up while help007.htm is written.
+class FullAtOnePage : public MemoryEnv {
+ public:
+  RtError NewWritableFile(const std::string& path, unsigned mode, std::unique_ptr<WritableFile>& file) override {
+    const RtError e = MemoryEnv::NewWritableFile(path, mode, file);
+    if (path.ends_with("help007.htm")) file = std::make_unique<FullFile>();
+    return e;
+  }
+
+ private:
+  struct FullFile : WritableFile {
+    RtError Append(std::string_view) override { return RtError::DiskFull; }
+    RtError Sync() override { return RtError::None; }
+    RtError Close() override { return RtError::None; }
+  };
+};
+
+TEST(HelpPagesInMemory, AFullDiskIsToldAndTheOtherPagesAreWritten) {
+  FullAtOnePage memory;
+  UIHelpController help("/app", memory);
+  EXPECT_FALSE(help.GenerateHelp());
+  EXPECT_EQ(help.LastError(), RtError::DiskFull);
+  EXPECT_EQ(memory.Files().size(), 15u);
+  EXPECT_EQ(memory.Files()["/app/Help/help007.htm"], "");
+  EXPECT_TRUE(memory.Files()["/app/Help/help016.htm"].ends_with("</html>\r\n"));
 }
 
 }  // namespace

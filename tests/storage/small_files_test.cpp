@@ -165,5 +165,61 @@ TEST_P(WriteFailureTest, NumberFollowsTheFailure) {
 
 INSTANTIATE_TEST_SUITE_P(Rows, WriteFailureTest, ::testing::ValuesIn(kWriteFailures), testing::RowName());
 
+// Files in memory, refusing one step with "Path/File access error".
+class RefusingMemory : public MemoryEnv {
+ public:
+  std::string refused;  // "open", "read" or "rename"
+  RtError OpenRecords(const std::string& path, std::size_t length, OpenMode mode,
+                      std::unique_ptr<RecordFile>& file) override {
+    return refused == "open" ? RtError::PathFileAccess : MemoryEnv::OpenRecords(path, length, mode, file);
+  }
+  RtError ReadWhole(const std::string& path, std::string& bytes) override {
+    return refused == "read" ? RtError::PathFileAccess : MemoryEnv::ReadWhole(path, bytes);
+  }
+  RtError Rename(const std::string& from, const std::string& to) override {
+    return refused == "rename" ? RtError::PathFileAccess : MemoryEnv::Rename(from, to);
+  }
+};
+
+// "old" and "old.sif" are stored first; then, with one step refused, "new"
+// and "new.sif" are put and both files read back.
+struct RefusedRow {
+  const char* name;
+  RtError putPassword, putHistory, getPassword, getHistory;
+  const char *password, *history;  // as read back
+};
+
+const RefusedRow kRefused[] = {
+    {"nothing", RtError::None, RtError::None, RtError::None, RtError::None, "new", "new.sif"},
+    {"open", RtError::PathFileAccess, RtError::None, RtError::PathFileAccess, RtError::None, "", "new.sif"},
+    // An unreadable history is told as a missing one.
+    {"read", RtError::PathFileAccess, RtError::None, RtError::None, RtError::FileNotFound, "old", ""},
+    {"rename", RtError::PathFileAccess, RtError::PathFileAccess, RtError::None, RtError::None, "old", "old.sif"},
+};
+
+class RefusedStepTest : public SmallFilesTest, public ::testing::WithParamInterface<RefusedRow> {};
+
+TEST_P(RefusedStepTest, KeepsTheOldFilesAndTellsTheStep) {
+  const auto& row = GetParam();
+  setenv("XDG_CONFIG_HOME", "/config", 1);
+  RefusingMemory memory;
+  DataAccess data(memory);
+  ASSERT_TRUE(data.PutPassword("old").ok());
+  ASSERT_TRUE(data.PutFileHistoryList("/app", {"", "old.sif", "", "", ""}).ok());
+  EXPECT_EQ(memory.Files().at("/config/Chattelbook/dprpz.dat"), "\x91\x94\x9C     ");
+  memory.refused = row.name;
+  EXPECT_EQ(data.PutPassword("new").error(), row.putPassword);
+  EXPECT_EQ(data.PutFileHistoryList("/app", {"", "new.sif", "", "", ""}).error(), row.putHistory);
+  std::string password;
+  FileHistory history;
+  EXPECT_EQ(data.GetPassword(password).error(), row.getPassword);
+  EXPECT_EQ(data.GetFileHistoryList("/app", history).error(), row.getHistory);
+  EXPECT_EQ(password, row.password);
+  EXPECT_EQ(history[1], row.history);
+  EXPECT_EQ(memory.Files().size(), 2u);  // nothing left beside them
+}
+
+INSTANTIATE_TEST_SUITE_P(Rows, RefusedStepTest, ::testing::ValuesIn(kRefused), testing::RowName());
+
 }  // namespace
 }  // namespace cb
