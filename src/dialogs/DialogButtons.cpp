@@ -17,14 +17,19 @@ constexpr double kGap = 75, kHeight = 390;  // twips
 
 }  // namespace
 
-DialogButtons MakeDialogButtons(QWidget* dialog, double top, double left, double width) {
+DialogButtons MakeDialogButtons(QWidget* dialog) {
   QPushButton* made[3];
   for (int i = 0; i < 3; ++i) {
     made[i] = new QPushButton(kButtons[i].caption, dialog);
     made[i]->setObjectName(kButtons[i].name);
+    made[i]->setAccessibleName(kButtons[i].caption);
   }
   made[0]->setDefault(true);
-  const DialogButtons buttons{made[0], made[1], made[2]};
+  return {made[0], made[1], made[2]};
+}
+
+DialogButtons MakeDialogButtons(QWidget* dialog, double top, double left, double width) {
+  const DialogButtons buttons = MakeDialogButtons(dialog);
   PlaceDialogButtons(buttons, top, left, width);
   return buttons;
 }

@@ -12,8 +12,11 @@ struct DialogButtons {
   QPushButton* help;
 };
 
-// Makes cmdOK (the default), cmdCancel and cmdHelp in `dialog`, side by side at `top` twips,
-// the first at `left`, each `width` wide.
+// Makes cmdOK (the default), cmdCancel and cmdHelp in `dialog`, each named by
+// its caption, for the dialog's own table to place.
+DialogButtons MakeDialogButtons(QWidget* dialog);
+
+// The same, side by side at `top` twips, the first at `left`, each `width` wide.
 DialogButtons MakeDialogButtons(QWidget* dialog, double top, double left = 600, double width = 1140);
 
 // Moves the three buttons to `top` twips.

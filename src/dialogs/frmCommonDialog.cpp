@@ -15,6 +15,7 @@
 #include <vector>
 
 #include "base/FileListing.h"
+#include "dialogs/DialogButtons.h"
 #include "dialogs/HelpRoutine.h"
 #include "qt/FixedDialog.h"
 #include "qt/Twips.h"
@@ -36,12 +37,9 @@ constexpr FileType kFileTypes[] = {
 };
 
 // Design rectangles in twips, controls in tab order; labels sit above their control.
-struct Place {
-  double left, top, width, height;
-};
 struct Control {
   const char* name;
-  Place place;
+  ElementRect place;
 };
 // The left column is wider than the design's 1815, and everything right of it
 // moves over, so that "Slide Info Files (*.sif)" shows whole at today's fonts.
@@ -59,7 +57,7 @@ constexpr Control kControls[] = {
 struct Caption {
   const char* name;
   const char* text;
-  Place place;
+  ElementRect place;
   const char* labels;  // the control it names
 };
 constexpr Caption kLabels[] = {
@@ -71,8 +69,6 @@ constexpr Caption kLabels[] = {
 // The file list stands under the name's label with no label of its own.
 constexpr char kFileListName[] = "Files";
 constexpr double kClientWidth = 6450 + kShift, kClientHeight = 3075;
-
-void Put(QWidget* w, const Place& p) { w->setGeometry(TwipsRect(p.left, p.top, p.width, p.height)); }
 
 std::string Bytes(const QString& path) { return QFile::encodeName(path).toStdString(); }
 QString Name(const std::string& bytes) { return QFile::decodeName(QByteArray::fromStdString(bytes)); }
@@ -188,30 +184,43 @@ void DriveListBox::Drive(const QString& path) {
   shown_ = index;
 }
 
+FolderDialog::FolderDialog() {
+  setWindowFlags(kFixedDialog);
+  Dir1 = new DirListBox(this);
+  Dir1->setObjectName("Dir1");
+  Dir1->setAccessibleName("Folders");
+  Drive1 = new DriveListBox(this);
+  Drive1->setObjectName("Drive1");
+  Drive1->setAccessibleName("Drives");
+  const DialogButtons buttons = MakeDialogButtons(this);
+  cmdOK = buttons.ok;
+  cmdCancel = buttons.cancel;
+  cmdHelp = buttons.help;
+  connect(Drive1, &DriveListBox::Change, this, &FolderDialog::Drive1_Change);
+  connect(Dir1, &DirListBox::Change, this, &FolderDialog::Dir1_Change);
+  connect(cmdOK, &QPushButton::clicked, this, &FolderDialog::cmdOK_Click);
+  connect(cmdCancel, &QPushButton::clicked, this, &FolderDialog::cmdCancel_Click);
+  connect(cmdHelp, &QPushButton::clicked, this, &FolderDialog::cmdHelp_Click);
+  InstallF1(*this);
+}
+
+void FolderDialog::cmdHelp_Click() { CloseWithHelp(*this); }
+
+void FolderDialog::Dir1_Change() { Drive1->Drive(Dir1->Path()); }
+
+void FolderDialog::Drive1_Change() { Dir1->Path(Drive1->Drive()); }
+
 frmCommonDialog::frmCommonDialog() {
   setObjectName("frmCommonDialog");
-  setWindowFlags(kFixedDialog);
   txtFilename = new QLineEdit(this);
   FileListBox1 = new FileListBox(this);
   cboFileType = new QComboBox(this);
-  Dir1 = new DirListBox(this);
-  Drive1 = new DriveListBox(this);
-  cmdOK = new QPushButton("OK", this);
-  cmdOK->setDefault(true);
-  cmdCancel = new QPushButton("Cancel", this);
-  cmdHelp = new QPushButton("Help", this);
   PlaceControls();
 
-  connect(Drive1, &DriveListBox::Change, this, &frmCommonDialog::Drive1_Change);
-  connect(Dir1, &DirListBox::Change, this, &frmCommonDialog::Dir1_Change);
   connect(cboFileType, &QComboBox::activated, this, &frmCommonDialog::cboFileType_Click);
   connect(FileListBox1, &QListWidget::itemClicked, this, &frmCommonDialog::FileListBox1_Click);
   connect(FileListBox1, &QListWidget::itemSelectionChanged, this, &frmCommonDialog::FileListBox1_Click);
   connect(FileListBox1, &QListWidget::itemDoubleClicked, this, &frmCommonDialog::cmdOK_Click);
-  connect(cmdOK, &QPushButton::clicked, this, &frmCommonDialog::cmdOK_Click);
-  connect(cmdCancel, &QPushButton::clicked, this, &frmCommonDialog::cmdCancel_Click);
-  connect(cmdHelp, &QPushButton::clicked, this, &frmCommonDialog::cmdHelp_Click);
-  InstallF1(*this);
 }
 
 void frmCommonDialog::PlaceControls() {
@@ -219,13 +228,13 @@ void frmCommonDialog::PlaceControls() {
   static_assert(std::extent_v<decltype(controls)> == std::size(kControls));
   for (std::size_t i = 0; i < std::size(kControls); ++i) {
     controls[i]->setObjectName(kControls[i].name);
-    Put(controls[i], kControls[i].place);
+    controls[i]->setGeometry(TwipsRect(kControls[i].place));
     if (i > 0) setTabOrder(controls[i - 1], controls[i]);
   }
   for (const Caption& c : kLabels) {
     auto* label = new QLabel(c.text, this);
     label->setObjectName(c.name);
-    Put(label, c.place);
+    label->setGeometry(TwipsRect(c.place));
     QWidget* named = findChild<QWidget*>(c.labels);
     label->setBuddy(named);
     named->setAccessibleName(QString(c.text).chopped(1));  // without the colon
@@ -270,7 +279,7 @@ void frmCommonDialog::keyPressEvent(QKeyEvent* e) {
 }
 
 void frmCommonDialog::Drive1_Change() {
-  Dir1->Path(Drive1->Drive());
+  FolderDialog::Drive1_Change();
   FileListBox1->Path(Dir1->Path());
   txtFilename->clear();
 }
@@ -278,7 +287,7 @@ void frmCommonDialog::Drive1_Change() {
 void frmCommonDialog::Dir1_Change() {
   // The caller's first setting of the path is the dialog's first touch.
   if (!loaded_) Form_Load();
-  Drive1->Drive(Dir1->Path());
+  FolderDialog::Dir1_Change();
   FileListBox1->Path(Dir1->Path());
   if (windowTitle() != kNewCaption) txtFilename->clear();
 }
@@ -301,8 +310,6 @@ void frmCommonDialog::cmdCancel_Click() {
   Cancelled = true;
   done(Rejected);
 }
-
-void frmCommonDialog::cmdHelp_Click() { CloseWithHelp(*this); }
 
 void frmCommonDialog::reject() {
   QDialog::reject();

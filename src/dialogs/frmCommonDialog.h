@@ -90,7 +90,30 @@ class DriveListBox : public QComboBox {
   int shown_ = -1;
 };
 
-class frmCommonDialog : public QDialog {
+// A dialog with the folder lists and the OK, Cancel and Help row. The two
+// lists follow each other: a root picked moves the folders there, and the
+// root list shows the root of the folder.
+class FolderDialog : public QDialog {
+  Q_OBJECT
+ public:
+  DirListBox* Dir1;
+  DriveListBox* Drive1;
+  QPushButton* cmdOK;
+  QPushButton* cmdCancel;
+  QPushButton* cmdHelp;
+
+  virtual void cmdOK_Click() = 0;
+  virtual void cmdCancel_Click() = 0;
+  // Closes into help.
+  void cmdHelp_Click();
+
+ protected:
+  FolderDialog();
+  virtual void Dir1_Change();
+  virtual void Drive1_Change();
+};
+
+class frmCommonDialog : public FolderDialog {
   Q_OBJECT
  public:
   frmCommonDialog();
@@ -103,18 +126,11 @@ class frmCommonDialog : public QDialog {
   QLineEdit* txtFilename;
   FileListBox* FileListBox1;
   QComboBox* cboFileType;
-  DirListBox* Dir1;
-  DriveListBox* Drive1;
-  QPushButton* cmdOK;
-  QPushButton* cmdCancel;
-  QPushButton* cmdHelp;
 
   // OK hides the dialog with whatever the controls hold; nothing is checked.
-  void cmdOK_Click();
+  void cmdOK_Click() override;
   // Sets Cancelled and hides the dialog, which stays loaded.
-  void cmdCancel_Click();
-  // Closes into help; the controls read empty afterwards.
-  void cmdHelp_Click();
+  void cmdCancel_Click() override;
 
   // Closing the window or the help routine unloads the dialog: its controls
   // come back empty, as a fresh load would leave them.
@@ -123,12 +139,12 @@ class frmCommonDialog : public QDialog {
  protected:
   void showEvent(QShowEvent* e) override;
   void keyPressEvent(QKeyEvent* e) override;
+  void Drive1_Change() override;
+  void Dir1_Change() override;
 
  private:
   void Form_Load();
   void Unload();
-  void Drive1_Change();
-  void Dir1_Change();
   void cboFileType_Click(int index);
   void FileListBox1_Click();
   void PlaceControls();

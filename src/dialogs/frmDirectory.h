@@ -4,16 +4,11 @@
 // on the folder chosen last; Cancel, Help, F1 and the window's close unload
 // it, and the next use opens on the gallery directory again.
 
-#include <QDialog>
-
-class QPushButton;
+#include "dialogs/frmCommonDialog.h"
 
 namespace cb {
 
-class DirListBox;
-class DriveListBox;
-
-class frmDirectory : public QDialog {
+class frmDirectory : public FolderDialog {
   Q_OBJECT
  public:
   frmDirectory();
@@ -21,15 +16,8 @@ class frmDirectory : public QDialog {
   // The folder chosen, without a trailing "/"; empty when none was.
   QString SelectedPath;
 
-  QPushButton* cmdOK;
-  QPushButton* cmdCancel;
-  QPushButton* cmdHelp;
-  DirListBox* Dir1;
-  DriveListBox* Drive1;
-
-  void cmdOK_Click();
-  void cmdCancel_Click();
-  void cmdHelp_Click();
+  void cmdOK_Click() override;
+  void cmdCancel_Click() override;
 
   // Every way out but OK unloads the dialog and empties SelectedPath.
   void reject() override;
@@ -39,12 +27,9 @@ class frmDirectory : public QDialog {
 
  private:
   void Form_Load();
-  void Dir1_Change();
-  void Drive1_Change();
 
   bool loaded_ = false;
 };
-
 // The one instance, made at the first call.
 frmDirectory& TheDirectory();
 // Deletes the instance; the next call makes a new one.

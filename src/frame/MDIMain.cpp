@@ -72,7 +72,6 @@ void MDIMain::CreateToolBar() {
     a->setToolTip(Utf8ToQ(entry.tooltip));
     a->setStatusTip(Utf8ToQ(entry.statusTip));
     a->setCheckable(entry.checkable);
-    a->setEnabled(Built(entry.awaits));
     connect(a, &QAction::triggered, this, [this, id = entry.id] { Toolbar1_ButtonClick(id); });
     buttons_[static_cast<std::size_t>(entry.id)] = a;
   }
@@ -107,7 +106,7 @@ void MDIMain::MDIForm_Activate() {
 }
 
 void MDIMain::Toolbar1_ButtonClick(ToolbarButton b) {
-  // Wiring a button: its command here, and its window's line in Built() set true when the window is built.
+  // Wiring a button: its row in kToolbarButtons, and its command here.
   struct ButtonAction {
     ToolbarButton button;
     void (MDIMain::*action)();

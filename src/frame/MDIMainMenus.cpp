@@ -26,8 +26,7 @@ constexpr long kWallpaperWhatHeight = 800, kWallpaperWhatWidth = 4000;
 
 // Wiring a menu item: its row in the menu table (MDIMainRules.cpp, and
 // GalleryMenuTable.cpp for the gallery's bar) gives the id and the object
-// name; its command goes here; a row that names the window it awaits stays
-// disabled until that window's line in Built() is set true. The gallery's
+// name; its command goes here. The gallery's
 // items of the same id arrive here through its CommandChosen signal; a new
 // child window declares signals of its own and MDIMain connects them where it
 // makes the child (see mnuFileGallery_Click and AddSlideWindow).

@@ -16,24 +16,19 @@ namespace {
 constexpr char kMismatch[] = "The confirmation password is not the same as the password.  Please try again.";
 constexpr char kErrorTitle[] = "Error";
 
-// Design positions in twips: left, top, width, height.
-struct Place {
-  double left, top, width, height;
-};
+// Design positions in twips.
 // The labels are wider than the design's 1380, and the boxes and the window
 // grow to match, so that "Confirm Password:" shows whole at today's fonts.
 constexpr double kLabelWidth = 1980, kShift = kLabelWidth - 1380;
-constexpr Place kPassword{1560 + kShift, 120, 2505, 330};
-constexpr Place kPasswordLabel{120, 150, kLabelWidth, 270};
-constexpr Place kConfirm{1560 + kShift, 540, 2505, 330};
-constexpr Place kConfirmLabel{120, 570, kLabelWidth, 270};
+constexpr ElementRect kPassword{1560 + kShift, 120, 2505, 330};
+constexpr ElementRect kPasswordLabel{120, 150, kLabelWidth, 270};
+constexpr ElementRect kConfirm{1560 + kShift, 540, 2505, 330};
+constexpr ElementRect kConfirmLabel{120, 570, kLabelWidth, 270};
 constexpr double kButtonsTop = 1020;
 constexpr double kButtonsTopLogin = 496.3;
 constexpr double kClientWidth = 4245 + kShift, kClientHeight = 1590;
 // The login's outer height of 1815 less a title bar.
 constexpr double kClientHeightLogin = 1815 - 420;
-
-void Put(QWidget* w, const Place& p) { w->setGeometry(TwipsRect(p.left, p.top, p.width, p.height)); }
 
 }  // namespace
 
@@ -54,10 +49,10 @@ frmLogin::frmLogin(const QString& mode) : Mode(mode) {
   cmdOK = buttons.ok;
   cmdCancel = buttons.cancel;
   cmdHelp = buttons.help;
-  Put(txtPassword, kPassword);
-  Put(lblPassword, kPasswordLabel);
-  Put(txtConfirmPassword, kConfirm);
-  Put(lblConfirm, kConfirmLabel);
+  txtPassword->setGeometry(TwipsRect(kPassword));
+  lblPassword->setGeometry(TwipsRect(kPasswordLabel));
+  txtConfirmPassword->setGeometry(TwipsRect(kConfirm));
+  lblConfirm->setGeometry(TwipsRect(kConfirmLabel));
   setFixedSize(TwipsToPixelsX(kClientWidth), TwipsToPixelsY(kClientHeight));
   connect(cmdOK, &QPushButton::clicked, this, &frmLogin::cmdOK_Click);
   connect(cmdCancel, &QPushButton::clicked, this, &QDialog::reject);

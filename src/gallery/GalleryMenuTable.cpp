@@ -4,7 +4,6 @@ namespace cb {
 
 using S = ItemState;
 using M = MenuId;
-using A = Awaits;
 
 namespace {
 
@@ -17,7 +16,7 @@ constexpr MenuItemRow kGalleryFile[] = {
     {M::FileSaveAs, "mnuFileSaveAs", "&Save As", 1, S::Normal},
     {M::Bar2, "mnuBar2", "-", 1, S::Normal},
     {M::FileGallery, "mnuFileGallery", "&Gallery", 1, S::Off},
-    {M::FileWallpaper, "mnuFileWallpaper", "&Set Wallpaper", 1, S::Normal, A::BackgroundChooser},
+    {M::FileWallpaper, "mnuFileWallpaper", "&Set Wallpaper", 1, S::Normal},
     {M::Bar3, "mnuBar3", "-", 1, S::Normal},
     {M::FilePassword, "mnuFilePassword", "&Password", 1, S::Normal},
 };
@@ -25,8 +24,8 @@ constexpr MenuItemRow kGalleryFile[] = {
 constexpr MenuItemRow kGallerySlidesAndWindow[] = {
     {M::Slides, "mnuSlides", "&Slides", 0, S::Normal},
     {M::SlidesAdd, "mnuSlidesAdd", "&Add Slide", 1, S::Normal},
-    {M::SlidesModify, "mnuSlidesModify", "&Modify Slide Collection", 1, S::Normal, A::CollectionEditor},
-    {M::SlidesTemplate, "mnuSlidesTemplate", "&Set Slide Template", 1, S::Normal, A::SlideTemplate},
+    {M::SlidesModify, "mnuSlidesModify", "&Modify Slide Collection", 1, S::Normal},
+    {M::SlidesTemplate, "mnuSlidesTemplate", "&Set Slide Template", 1, S::Normal},
     {M::Window, "mnuWindow", "&Window", 0, S::Normal},
     {M::WindowVertical, "mnuWindowTileV", "&Tile Vertically", 1, S::Normal},
     {M::WindowHorizontal, "mnuWindowTileH", "T&ile Horizontally", 1, S::Normal},
@@ -38,17 +37,17 @@ constexpr MenuItemRow kGalleryPopups[] = {
     {M::Popup1Delete, "mnuPopup1Delete", "&Remove Slide", 1, S::Normal},
     {M::Popup1What, "mnuPopup1What", "&What's this?", 1, S::Normal},
     {M::Bar7, "mnuBar7", "-", 1, S::Normal},
-    {M::Popup1Help, "mnuPopup1Help", "&Help", 1, S::Normal, A::HelpViewer},
+    {M::Popup1Help, "mnuPopup1Help", "&Help", 1, S::Normal},
     {M::Popup3, "mnuPopup3", "&Popup3", 0, S::Hidden},
     {M::Popup3Reset, "mnuPopupReset", "&Reset", 1, S::Normal},
     {M::Popup3What, "mnuPopup3What", "&What's this?", 1, S::Normal},
     {M::Bar9, "mnuBar9", "-", 1, S::Normal},
-    {M::Popup3Help, "mnuPopup3Help", "&Help", 1, S::Normal, A::HelpViewer},
+    {M::Popup3Help, "mnuPopup3Help", "&Help", 1, S::Normal},
     {M::Popup4, "mnuPopup4", "&Popup4", 0, S::Hidden},
-    {M::Popup4SetBackground, "mnuPopup4SetBackground", "&Set Background", 1, S::Normal, A::BackgroundChooser},
+    {M::Popup4SetBackground, "mnuPopup4SetBackground", "&Set Background", 1, S::Normal},
     {M::Popup4What, "mnuPopup4What", "&What's this?", 1, S::Normal},
     {M::Bar10, "mnuBar10", "-", 1, S::Normal},
-    {M::Popup4Help, "mnuPopup4Help", "&Help", 1, S::Normal, A::HelpViewer},
+    {M::Popup4Help, "mnuPopup4Help", "&Help", 1, S::Normal},
 };
 
 }  // namespace

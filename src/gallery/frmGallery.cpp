@@ -117,7 +117,7 @@ void frmGallery::LayOut() {
   ApplyWrites(LayOutGallery(PixelsToTwipsX(width()), PixelsToTwipsY(height()), kScrollBarHeight), placed_);
   for (int i = 1; i <= kGalleryElements; ++i) {
     const ElementRect& r = placed_[static_cast<std::size_t>(i - 1)];
-    Image1(i)->setGeometry(TwipsRect(r.Left, r.Top, r.Width, r.Height));
+    Image1(i)->setGeometry(TwipsRect(r));
   }
 }
 

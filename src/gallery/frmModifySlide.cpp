@@ -8,6 +8,7 @@
 #include <QPushButton>
 #include <type_traits>
 
+#include "dialogs/DialogButtons.h"
 #include "dialogs/HelpRoutine.h"
 #include "dialogs/frmDirectory.h"
 #include "dialogs/frmLoading.h"
@@ -27,23 +28,23 @@ constexpr char kApplyingText[] = "Updating the slide collection...";
 
 struct Control {
   const char* name;
-  const char* caption;              // also the accessible name
-  double left, top, width, height;  // twips
+  const char* caption;  // also the accessible name
+  ElementRect place;    // twips
 };
 // In tab order: the two lists, the transfers between them, the check box, the buttons.
 constexpr Control kControls[] = {
-    {"Label1", "Available", 120, 120, 2775, 255},
-    {"lstAvailable", "Available", 120, 390, 2775, 3015},
-    {"cmdAddOne", ">", 3075, 840, 735, 375},
-    {"cmdAddAll", ">>", 3075, 1320, 735, 375},
-    {"cmdRemoveOne", "<", 3075, 2040, 735, 375},
-    {"cmdRemoveAll", "<<", 3075, 2520, 735, 375},
-    {"Label2", "Selected", 3990, 120, 2775, 255},
-    {"lstSelected", "Selected", 3990, 390, 2775, 3015},
-    {"chkExclude", "Exclude selected files.", 120, 3555, 3600, 300},
-    {"cmdOK", "OK", 2370, 4035, 1335, 375},
-    {"cmdCancel", "Cancel", 3900, 4035, 1335, 375},
-    {"cmdHelp", "Help", 5430, 4035, 1335, 375},
+    {"Label1", "Available", {120, 120, 2775, 255}},
+    {"lstAvailable", "Available", {120, 390, 2775, 3015}},
+    {"cmdAddOne", ">", {3075, 840, 735, 375}},
+    {"cmdAddAll", ">>", {3075, 1320, 735, 375}},
+    {"cmdRemoveOne", "<", {3075, 2040, 735, 375}},
+    {"cmdRemoveAll", "<<", {3075, 2520, 735, 375}},
+    {"Label2", "Selected", {3990, 120, 2775, 255}},
+    {"lstSelected", "Selected", {3990, 390, 2775, 3015}},
+    {"chkExclude", "Exclude selected files.", {120, 3555, 3600, 300}},
+    {"cmdOK", "OK", {2370, 4035, 1335, 375}},
+    {"cmdCancel", "Cancel", {3900, 4035, 1335, 375}},
+    {"cmdHelp", "Help", {5430, 4035, 1335, 375}},
 };
 constexpr double kClientWidth = 6885, kClientHeight = 4560;
 
@@ -73,13 +74,13 @@ frmModifySlide::frmModifySlide() {
   Label2 = new QLabel(this);
   lstSelected = new QListWidget(this);
   chkExclude = new QCheckBox(this);
-  cmdOK = new QPushButton(this);
-  cmdCancel = new QPushButton(this);
-  cmdHelp = new QPushButton(this);
+  const DialogButtons buttons = MakeDialogButtons(this);
+  cmdOK = buttons.ok;
+  cmdCancel = buttons.cancel;
+  cmdHelp = buttons.help;
   PlaceControls();
   for (QListWidget* list : {lstAvailable, lstSelected}) list->setSelectionMode(QAbstractItemView::ExtendedSelection);
   chkExclude->setChecked(true);
-  cmdOK->setDefault(true);
 
   connect(cmdAddOne, &QPushButton::clicked, this, &frmModifySlide::cmdAddOne_Click);
   connect(cmdAddAll, &QPushButton::clicked, this, &frmModifySlide::cmdAddAll_Click);
@@ -101,7 +102,7 @@ void frmModifySlide::PlaceControls() {
     QWidget* w = controls[i];
     w->setObjectName(c.name);
     w->setAccessibleName(c.caption);
-    w->setGeometry(TwipsRect(c.left, c.top, c.width, c.height));
+    w->setGeometry(TwipsRect(c.place));
     if (auto* label = qobject_cast<QLabel*>(w)) label->setText(c.caption);
     if (auto* button = qobject_cast<QAbstractButton*>(w)) button->setText(c.caption);
     if (i > 0) setTabOrder(controls[i - 1], w);

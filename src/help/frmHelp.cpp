@@ -5,16 +5,16 @@
 #include <QDesktopServices>
 #include <QFile>
 #include <QFileInfo>
+#include <QLayout>
 #include <QMdiArea>
 #include <QMdiSubWindow>
 #include <QTextBrowser>
-#include <QToolBar>
-#include <QVBoxLayout>
 
 #include "artwork/ToolbarIcons.h"
 #include "base/Cp1252.h"
 #include "dialogs/HelpRoutine.h"
 #include "dialogs/PagePrint.h"
+#include "dialogs/PageViewer.h"
 #include "qt/Twips.h"
 #include "state/MDIMainRules.h"
 #include "state/modGlobal.h"
@@ -46,27 +46,14 @@ frmHelp::frmHelp() {
   setWindowTitle(kCaption);
   setWindowIcon(ToolbarIcon("Help"));
   setAttribute(Qt::WA_DeleteOnClose);
-  Toolbar1 = new QToolBar(this);
-  Toolbar1->setObjectName("Toolbar1");
-  Toolbar1->setToolButtonStyle(Qt::ToolButtonTextUnderIcon);
-  Toolbar1->setIconSize(QSize(24, 24));
+  Toolbar1 = MakeViewerToolbar(*this);
   QAction** buttons[] = {&cmdPrint, &cmdPrevious, &cmdNext};
-  for (std::size_t i = 0; i < kHelpToolbar.size(); ++i) {
-    const QString key = Utf8ToQ(kHelpToolbar[i].key);
-    QAction* a = Toolbar1->addAction(ToolbarIcon(key), key);
-    a->setObjectName(key);
-    a->setToolTip(Utf8ToQ(kHelpToolbar[i].tooltip));
-    *buttons[i] = a;
-  }
+  for (std::size_t i = 0; i < kHelpToolbar.size(); ++i)
+    *buttons[i] = AddViewerButton(*Toolbar1, kHelpToolbar[i].key, kHelpToolbar[i].tooltip);
   WebBrowser1 = new QTextBrowser(this);
-  WebBrowser1->setObjectName("WebBrowser1");
   WebBrowser1->setAccessibleName("Help page");
   WebBrowser1->setOpenLinks(false);  // every link comes through the history
-  auto* layout = new QVBoxLayout(this);
-  layout->setContentsMargins(0, 0, 0, 0);
-  layout->setSpacing(0);
-  layout->addWidget(Toolbar1);
-  layout->addWidget(WebBrowser1, 1);
+  LayOutViewer(*this, *Toolbar1, *WebBrowser1);
   connect(cmdPrint, &QAction::triggered, this, &frmHelp::Print_Click);
   connect(cmdPrevious, &QAction::triggered, this, &frmHelp::Previous_Click);
   connect(cmdNext, &QAction::triggered, this, &frmHelp::Next_Click);

@@ -8,6 +8,8 @@
 #include <string>
 #include <string_view>
 
+#include "model/Geometry.h"
+
 class QWidget;
 
 namespace cb {
@@ -19,6 +21,7 @@ double PixelsToTwipsY(int pixels);
 
 // A rectangle given in twips, as pixels.
 QRect TwipsRect(double left, double top, double width, double height);
+inline QRect TwipsRect(const ElementRect& r) { return TwipsRect(r.Left, r.Top, r.Width, r.Height); }
 
 // Moves a top-level window to the centre of its screen.
 void CentreOnScreen(QWidget& w);

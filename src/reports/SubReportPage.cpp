@@ -3,13 +3,13 @@
 #include <cmath>
 
 #include "base/Text.h"
+#include "reports/PageCells.h"
 
 namespace cb {
 namespace {
 
 // The date cell of a sub-report has always shown this day, not today.
 constexpr char kFixedDate[] = "15/Jun/2001";
-constexpr char kEmptyCell[] = "<td width='20%'></td>";
 // Nothing reads this form; it stands in the pages by category only.
 constexpr const char* kCategoryForm =
     "<form method='POST' name='frmReport'>"
@@ -17,31 +17,38 @@ constexpr const char* kCategoryForm =
     "<input type='hidden' name='ReportType' value='Sub'>"
     "</form>";
 
+constexpr PageHeadMarkup kHead{true,
+                               {"<b><font sans unicode size='2' face='", "'>", "</font></b></td>"},
+                               {"<u><b><font size='3' sans unicode face='", "'>", "</font></b></u></td>"}};
+constexpr CellMarkup kKey{"<b><font face='", "' size='3'>", "</font></b></td>"};
+constexpr CellMarkup kColumnHeading{"<b><u><font size='2' face='", "'>", "</font></u></b></td>"};
+constexpr CellMarkup kValueHeading{"<b><u><font size='2' face='", "'>", "</u></b></font></td>"};
+constexpr CellMarkup kText{"<font size='2' face='", "'>", "</font></td>"};
+constexpr CellMarkup kLink{"<font face='", "' size='2'>", "</font></td>"};
+constexpr CellMarkup kTotal{"<b><font size='2' face='", "'>", "</b></font></td>"};
+constexpr char kWidth[] = "20%";
+
 constexpr Field kCopied[] = {Field::Category, Field::PictureFile, Field::Location, Field::Serial, Field::SlideText};
 
 void AppendRows(std::string& p, const SubReportPageInput& in, double& total) {
-  const std::string& f = in.font;
   const SlideArray& subset = *in.subset;
+  PageCells cells(p, in.font, true);
   for (std::size_t i = 1; i < subset.size(); ++i) {
     const SlideRecord& s = subset[i];
     p += "<tr>";
     // The other grouping field: a location trimmed, a category with its padding.
-    const std::string other =
-        in.kind == ReportKind::ByCategory ? Trim(s.Get(Field::Location)) : s.Get(Field::Category);
-    p += "<td width='20%'><font size='2' face='" + f + "'>" + other + "</font></td>";
-    p += "<td width='20%'><font face='" + f + "' size='2'><a href='file:///" + in.filePath + "?" +
-         Trim(s.Get(Field::PictureFile)) + "'>" + Trim(s.Get(Field::SlideText)) + "</a></font></td>";
+    cells.Cell(kWidth, CellAlign::None, kText,
+               in.kind == ReportKind::ByCategory ? Trim(s.Get(Field::Location)) : s.Get(Field::Category));
+    cells.Cell(kWidth, CellAlign::None, kLink,
+               "<a href='file:///" + in.filePath + "?" + Trim(s.Get(Field::PictureFile)) + "'>" +
+                   Trim(s.Get(Field::SlideText)) + "</a>");
     // Only a serial that reads wholly as a number other than 0 is shown.
     const std::string serial = s.Get(Field::Serial);
     const auto number = StrictNumber(serial, *in.locale);
-    if (!number || *number == 0)
-      p += "<td width='20%'><font size='2' face='" + f + "'></font></td>";
-    else
-      p += "<td width='20%'><font size='2' face='" + f + "'>" + serial + "</font></td>";
-    p += kEmptyCell;
-    p += "<td width='20%'>";
+    cells.Cell(kWidth, CellAlign::None, kText, !number || *number == 0 ? std::string() : serial);
+    cells.Empty(kWidth, 1);
     const std::string value = s.Get(Field::Value);
-    p += "<p align='right'><font size='2' face='" + f + "'>" + value + "</font></td>";
+    cells.Cell(kWidth, CellAlign::Right, kText, value);
     AddSkippingOverflow(total, LeadingNumber(value));
     p += "</tr>";
   }
@@ -68,73 +75,38 @@ SlideArray SelectSlides(const SlideArray& slides, Field keyField, const std::str
 }
 
 std::string WriteSubReportPage(const SubReportPageInput& in) {
-  const std::string& f = in.font;
   const bool byCategory = in.kind == ReportKind::ByCategory;
   const std::string& label = in.groupLabel;
+  const std::string group = byCategory ? "Category" : label;
 
-  std::string p(kReportPageHead);
-  p += byCategory ? std::string("<title>Sub-Report By Category</title>") : "<title>Sub-Report By " + label + "</title>";
-  p += "</head>";
-  p += "<body  bgcolor='#00FFFF'>";
-  p += "<table border='0' width='100%' cellspacing='0' cellpadding='0'>";
+  std::string p;
+  AppendPageStart(p, in.font, kHead, "<title>Sub-Report By " + group + "</title>", kFixedDate, "Slide Detail Report",
+                  "By " + group);
+  PageCells cells(p, in.font, true);
+  const auto spacer = [&] {
+    p += "<tr>";
+    cells.Plain(kWidth, CellAlign::None, "<br>");
+    cells.Empty(kWidth, 4);
+    p += "</tr>";
+  };
+  spacer();
   p += "<tr>";
-  p += "<td width='33%'><b><font sans unicode size='2' face='" + f + "'>" + kFixedDate + "</font></b></td>";
-  p += "<td width='33%'>";
-  p += "<p align='center'><u><b><font size='3' sans unicode face='" + f +
-       "'>Slide Detail Report</font></b></u></td>";
-  p += "<td width='34%'>";
-  p += "<p align='right'><b><font sans unicode size='2' face='" + f + "'></font></b></td>";
+  cells.Cell(kWidth, CellAlign::None, kKey, group + ":");
+  cells.Cell(kWidth, CellAlign::None, kKey, in.key);
+  cells.Empty(kWidth, 3);
   p += "</tr>";
+  spacer();
   p += "<tr>";
-  p += "<td width='33%'></td>";
-  p += "<td width='33%'>";
-  p += "<p align='center'><u><b><font size='3' sans unicode face='" + f +
-       (byCategory ? std::string("'>By Category</font></b></u></td>") : "'>By " + label + "</font></b></u></td>");
-  p += "<td width='34%'>";
-  p += "<p align='right'></td>";
-  p += "</tr>";
-  p += "</table>";
-  p += "<table border='0' width='100%' cellspacing='0' cellpadding='0'>";
-  p += "<tr>";
-  p += "<td width='20%'><br></td>";
-  for (int i = 0; i < 4; ++i) p += kEmptyCell;
-  p += "</tr>";
-  p += "<tr>";
-  p += "<td width='20%'><b><font face='" + f +
-       (byCategory ? std::string("' size='3'>Category:</font></b></td>") : "' size='3'>" + label + ":</font></b></td>");
-  p += "<td width='20%'><b><font face='" + f + "' size='3'>" + in.key + "</font></b></td>";
-  for (int i = 0; i < 3; ++i) p += kEmptyCell;
-  p += "</tr>";
-  p += "<tr>";
-  p += "<td width='20%'><br></td>";
-  for (int i = 0; i < 4; ++i) p += kEmptyCell;
-  p += "</tr>";
-  p += "<tr>";
-  p += "<td width='20%'><b><u><font size='2' face='" + f +
-       (byCategory ? "'>" + label + "</font></u></b></td>" : std::string("'>Category</font></u></b></td>"));
-  p += "<td width='20%'>";
-  p += "<p align='left'><b><u><font size='2' face='" + f + "'>Slide Text</font></u></b></td>";
-  p += "<td width='20%'>";
-  p += "<p align='left'><b><u><font size='2' face='" + f + "'>Serial Number</font></u></b></td>";
-  p += kEmptyCell;
-  p += "<td width='20%'>";
-  p += "<p align='right'><b><u><font size='2' face='" + f + "'>Value</u></b></font></td>";
+  cells.Cell(kWidth, CellAlign::None, kColumnHeading, byCategory ? label : "Category");
+  cells.Cell(kWidth, CellAlign::Left, kColumnHeading, "Slide Text");
+  cells.Cell(kWidth, CellAlign::Left, kColumnHeading, "Serial Number");
+  cells.Empty(kWidth, 1);
+  cells.Cell(kWidth, CellAlign::Right, kValueHeading, "Value");
   p += "</tr>";
   double total = 0;
   AppendRows(p, in, total);
-  p += "<tr>";
-  p += "<td width='20%'><b><font size='2' face='" + f + "'>Total</b></font></td>";
-  p += "<td width='20%'><b><font size='2' face='" + f + "'></b></font></td>";
-  p += "<td width='20%'>";
-  p += "<p align='right'><b><font size='2' face='" + f + "'></b></font></td>";
-  p += kEmptyCell;
-  p += "<td width='20%'>";
-  p += "<p align='right'><b><font size='2' face='" + f + "'>" + NumberText(total) + "</b></font></td>";
-  p += "</tr>";
-  p += "</table>";
-  if (byCategory) p += kCategoryForm;
-  p += "</body>";
-  p += "</html>";
+  cells.TotalRow(kWidth, kTotal, 1, NumberText(total));
+  AppendPageEnd(p, byCategory ? kCategoryForm : "");
   return p;
 }
 

@@ -4,49 +4,27 @@
 #include <utility>
 #include <vector>
 
+#include "reports/PageCells.h"
+
 namespace cb {
 namespace {
 
-
-struct KindTexts {
-  const char* title;
-  const char* secondHeadingStart;  // the group label and kSecondHeadingEnd follow when not complete
-  bool labelInHeading;
-};
-
-constexpr KindTexts kCategoryTexts{"<title>Report By Category</title>", "'><u><b>By Category</b></u></font></td>", false};
-constexpr KindTexts kLocationTexts{"<title>Report By Location</title>", "'><u><b>By ", true};
-constexpr char kSecondHeadingEnd[] = "</b></u></font></td>";
-constexpr char kColumnHeadingEnd[] = "</u></b></td>";
+constexpr PageHeadMarkup kHead{false,
+                               {"<b><font face='", "' size=2>", "</font></b></td>"},
+                               {"<font size=3 face='", "'><u><b>", "</b></u></font></td>"}};
+constexpr CellMarkup kColumnHeading{"<b><u><font size='2' face='", "'>", "</u></b></td>"};
+constexpr CellMarkup kText{"<font size='2' face='", "'>", "</td>"};
+constexpr CellMarkup kTotal{"<b><font size='2' face='", "'>", "</b></td>"};
 constexpr char kCategoryColumn[] = "Category";
-
-// Appends the cells, F standing for the font, as the pages write them.
-class Cells {
- public:
-  Cells(std::string& page, const std::string& font) : p_(page), f_(font) {}
-
-  void GroupLink(const std::string& path, const std::string& key) {
-    p_ += "<td width='16%'><font size='2' face='" + f_ + "'><a href='file:///" + path + "?" + key + "'>" + key +
-          "</a></td>";
-  }
-  void BlankGroup() { p_ += "<td width='16%'><font size='2' face='" + f_ + "'></td>"; }
-  void Entry(const std::string& key) { p_ += "<td width='25%'><font size='2' face='" + f_ + "'>" + key + "</td>"; }
-  void Amount(const std::string& amount) {
-    p_ += "<td width='25%'><p align='right'><font size='2' face='" + f_ + "'>" + amount + "</td>";
-  }
-  void NoAmount() { p_ += "<td width='25%'><p align='right'><font size='2' face='" + f_ + "'></td>"; }
-
- private:
-  std::string& p_;
-  const std::string& f_;
-};
+constexpr char kGroupWidth[] = "16%", kWidth[] = "25%";
 
 void AppendGroupRows(std::string& page, const SummaryPageInput& in, double& grandTotal) {
   const ValueMatrix& m = *in.matrix;
   const KeyList& groups = *in.groups;
   const KeyList& entries = *in.entries;
   const ReportLocale& locale = *in.locale;
-  Cells cells(page, in.font);
+  PageCells cells(page, in.font, true);
+  const auto amount = [&](const std::string& text) { cells.Cell(kWidth, CellAlign::Right, kText, text); };
   std::vector<std::pair<std::int32_t, double>> rows;  // the entries with a value, in order
   for (std::int32_t g = 1; g < static_cast<std::int32_t>(groups.size()); ++g) {
     rows.clear();
@@ -56,30 +34,25 @@ void AppendGroupRows(std::string& page, const SummaryPageInput& in, double& gran
     const auto count = static_cast<std::int32_t>(rows.size());  // CountRowEntries of the group
 
     page += "<tr>";
-    cells.GroupLink(in.filePath, groups[static_cast<std::size_t>(g)]);
+    const std::string& group = groups[static_cast<std::size_t>(g)];
+    cells.Cell(kGroupWidth, CellAlign::None, kText,
+               "<a href='file:///" + in.filePath + "?" + group + "'>" + group + "</a>");
     double groupTotal = 0;
     std::int32_t row = 1;
     for (const auto& [e, v] : rows) {
       AddSkippingOverflow(groupTotal, v);
-      const std::string& entry = entries[static_cast<std::size_t>(e)];
-      if (row == 1) {
-        // The first row shares the group's "<tr>"; later rows open none.
-        cells.Entry(entry);
-        if (count > 1) {
-          cells.Amount(AmountText(v, locale));
-          cells.NoAmount();
-        } else {
-          cells.NoAmount();
-          cells.Amount(AmountText(v, locale));
-        }
+      // The first row shares the group's "<tr>"; later rows open none.
+      if (row > 1) cells.Cell(kGroupWidth, CellAlign::None, kText);
+      cells.Cell(kWidth, CellAlign::None, kText, entries[static_cast<std::size_t>(e)]);
+      if (row == 1 && count > 1) {
+        amount(AmountText(v, locale));
+        amount("");
+      } else if (row == 1) {
+        amount("");
+        amount(AmountText(v, locale));
       } else {
-        cells.BlankGroup();
-        cells.Entry(entry);
-        cells.Amount(AmountText(v, locale));
-        if (row == count)
-          cells.Amount(AmountText(groupTotal, locale));
-        else
-          cells.NoAmount();
+        amount(AmountText(v, locale));
+        amount(row == count ? AmountText(groupTotal, locale) : "");
       }
       page += "</tr>";
       ++row;
@@ -91,52 +64,26 @@ void AppendGroupRows(std::string& page, const SummaryPageInput& in, double& gran
 }  // namespace
 
 std::string WriteSummaryPage(const SummaryPageInput& in) {
-  const std::string& f = in.font;
-  const KindTexts& kind = in.kind == ReportKind::ByCategory ? kCategoryTexts : kLocationTexts;
-  const std::string firstColumn = in.kind == ReportKind::ByCategory ? kCategoryColumn : in.groupLabel;
-  const std::string secondColumn = in.kind == ReportKind::ByCategory ? in.groupLabel : kCategoryColumn;
+  const bool byCategory = in.kind == ReportKind::ByCategory;
+  const std::string firstColumn = byCategory ? kCategoryColumn : in.groupLabel;
+  const std::string secondColumn = byCategory ? in.groupLabel : kCategoryColumn;
 
-  std::string p(kReportPageHead);
-  p += kind.title;
-  p += "</head>";
-  p += "<body  bgcolor='#00FFFF'>";
-  p += "<table border=0 width=100% cellspacing=0 cellpadding=0>";
-  p += "<tr>";
-  p += "<td width=33%><b><font face='" + f + "' size=2>" + in.dateText + "</font></b></td>";
-  p += "<td width=33%>";
-  p += "<p align=center><font size=3 face='" + f + "'><u><b>Slide Summary Report</b></u></font></td>";
-  p += "<td width=34%>";
-  p += "<p align=right><b><font face='" + f + "' size=2></font></b></td>";
-  p += "</tr>";
-  p += "<tr>";
-  p += "<td width=33%></td>";
-  p += "<td width=33%>";
-  p += "<p align=center><font size=3 face='" + f + kind.secondHeadingStart;
-  if (kind.labelInHeading) p += in.groupLabel + kSecondHeadingEnd;
-  p += "<td width=34%>";
-  p += "<p align=right></td>";
-  p += "</tr>";
-  p += "</table>";
-  p += "<table border=0 width=100% cellspacing=0 cellpadding=0>";
+  std::string p;
+  AppendPageStart(p, in.font, kHead,
+                  byCategory ? "<title>Report By Category</title>" : "<title>Report By Location</title>", in.dateText,
+                  "Slide Summary Report", byCategory ? "By Category" : "By " + in.groupLabel);
   p += "<br>";
+  PageCells cells(p, in.font, true);
   p += "<tr>";
-  p += "<td width='25%'><b><u><font size='2' face='" + f + "'>" + firstColumn + kColumnHeadingEnd;
-  p += "<td width='25%'><b><u><font size='2' face='" + f + "'>" + secondColumn + kColumnHeadingEnd;
-  p += "<td width='25%'><p align='right'><b><u><font size='2' face='" + f + "'>Sub-Total</u></b></td>";
-  p += "<td width='25%'><p align='right'><b><u><font size='2' face='" + f + "'>Total</u></b></td>";
+  cells.Cell(kWidth, CellAlign::None, kColumnHeading, firstColumn);
+  cells.Cell(kWidth, CellAlign::None, kColumnHeading, secondColumn);
+  cells.Cell(kWidth, CellAlign::Right, kColumnHeading, "Sub-Total");
+  cells.Cell(kWidth, CellAlign::Right, kColumnHeading, "Total");
   p += "</tr>";
   double grandTotal = 0;
   AppendGroupRows(p, in, grandTotal);
-  p += "<tr>";
-  p += "<td width='25%'><b><font size='2' face='" + f + "'>Total</b></td>";
-  p += "<td width='25%'><b><font size='2' face='" + f + "'></b></td>";
-  p += "<td width='25%'><p align='right'><b><font size='2' face='" + f + "'></b></td>";
-  p += "<td width='25%'><p align='right'><b><font size='2' face='" + f + "'>" + AmountText(grandTotal, *in.locale) +
-       "</b></td>";
-  p += "</tr>";
-  p += "</table>";
-  p += "</body>";
-  p += "</html>";
+  cells.TotalRow(kWidth, kTotal, 0, AmountText(grandTotal, *in.locale));
+  AppendPageEnd(p);
   return p;
 }
 

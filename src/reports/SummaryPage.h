@@ -3,22 +3,12 @@
 // link on each group that the report viewer turns into a sub-report.
 
 #include <string>
-#include <string_view>
 
 #include "base/NumberRules.h"
 #include "model/Categories.h"
 #include "reports/ValueMatrix.h"
 
 namespace cb {
-
-// The head of every report page, up to its title.
-inline constexpr std::string_view kReportPageHead =
-    "<html>"
-    "<head>"
-    "<meta http-equiv='Content-Language' content='en-us'>"
-    "<meta http-equiv='Content-Type' content='text/html; charset=windows-1252'>"
-    "<meta name='GENERATOR' content='Microsoft FrontPage 4.0'>"
-    "<meta name='ProgId' content='FrontPage.Editor.Document'>";
 
 // Which field groups a report: by category the entries are locations, by
 // location the entries are categories.

@@ -3,12 +3,10 @@
 #include <QAction>
 #include <QMdiArea>
 #include <QMdiSubWindow>
-#include <QToolBar>
-#include <QVBoxLayout>
 
-#include "artwork/ToolbarIcons.h"
 #include "dialogs/HelpRoutine.h"
 #include "dialogs/PagePrint.h"
+#include "dialogs/PageViewer.h"
 #include "qt/SystemLocale.h"
 #include "qt/Twips.h"
 #include "reports/ReportBrowser.h"
@@ -41,25 +39,15 @@ constexpr ToolButton kToolButtons[] = {
 frmReport::frmReport() {
   setObjectName("frmReport");
   setWindowTitle(kCaption);
-  Toolbar1 = new QToolBar("Toolbar1", this);
-  Toolbar1->setObjectName("Toolbar1");
-  Toolbar1->setToolButtonStyle(Qt::ToolButtonTextUnderIcon);
-  Toolbar1->setIconSize(QSize(24, 24));
+  Toolbar1 = MakeViewerToolbar(*this, "Toolbar1");
   for (const ToolButton& b : kToolButtons) {
-    QAction* a = Toolbar1->addAction(ToolbarIcon(b.key), b.key);
-    a->setObjectName(b.key);
-    a->setToolTip(b.tip);
+    QAction* a = AddViewerButton(*Toolbar1, b.key, b.tip);
     this->*b.button = a;
     connect(a, &QAction::triggered, this, b.click);
   }
   WebBrowser1 = new ReportBrowser(this);
-  WebBrowser1->setObjectName("WebBrowser1");
   WebBrowser1->setAccessibleName("Report");
-  auto* layout = new QVBoxLayout(this);
-  layout->setContentsMargins(0, 0, 0, 0);
-  layout->setSpacing(0);
-  layout->addWidget(Toolbar1);
-  layout->addWidget(WebBrowser1, 1);
+  LayOutViewer(*this, *Toolbar1, *WebBrowser1);
   connect(WebBrowser1, &ReportBrowser::LinkFollowed, this, &frmReport::WebBrowser1_LinkFollowed);
   connect(WebBrowser1, &ReportBrowser::PrintRequested, this, &frmReport::Print_Click);
 

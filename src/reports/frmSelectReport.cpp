@@ -20,21 +20,16 @@ namespace {
 constexpr char kCaption[] = "Select Report";
 constexpr char kOptionPrefix[] = "Report By ";
 
-// Design places in twips: left, top, width, height.
-struct Place {
-  double left, top, width, height;
-};
-constexpr Place kFrame{120, 60, 4095, 1215};
-constexpr Place kLocation{240, 330, 3600, 300};  // within the frame
-constexpr Place kCategory{240, 720, 3600, 300};
+// Design places in twips.
+constexpr ElementRect kFrame{120, 60, 4095, 1215};
+constexpr ElementRect kLocation{240, 330, 3600, 300};  // within the frame
+constexpr ElementRect kCategory{240, 720, 3600, 300};
 constexpr double kButtonsTop = 1440;
-constexpr Place kFontButton{3030, 1980, 1140, 390};
-constexpr Place kFontBox{600, 2640, 3570, 315};
+constexpr ElementRect kFontButton{3030, 1980, 1140, 390};
+constexpr ElementRect kFontBox{600, 2640, 3570, 315};
 constexpr double kClientWidth = 4335, kClientHeight = 2490;
 // "Font >>" makes the dialog 3660 twips tall, title bar included.
 constexpr double kTitleBar = 420, kGrownHeight = 3660 - kTitleBar;
-
-void Put(QWidget* w, const Place& p) { w->setGeometry(TwipsRect(p.left, p.top, p.width, p.height)); }
 
 QString Latin(std::string_view s) { return QString::fromLatin1(s.data(), static_cast<qsizetype>(s.size())); }
 
@@ -62,11 +57,11 @@ frmSelectReport::frmSelectReport(QWidget* parent) : QDialog(parent) {
   cboFont->setInsertPolicy(QComboBox::NoInsert);  // a typed name serves this report only
   cboFont->lineEdit()->setAccessibleName("Font");
   cboFont->view()->setAccessibleName("Font");
-  Put(fraSelectReport, kFrame);
-  Put(optLocation, kLocation);
-  Put(optCategory, kCategory);
-  Put(cmdFont, kFontButton);
-  Put(cboFont, kFontBox);
+  fraSelectReport->setGeometry(TwipsRect(kFrame));
+  optLocation->setGeometry(TwipsRect(kLocation));
+  optCategory->setGeometry(TwipsRect(kCategory));
+  cmdFont->setGeometry(TwipsRect(kFontButton));
+  cboFont->setGeometry(TwipsRect(kFontBox));
   setFixedSize(TwipsToPixelsX(kClientWidth), TwipsToPixelsY(kClientHeight));
   setTabOrder(optLocation, optCategory);
   setTabOrder(optCategory, cmdOK);

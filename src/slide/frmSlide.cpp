@@ -42,7 +42,7 @@ double frmSlide::ScaleHeight() const { return PixelsToTwipsY(height()); }
 
 void frmSlide::Place(const ElementRect& r) {
   image_ = r;
-  Image1->setGeometry(TwipsRect(r.Left, r.Top, r.Width, r.Height));
+  Image1->setGeometry(TwipsRect(r));
 }
 
 void frmSlide::SetCaption() {

@@ -7,7 +7,6 @@ namespace cb {
 using S = ItemState;
 
 using M = MenuId;
-using A = Awaits;
 
 const std::array<MenuItemRow, 7> kHistoryItems{{
     {M::Bar4, "mnuBar4", "-", 1, S::Hidden},
@@ -27,15 +26,15 @@ const std::array<MenuItemRow, 3> kViewMenu{{
 
 const std::array<MenuItemRow, 5> kWallpaperPopup{{
     {M::Popup2, "mnuPopup2", "&Popup2", 0, S::Hidden},
-    {M::Popup2SetWallpaper, "mnuPopup2SetWallpaper", "&Set Wallpaper", 1, S::Normal, A::BackgroundChooser},
+    {M::Popup2SetWallpaper, "mnuPopup2SetWallpaper", "&Set Wallpaper", 1, S::Normal},
     {M::Popup2What, "mnuPopup2What", "&What's this?", 1, S::Normal},
     {M::Bar8, "mnuBar8", "-", 1, S::Normal},
-    {M::Popup2Help, "mnuPopup2Help", "&Help", 1, S::Normal, A::HelpViewer},
+    {M::Popup2Help, "mnuPopup2Help", "&Help", 1, S::Normal},
 }};
 
 const std::array<MenuItemRow, 4> kHelpMenu{{
     {M::Help, "mnuHelp", "&Help", 0, S::Normal},
-    {M::HelpContents, "mnuHelpContents", "&Contents", 1, S::Normal, A::HelpViewer},
+    {M::HelpContents, "mnuHelpContents", "&Contents", 1, S::Normal},
     {M::Bar6, "mnuBar6", "-", 1, S::Normal},
     {M::HelpAbout, "mnuHelpAbout", "&About", 1, S::Normal},
 }};
@@ -56,7 +55,7 @@ constexpr MenuItemRow kMainFile[] = {
     {M::FileSaveAs, "mnuFileSaveAs", "&Save As", 1, S::Off},
     {M::Bar2, "mnuBar2", "-", 1, S::Normal},
     {M::FileGallery, "mnuFileGallery", "&Gallery", 1, S::Normal},
-    {M::FileWallpaper, "mnuFileWallpaper", "&Set Wallpaper", 1, S::Normal, A::BackgroundChooser},
+    {M::FileWallpaper, "mnuFileWallpaper", "&Set Wallpaper", 1, S::Normal},
     {M::Bar3, "mnuBar3", "-", 1, S::Normal},
     {M::FilePassword, "mnuFilePassword", "&Password", 1, S::Normal},
 };
@@ -78,7 +77,7 @@ constexpr MenuItemRow kMainPopups[] = {
     {M::Popup1Reset, "mnuPopup1Reset", "&Reset", 1, S::Normal},
     {M::Popup1What, "mnuPopup1What", "&What's this?", 1, S::Normal},
     {M::Bar7, "mnuBar7", "-", 1, S::Normal},
-    {M::Popup1Help, "mnuPopup1Help", "&Help", 1, S::Normal, A::HelpViewer},
+    {M::Popup1Help, "mnuPopup1Help", "&Help", 1, S::Normal},
 };
 
 }  // namespace
@@ -95,12 +94,12 @@ const std::array<ToolbarButtonRow, kToolbarButtonCount> kToolbarButtons{{
     {B::New, "New", "New File", "New"},
     {B::Open, "Open", "Open File", "Open"},
     {B::Edit, "Edit", "Edit Slide", "Edit", "Edit Slide Details"},
-    {B::Report, "Report", "Display Report", "Report", {}, false, A::ReportViewer},
+    {B::Report, "Report", "Display Report", "Report"},
     {B::Zoom, "Zoom", "Zoom Slide", "Zoom", {}, true},
     {B::Unzoom, "Unzoom", "Unzoom Slide", "Unzoom", {}, true},
     {B::Window, "Window", "Arrange Windows", "Window"},
-    {B::Back, "Back", "Change Slide Background", "Background", {}, false, A::BackgroundChooser},
-    {B::Help, "Help", "Help", "Help", {}, false, A::HelpViewer},
+    {B::Back, "Back", "Change Slide Background", "Background"},
+    {B::Help, "Help", "Help", "Help"},
 }};
 
 const ToolbarButtonRow& ButtonRow(ToolbarButton b) { return kToolbarButtons[static_cast<std::size_t>(b)]; }
@@ -190,8 +189,6 @@ ToolbarChange ToolbarAfter(ToolbarEvent event, const ToolbarFacts& f) {
     case ToolbarEvent::UnzoomPressed: press(false); break;
     case ToolbarEvent::GalleryUnloaded: at(B::Edit).enabled = Change::Off; break;
   }
-  for (const auto& entry : kToolbarButtons)
-    if (!Built(entry.awaits) && at(entry.id).enabled == Change::On) at(entry.id).enabled = Change::Off;
   return c;
 }
 

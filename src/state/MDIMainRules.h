@@ -41,31 +41,6 @@ inline constexpr std::size_t kMenuIdCount = static_cast<std::size_t>(MenuId::Cou
 int HistoryEntry(MenuId id);
 MenuId HistoryItem(int entry);
 
-// The windows that are not built yet. A menu row or button naming one is
-// disabled whatever else its table says.
-enum class Awaits : std::uint8_t {
-  Nothing,
-  SlideTemplate,      // Set Slide Template
-  ReportViewer,       // the report selection and viewer
-  HelpViewer,
-  CollectionEditor,   // Modify Slide Collection
-  BackgroundChooser,  // Background Images: the wallpaper and the slides' frame
-};
-
-// Whether the window a row waits for is built: setting a window's line to
-// true brings every row naming it to life.
-constexpr bool Built(Awaits w) {
-  switch (w) {
-    case Awaits::Nothing: return true;
-    case Awaits::SlideTemplate: return true;
-    case Awaits::ReportViewer: return true;
-    case Awaits::HelpViewer: return true;
-    case Awaits::CollectionEditor: return true;
-    case Awaits::BackgroundChooser: return true;
-  }
-  return false;
-}
-
 enum class ItemState { Normal, Off, Hidden, Checked };
 
 // One row of a menu bar: depth 0 is a menu of the bar, 1 an item in it.
@@ -77,9 +52,8 @@ struct MenuItemRow {
   std::string_view caption;
   int depth;
   ItemState state;
-  Awaits awaits = Awaits::Nothing;
-  // Live when the window is made: normal or checked, and not waiting for a window.
-  constexpr bool Enabled() const { return state != ItemState::Off && Built(awaits); }
+  // Live when the window is made: normal or checked.
+  constexpr bool Enabled() const { return state != ItemState::Off; }
 };
 
 // The items both menu bars share, in their places.
@@ -104,7 +78,6 @@ struct ToolbarButtonRow {
   std::string_view imageKey;
   std::string_view statusTip = {};
   bool checkable = false;
-  Awaits awaits = Awaits::Nothing;
 };
 
 // The buttons in their order on the bar.

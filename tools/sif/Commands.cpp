@@ -14,6 +14,7 @@
 #include "Backup.h"
 #include "Check.h"
 #include "Claim.h"
+#include "CommandIo.h"
 #include "base/Cp1252.h"
 #include "Formats.h"
 #include "Inventory.h"
@@ -68,33 +69,16 @@ struct Io {
 
 std::string S(const QString& q) { return q.toStdString(); }
 
-int Usage(Io& io, const std::string& problem) {
-  io.err << kProgram << ": " << problem << "\n\n" << kUsage;
-  return kExitUsage;
-}
+// The command's streams and usage text as the shared parsing and messages take them.
+CommandIo Shared(Io& io) { return {io.out, io.err, kUsage}; }
 
-int Fail(Io& io, const std::string& message) {
-  io.err << kProgram << ": " << message << "\n";
-  return kExitData;
-}
+int Usage(Io& io, const std::string& problem) { return UsageError(Shared(io), problem); }
+
+int Fail(Io& io, const std::string& message) { return DataError(Shared(io), message); }
 
 // Parses the command's own arguments; false when the caller must return `status`.
 bool Parse(QCommandLineParser& p, const QStringList& args, Io& io, int& status) {
-  p.addHelpOption();
-  if (!p.parse(args)) {
-    status = Usage(io, S(p.errorText()));
-    return false;
-  }
-  if (p.isSet("help")) {
-    io.out << kUsage;
-    status = kExitOk;
-    return false;
-  }
-  if (p.positionalArguments().size() != 1) {
-    status = Usage(io, p.positionalArguments().isEmpty() ? "a file is missing" : "too many files");
-    return false;
-  }
-  return true;
+  return ParseOne(p, args, Shared(io), status);
 }
 
 // The format named by --format, or guessed from `file`'s extension.
