@@ -4,12 +4,15 @@
 #include <QEvent>
 #include <QLabel>
 
+#include "qt/LookAlike.h"
 #include "qt/Twips.h"
 #include "state/modGlobal.h"
 
 namespace cb {
 namespace {
 constexpr double kBorderTwips = 20;
+constexpr char kFace[] = "Verdana";
+constexpr double kPoints = 9.75;
 }  // namespace
 
 dlgWhat::dlgWhat(QWidget* owner)
@@ -27,9 +30,6 @@ dlgWhat::dlgWhat(QWidget* owner)
   lblWhat->setForegroundRole(QPalette::ToolTipText);
   lblWhat->setWordWrap(true);
   lblWhat->setAlignment(Qt::AlignLeft | Qt::AlignTop);
-  QFont font("Verdana");
-  font.setPointSizeF(9.75);
-  lblWhat->setFont(font);
 }
 
 void dlgWhat::Show() {
@@ -48,6 +48,8 @@ void dlgWhat::resizeEvent(QResizeEvent*) {
   lblBack->setGeometry(rect());
   const int bx = TwipsToPixelsX(kBorderTwips), by = TwipsToPixelsY(kBorderTwips);
   lblWhat->setGeometry(bx, by, width() - 2 * bx, height() - 2 * by);
+  // The note keeps its size; its face is measured so that the text fits it.
+  lblWhat->setFont(FittedInto(LookAlike(kFace, kPoints, WhatText), WhatText, lblWhat->contentsRect().size()));
 }
 
 void dlgWhat::changeEvent(QEvent* e) {

@@ -6,6 +6,7 @@
 #include <QKeyEvent>
 #include <QMenu>
 #include <QMouseEvent>
+#include <algorithm>
 
 #include "qt/Twips.h"
 #include "reports/ViewerRules.h"
@@ -37,6 +38,7 @@ ReportBrowser::ReportBrowser(QWidget* parent) : QTextBrowser(parent) {
   InstallFontFallbacks();
   setOpenLinks(false);
   setOpenExternalLinks(false);
+  setLineWrapMode(QTextEdit::FixedPixelWidth);  // the width is the view's, less the pixel (see resizeEvent)
   connect(this, &QTextBrowser::anchorClicked, this, &ReportBrowser::AnchorClicked);
 }
 
@@ -54,6 +56,14 @@ QVariant ReportBrowser::loadResource(int type, const QUrl& name) {
   if (!file.open(QIODevice::ReadOnly)) return {};
   const QByteArray bytes = file.readAll();
   return ToQ(RowsOpened(std::string_view(bytes.constData(), static_cast<std::size_t>(bytes.size()))));
+}
+
+// The toolkit rounds a page's percentage columns up, so a page that fits
+// could lay out a fraction of a pixel wider than its view and get a
+// horizontal scroll bar; laid out a pixel narrower, it keeps within the view.
+void ReportBrowser::resizeEvent(QResizeEvent* e) {
+  setLineWrapColumnOrWidth(std::max(0, viewport()->width() - 1));
+  QTextBrowser::resizeEvent(e);
 }
 
 void ReportBrowser::mouseReleaseEvent(QMouseEvent* e) {

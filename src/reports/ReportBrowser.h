@@ -26,6 +26,7 @@ class ReportBrowser : public QTextBrowser {
 
  protected:
   QVariant loadResource(int type, const QUrl& name) override;
+  void resizeEvent(QResizeEvent* e) override;
   void mouseReleaseEvent(QMouseEvent* e) override;
   void keyPressEvent(QKeyEvent* e) override;
   void contextMenuEvent(QContextMenuEvent* e) override;

@@ -138,6 +138,14 @@ void frmEditSlide::Form_Load() {
   CentreOnScreen(*this);
 }
 
+// Showing a dialog selects the whole text of its focused box, which scrolls a
+// long one to its end; every box, the combos' too, opens at its start instead.
+void frmEditSlide::setVisible(bool visible) {
+  QDialog::setVisible(visible);
+  if (visible)
+    for (QLineEdit* box : findChildren<QLineEdit*>()) box->setCursorPosition(0);
+}
+
 void frmEditSlide::LoadCategoryList() {
   KeyList list(1);
   Globals().MainController->GetCategories(list);

@@ -46,6 +46,7 @@ class frmEditSlide : public QDialog {
   const SlideTemplateLayout& Template() const { return layout_; }
 
   void cmdOK_Click();
+  void setVisible(bool visible) override;
 
  signals:
   // OK's line for the frame's status bar: the slide's number and text.

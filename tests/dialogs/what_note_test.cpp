@@ -1,14 +1,20 @@
 #include <gtest/gtest.h>
 
 #include <QApplication>
+#include <QFontDatabase>
+#include <QFontMetricsF>
 #include <QLabel>
 #include <QPointer>
 #include <QPushButton>
 #include <QTest>
 
+#include "base/FaceMetrics.h"
 #include "dialogs/dlgWhat.h"
+#include "gallery/GalleryMenuTable.h"
+#include "qt/LookAlike.h"
 #include "qt/Twips.h"
 #include "state/modGlobal.h"
+#include "support/RowName.h"
 
 namespace cb {
 namespace {
@@ -44,8 +50,8 @@ class WhatNoteTest : public ::testing::Test {
 
 TEST_F(WhatNoteTest, SizeAndPlaceComeFromTheCallerInTwips) {
   ASSERT_TRUE(note->isVisible());
-  EXPECT_EQ(note->geometry(), QRect(TwipsToPixelsX(1500), TwipsToPixelsY(3000), TwipsToPixelsX(3900),
-                                    TwipsToPixelsY(1300)));
+  EXPECT_EQ(note->geometry(),
+            QRect(TwipsToPixelsX(1500), TwipsToPixelsY(3000), TwipsToPixelsX(3900), TwipsToPixelsY(1300)));
   EXPECT_EQ(note->lblBack->geometry(), note->rect());
   const int bx = TwipsToPixelsX(20), by = TwipsToPixelsY(20);
   EXPECT_EQ(note->lblWhat->geometry(), note->rect().adjusted(bx, by, -bx, -by));
@@ -70,6 +76,78 @@ TEST_F(WhatNoteTest, LosingTheFocusTakesItAway) {
   EXPECT_FALSE(Gone());
   QApplication::setActiveWindow(&window);
   EXPECT_TRUE(Gone());
+}
+
+// Whether `text`, wrapped as the note's label wraps it, stays inside `box` in `font`.
+bool Fits(const QFont& font, const QString& text, QSize box) {
+  const QRectF room(QPointF(), box);
+  return room.contains(QFontMetricsF(font).boundingRect(room, Qt::AlignLeft | Qt::AlignTop | Qt::TextWordWrap, text));
+}
+
+// Every note of the program shows its whole text in its fixed size, whatever
+// face stands in for the one it names.
+TEST(WhatNoteText, EveryNoteShowsItsWholeText) {
+  struct Note {
+    long height, width;
+    QString text;
+  };
+  QList<Note> notes{
+      {800, 4000, "The wallpaper or background image.\nUse the 'Set Wallpaper' option to change the background."}};
+  for (const WhatNote& n : kGalleryWhatNotes) notes.append({n.height, n.width, Utf8ToQ(n.text)});
+  for (const Note& n : notes) {
+    QWidget owner;
+    owner.show();
+    QPointer<dlgWhat> note = ShowWhat(n.height, n.width, n.text);
+    const QLabel& label = *note->lblWhat;
+    EXPECT_TRUE(Fits(label.font(), label.text(), label.contentsRect().size()))
+        << n.text.toStdString() << " in " << label.font().family().toStdString() << " " << label.font().pointSizeF();
+    delete note.data();
+  }
+}
+
+struct FaceRow {
+  const char* name;
+  QStringList installed;  // the families taken to be on the system
+  const char* text;
+  const char* family;  // the one chosen
+  bool smaller;        // made smaller than the named size
+};
+
+const QStringList kDejaVu{"DejaVu Sans", "DejaVu Sans Mono", "DejaVu Serif"};
+const QStringList kLiberation{"Liberation Sans", "Liberation Sans Narrow", "Liberation Serif", "Liberation Mono"};
+constexpr char kFrameNote[] = "Slide background image or frame image.";  // the tightest of the notes
+
+const FaceRow kFaceRows[] = {
+    {"dejavu_alone", kDejaVu, kFrameNote, "DejaVu Sans", false},
+    {"dejavu_and_liberation", kDejaVu + kLiberation, kFrameNote, "DejaVu Sans", false},
+    {"liberation_alone", kLiberation, kFrameNote, "Liberation Sans", false},
+    {"a_text_where_dejavu_is_wider", kDejaVu, "illicit", "DejaVu Sans", true},
+};
+
+class StandInFace : public ::testing::TestWithParam<FaceRow> {};
+
+TEST_P(StandInFace, NoWiderThanTheNamedFaceAndTheFrameNoteFits) {
+  const FaceRow& row = GetParam();
+  for (const QString& f : row.installed)
+    if (!QFontDatabase::hasFamily(f)) GTEST_SKIP() << f.toStdString() << " is not installed here";
+  const QString text = row.text;
+  const QFont font = LookAlike("Verdana", 9.75, text, row.installed);
+  EXPECT_EQ(font.family().toStdString(), row.family);
+  EXPECT_EQ(font.pointSizeF() < 9.75, row.smaller) << font.pointSizeF();
+  // The named face's width from its advance widths: a point is 20 twips.
+  const double named = WidthInEms(*FindNamedFace("Verdana"), row.text) * 9.75 * 20 / PixelsToTwipsY(1);
+  EXPECT_LE(QFontMetricsF(font).horizontalAdvance(text), named);
+  const int bx = TwipsToPixelsX(20), by = TwipsToPixelsY(20);
+  const QSize label(TwipsToPixelsX(4000) - 2 * bx, TwipsToPixelsY(300) - 2 * by);
+  EXPECT_TRUE(Fits(FittedInto(font, kFrameNote, label), kFrameNote, label));
+}
+
+INSTANTIATE_TEST_SUITE_P(Rows, StandInFace, ::testing::ValuesIn(kFaceRows), testing::RowName());
+
+TEST(StandInFace, AnInstalledNamedFaceIsUsedAsItIs) {
+  const QFont font = LookAlike("Verdana", 9.75, "any text", {"Verdana", "DejaVu Sans"});
+  EXPECT_EQ(font.family(), "Verdana");
+  EXPECT_EQ(font.pointSizeF(), 9.75);
 }
 
 }  // namespace

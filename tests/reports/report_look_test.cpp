@@ -2,7 +2,9 @@
 // for, the tables at the widths the page gives, the amounts to the right.
 
 #include <QFontInfo>
+#include <QMdiSubWindow>
 #include <QRegularExpression>
+#include <QScrollBar>
 #include <QTextTable>
 
 #include "ReportWindowFixture.h"
@@ -75,6 +77,32 @@ TEST_F(ReportLookTest, TheSummaryKeepsItsColumnsAndPutsTheAmountsRight) {
   }
   // Sub-totals of the two groups of two, the three group totals, the grand total.
   EXPECT_EQ(amounts, 4 + 3 + 1);
+}
+
+// A page that fits its view has no horizontal scroll bar, maximised or at any
+// width; a view narrower than the page's tables still scrolls.
+TEST_F(ReportLookTest, APageThatFitsItsViewHasNoHorizontalScrollBar) {
+  StartInventory();
+  frmReport* r = OpenReport();
+  ASSERT_NE(r, nullptr);
+  QMdiSubWindow& sub = *qobject_cast<QMdiSubWindow*>(r->parentWidget());
+  const QScrollBar& bar = *r->WebBrowser1->horizontalScrollBar();
+  const auto barShown = [&bar] {
+    QCoreApplication::processEvents();
+    return bar.isVisible();
+  };
+  sub.showMaximized();
+  EXPECT_FALSE(barShown()) << "maximised";
+  sub.showNormal();
+  for (const char* link : {"", "Lounge"}) {  // the summary, then a sub-report
+    if (*link) ClickLink(*r->WebBrowser1, link);
+    for (int width = 600; width < 610; ++width) {
+      sub.resize(width, 500);
+      EXPECT_FALSE(barShown()) << Shown(*r) << " at " << width;
+    }
+  }
+  sub.resize(60, 500);
+  EXPECT_TRUE(barShown()) << "a page wider than its view";
 }
 
 }  // namespace

@@ -1,4 +1,5 @@
 #include <QComboBox>
+#include <QFile>
 #include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
@@ -185,6 +186,28 @@ TEST_P(EditorTemplate, LabelsSizeAndTabOrder) {
   for (const char* name : row.tabs) expected << name;
   expected << row.tabs.front();  // round again
   EXPECT_EQ(visited, expected);
+}
+
+// A text longer than its box opens at its start, as a text box shows a text set into it.
+TEST_P(EditorTemplate, LongTextsOpenAtTheirStart) {
+  Start(2);
+  Mc().SlideTemplate(GetParam().code);
+  // As long as the field holds, in wide letters: the shortened path is wider than its box.
+  const std::string picture = "wwwwwwwwwwwwwwwwwwwwww.png";
+  ASSERT_TRUE(QFile::copy(QString::fromStdString(app / "Gallery/p1.png"),
+                          QString::fromStdString(app / ("Gallery/" + picture))));
+  Globals().Slides[1].Set(Field::PictureFile, picture);
+  Globals().Slides[1].Set(Field::SlideText,
+                          "Walnut sideboard with two cabinets, bought in 2004 at the Wilson estate sale, "
+                          "with its receipt and photos");
+  QPointer<frmEditSlide> e = OpenEditor(1);
+  ASSERT_TRUE(e);
+  QApplication::setActiveWindow(e);
+  for (const QLineEdit* box : {e->txtEditText, e->txtFilename}) {
+    const std::string name = box->objectName().toStdString();
+    ASSERT_GT(box->fontMetrics().horizontalAdvance(box->text()), box->width()) << name;
+    EXPECT_EQ(box->cursorPosition(), 0) << name;
+  }
 }
 
 INSTANTIATE_TEST_SUITE_P(Rows, EditorTemplate, ::testing::ValuesIn(kTemplates), RowName());
