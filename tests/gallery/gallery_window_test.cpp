@@ -71,6 +71,10 @@ const ScrollRow kScrolls[] = {
     {"page_right_and_back", {16, 1}, 1, 15, Range(1, 15), "Slides: 1 to 15 of 20"},
     {"page_right_activate_and_back", {16, -1, 1}, 1, 15, Range(1, 5), "Slides: 1 to 15 of 20"},
     {"thumb_to_the_end", {30}, 6, 20, Range(6, 20), "Slides: 6 to 20 of 20"},
+    // A jump left takes the value as Base, past the end too; one right adds the difference.
+    {"jump_left_past_the_end", {30, 10}, 10, 24, Range(10, 20), "Slides: 10 to 24 of 20"},
+    {"jump_right_refused_at_the_end", {2, 3, 10}, 7, 20, Range(7, 20), "Slides: 7 to 20 of 20"},
+    {"column_left", {2, 3, 2}, 4, 18, Range(4, 18), "Slides: 4 to 18 of 20"},
 };
 
 class GalleryScrollTest : public GalleryFixture, public ::testing::WithParamInterface<ScrollRow> {};
@@ -310,17 +314,6 @@ TEST_F(GalleryWindowTest, DoubleClickOnTheSlideZoomsOneStep) {
   EXPECT_FLOAT_EQ(slide->ImageRect().Width, static_cast<float>(before.Width * 1.2));
 }
 
-TEST_F(GalleryWindowTest, RemoveQuestionsHelpClosesItAndOpensItsPage) {
-  Start(3);
-  dlgRemoveSlide question;
-  question.show();
-  question.cmdHelp->click();
-  EXPECT_FALSE(question.isVisible());
-  EXPECT_EQ(question.result(), QDialog::Rejected);
-  EXPECT_FALSE(question.Confirmed);
-  EXPECT_EQ(HelpPage(), "help002.htm");
-}
-
 // Cascading keeps each child usable: the gallery at its layout's size, the
 // slide window at its design size, not bare title bars.
 TEST_F(GalleryWindowTest, CascadeKeepsTheChildrensSizes) {
@@ -338,13 +331,6 @@ TEST_F(GalleryWindowTest, CascadeKeepsTheChildrensSizes) {
     EXPECT_GT(slide->height(), 200) << how;
     EXPECT_NE(Gallery().parentWidget()->pos(), slide->parentWidget()->pos()) << how;
   }
-}
-
-TEST_F(GalleryWindowTest, ProgressWindowKeepsItsDesignRange) {
-  Start(20);
-  Gallery().FlatScrollBar1->setValue(2);
-  EXPECT_EQ(TheLoading().ProgressBar1->minimum(), 1);
-  EXPECT_EQ(TheLoading().ProgressBar1->maximum(), 100);
 }
 
 }  // namespace
