@@ -16,6 +16,8 @@
 namespace cb {
 namespace {
 
+using testing::WhenModal;
+
 using testing::ReadFile;
 
 class ReportWindowTest : public testing::ReportWindowFixture {

@@ -13,6 +13,8 @@
 namespace cb {
 namespace {
 
+using testing::WhenModal;
+
 using testing::ReadFile;
 
 class SelectReportTest : public testing::ReportWindowFixture {
