@@ -65,29 +65,6 @@ TEST_F(PictureCacheTest, StaysWithinItsBoundOverAThousandPictures) {
   EXPECT_EQ(pictures.Decodes(), 1000) << "a valid thumbnail stands in for the decode";
 }
 
-TEST_F(PictureCacheTest, PictureReplacedUnderTheSameNameShowsItsNewContent) {
-  GalleryPictures pictures(1 << 20, store);
-  const QString path = WritePicture(files, "tv.jpg", Qt::red);
-  QImage out;
-  ASSERT_EQ(pictures.Get(path, out, kBound), RtError::None);
-  EXPECT_GT(Centre(out).red(), 200);
-  WritePicture(files, "tv.jpg", Qt::blue);
-  Touch(path, 10);
-  ASSERT_EQ(pictures.Get(path, out, kBound), RtError::None);
-  EXPECT_GT(Centre(out).blue(), 200);
-  EXPECT_LT(Centre(out).red(), 60);
-}
-
-TEST_F(PictureCacheTest, PictureDeletedAfterItWasHeldIsMissing) {
-  GalleryPictures pictures(1 << 20, store);
-  const QString path = WritePicture(files, "tv.jpg", Qt::red);
-  QImage out;
-  ASSERT_EQ(pictures.Get(path, out, kBound), RtError::None);
-  pictures.WaitForIdle();
-  ASSERT_TRUE(QFile::remove(path));
-  EXPECT_EQ(pictures.Get(path, out, kBound), RtError::FileNotFound);
-}
-
 TEST_F(PictureCacheTest, ThumbnailFollowsTheDesktopStandard) {
   GalleryPictures pictures(1 << 20, store);
   const QString path = WritePicture(files, "tv set.jpg", Qt::red, {800, 600});
