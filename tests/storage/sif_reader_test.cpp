@@ -56,13 +56,6 @@ TEST_P(VerdictTest, JudgesCountAndTemplate) {
 
 INSTANTIATE_TEST_SUITE_P(Rows, VerdictTest, ::testing::ValuesIn(kVerdicts), testing::RowName());
 
-TEST(SifReader, RecordsHeldCountsARecordCutShort) {
-  EXPECT_EQ(RecordsHeld(0), 0);
-  EXPECT_EQ(RecordsHeld(kRecordLength), 0);
-  EXPECT_EQ(RecordsHeld(kRecordLength + 1), 1);
-  EXPECT_EQ(RecordsHeld(4 * kRecordLength), 3);
-}
-
 struct Outcome {
   RtError error;
   std::string description;
@@ -126,23 +119,6 @@ TEST(SifReader, ATemplateTooLargeKeepsTheSettingsBeforeIt) {
   EXPECT_EQ(o.settings.SlideTemplate, 3);
   EXPECT_EQ(o.settings.ReportFont, "Arial");
   EXPECT_EQ(o.slides.size(), 2u);
-}
-
-TEST(SifReader, MemoryAndDiskSaveAlike) {
-  TempDir dir;
-  const std::string path = dir / "a.sif";
-  // A longer old file keeps its tail in both.
-  const std::string old(6 * kRecordLength, 'z');
-  WriteFile(path, old);
-  MemoryEnv memory;
-  memory.Files()[path] = old;
-  SlideArray slides(3);
-  slides[1].Set(Field::PictureFile, "a.jpg");
-  slides[2].Set(Field::Value, " 12 ");
-  const SifSettings s{0, "bg.jpg", "wall.jpg", 2, "Arial"};
-  ASSERT_TRUE(DataAccess().SaveSettings(path, s, slides).ok());
-  ASSERT_TRUE(DataAccess(memory).SaveSettings(path, s, slides).ok());
-  EXPECT_EQ(memory.Files()[path], ReadFile(path));
 }
 
 TEST(RandomFile, AReadingOpenNeverCreates) {
