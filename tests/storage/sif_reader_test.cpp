@@ -1,5 +1,4 @@
-// The load rules on their own, and the two places a file can come from:
-// disk and memory must load and save alike.
+// The two places a file can come from: disk and memory must load alike.
 #include <gtest/gtest.h>
 
 #include <filesystem>
@@ -7,7 +6,6 @@
 #include "storage/DataAccess.h"
 #include "storage/RandomFile.h"
 #include "storage/Scramble.h"
-#include "support/RowName.h"
 #include "support/TempDir.h"
 
 namespace cb {
@@ -17,44 +15,6 @@ using testing::ReadFile;
 using testing::ReadHex;
 using testing::TempDir;
 using testing::WriteFile;
-
-SifHeader HeaderOf(const std::string& count, const std::string& tmpl) {
-  SlideRecord h;
-  h.Set(Field::Serial, ScrambleField(count));
-  h.Set(Field::Spare, ScrambleField(tmpl));
-  return DecodeHeader(h);
-}
-
-struct VerdictRow {
-  std::string name;
-  std::string count;
-  std::string tmpl;
-  CountVerdict count3;  // with three slide records in the file
-  TemplateVerdict templateVerdict;
-};
-
-const VerdictRow kVerdicts[] = {
-    {"fits", "3", "2", CountVerdict::Fits, TemplateVerdict::Take},
-    {"empty_texts", "", "", CountVerdict::NotANumber, TemplateVerdict::KeepOld},
-    {"leading_blank", " 3", "x", CountVerdict::NotANumber, TemplateVerdict::KeepOld},
-    {"beyond_records", "4", "1", CountVerdict::BeyondRecords, TemplateVerdict::Take},
-    {"at_the_limit", "32767", "1", CountVerdict::BeyondRecords, TemplateVerdict::Take},
-    {"above_the_limit", "32768", "1", CountVerdict::AboveLimit, TemplateVerdict::Take},
-    {"beyond_32_bits", "99999999999", "99999999999", CountVerdict::Unreadable, TemplateVerdict::Fails},
-};
-
-class VerdictTest : public ::testing::TestWithParam<VerdictRow> {};
-
-TEST_P(VerdictTest, JudgesCountAndTemplate) {
-  const auto& row = GetParam();
-  const SifHeader h = HeaderOf(row.count, row.tmpl);
-  EXPECT_EQ(JudgeCount(h, 3), row.count3);
-  EXPECT_EQ(JudgeTemplate(h), row.templateVerdict);
-  const bool fails = row.count3 == CountVerdict::AboveLimit || row.count3 == CountVerdict::Unreadable;
-  EXPECT_EQ(CountFailsLoad(h), fails);
-}
-
-INSTANTIATE_TEST_SUITE_P(Rows, VerdictTest, ::testing::ValuesIn(kVerdicts), testing::RowName());
 
 struct Outcome {
   RtError error;
