@@ -116,6 +116,20 @@ TEST_F(MainWindowTest, WindowButtonArrangesInItsCycle) {
   EXPECT_EQ(seen, (std::vector<std::string>{"cascade", "vertical", "cascade", "horizontal", "vertical"}));
 }
 
+// The Window menu lists the children, numbered from one.
+TEST_F(MainWindowTest, WindowMenuNumbersTheChildrenFromOne) {
+  Child("one")->setWindowTitle("Gallery");
+  Child("two")->setWindowTitle("Slide 2");
+  QMenu* menu = TheMDIMain().Menu(MenuId::Window);
+  emit menu->aboutToShow();
+  const auto n = TheMDIMain().MdiArea()->subWindowList().size();
+  QStringList listed, expected;
+  for (QAction* a : menu->actions().mid(menu->actions().size() - n)) listed << a->text().section(' ', 0, 0);
+  for (qsizetype i = 1; i <= n; ++i) expected << QString("&%1").arg(i);
+  EXPECT_EQ(listed, expected);
+  EXPECT_EQ(menu->actions().last()->text(), QString("&%1 Slide 2").arg(n));
+}
+
 TEST_F(MainWindowTest, OpeningTheFourthEntryKeepsTheThirdTwice) {
   UIMainController& mc = *Globals().MainController;
   for (const char* name : {"a.sif", "b.sif", "c.sif", "d.sif"}) testing::WriteFile(app / (std::string("Files/") + name), "");
