@@ -17,23 +17,16 @@ using testing::ReadFile;
 
 // Answers the file dialog once it is up: types `typed`, selects `selected`, presses OK.
 void AnswerDialog(QString typed, QString selected) {
-  auto* poll = new QTimer;
-  QObject::connect(poll, &QTimer::timeout, [poll, typed, selected] {
-    auto* d = qobject_cast<frmCommonDialog*>(QApplication::activeModalWidget());
-    if (!d) return;
-    poll->stop();
-    poll->deleteLater();
-    if (!selected.isEmpty()) {
-      const auto found = d->FileListBox1->findItems(selected, Qt::MatchExactly);
-      if (!found.isEmpty()) d->FileListBox1->setCurrentItem(found[0]);
-    } else {
+  testing::WhenModal<frmCommonDialog>([typed, selected](frmCommonDialog* d) {
+    if (selected.isEmpty()) {
       d->FileListBox1->setCurrentRow(-1);
       d->FileListBox1->clearSelection();
+    } else if (const auto found = d->FileListBox1->findItems(selected, Qt::MatchExactly); !found.isEmpty()) {
+      d->FileListBox1->setCurrentItem(found[0]);
     }
     d->txtFilename->setText(typed);
     d->cmdOK->click();
   });
-  poll->start(5);
 }
 
 class FileCommandsTest : public testing::GalleryFixture {
@@ -131,18 +124,6 @@ TEST_F(FileCommandsTest, GalleryMenuReachesTheCommandsThatRebuildIt) {
   ASSERT_NE(TheMDIMain().fGallery(), nullptr);
 }
 
-TEST_F(FileCommandsTest, NextStartOpensTheFileOpened) {
-  Start(3);
-  testing::WriteFile(Files("second.sif"), "");
-  AnswerDialog("", "second.sif");
-  TheMDIMain().mnuFileOpen_Click();
-  UnloadForms();
-  Globals() = ModGlobal();
-  Globals().SplashDismissed = true;
-  ASSERT_TRUE(Main(app.str(), settings));
-  EXPECT_EQ(Mc().SlideInformationFilePath(), Files("second.sif"));
-}
-
 // A real message box takes the focus from the main window while its own loop
 // runs, and the main window gets it back once the command has rebuilt the
 // gallery. The gallery's activation, and the fourth entry's rule with it,
@@ -199,19 +180,13 @@ TEST_P(AddSlideTest, AppendsTheRecordAndCopiesUnlessInPlace) {
     ASSERT_TRUE(picture.save(QString::fromStdString(source.string()), "JPG"));
   }
   const auto stamp = std::filesystem::last_write_time(app / "Gallery/p1.png");
-  auto* poll = new QTimer;
-  QObject::connect(poll, &QTimer::timeout, [poll, source] {
-    auto* d = qobject_cast<frmCommonDialog*>(QApplication::activeModalWidget());
-    if (!d) return;
-    poll->stop();
-    poll->deleteLater();
+  testing::WhenModal<frmCommonDialog>([source](frmCommonDialog* d) {
     d->Dir1->Path(QString::fromStdString(source.parent_path().string()));
     d->FileListBox1->Pattern("*.*");
     const auto found = d->FileListBox1->findItems(QString::fromStdString(source.filename().string()), Qt::MatchExactly);
     if (!found.isEmpty()) d->FileListBox1->setCurrentItem(found[0]);
     d->cmdOK->click();
   });
-  poll->start(5);
   Gallery().mnuSlidesAdd_Click();
   ASSERT_EQ(Mc().NumberOfRecords(), 3);
   EXPECT_EQ(Trim(Globals().Slides[3].Get(Field::PictureFile)), row.stored);

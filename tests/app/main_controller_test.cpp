@@ -59,20 +59,6 @@ TEST_P(PathSplitTest, SplitsAtTheLastSlash) {
 
 INSTANTIATE_TEST_SUITE_P(Rows, PathSplitTest, ::testing::ValuesIn(kSplits));
 
-TEST(MainControllerTest, NoDefaultFileMeansFirstRun) {
-  MemorySettings settings;
-  ModGlobal g;
-  UIMainController mc("/app", settings, g);
-  EXPECT_TRUE(mc.FirstRun);
-  EXPECT_EQ(mc.SlideInformationFilePath(), "");
-  EXPECT_EQ(mc.SlideInformationFile(), "");
-  EXPECT_EQ(mc.SlideInformationPath(), "");
-  EXPECT_EQ(mc.FormWidth(), 6720);
-  EXPECT_EQ(mc.FormHeight(), 5310);
-  EXPECT_EQ(mc.bImageWidth(), 1323);
-  EXPECT_EQ(mc.bImageHeight(), 1565);
-}
-
 TEST(MainControllerTest, RegistryKeysNameTheFileOfTheNextStart) {
   MemorySettings settings;
   ModGlobal g;

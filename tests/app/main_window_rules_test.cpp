@@ -40,28 +40,6 @@ TEST_P(HistoryTest, MovesTheOpenFileByItsPlace) {
 INSTANTIATE_TEST_SUITE_P(Rows, HistoryTest, ::testing::ValuesIn(kHistoryRows),
                          cb::testing::RowName());
 
-TEST(MainWindowRulesTest, WindowButtonCyclesThroughTheArrangements) {
-  const Arrangement expected[] = {Arrangement::Cascade, Arrangement::TileVertical, Arrangement::Cascade,
-                                  Arrangement::TileHorizontal, Arrangement::TileVertical, Arrangement::Cascade};
-  int counter = 0;
-  for (Arrangement a : expected) EXPECT_EQ(NextArrangement(counter), a);
-}
-
-TEST(MainWindowRulesTest, ToolbarFollowsTheSlideWindow) {
-  struct Row {
-    ToolbarButton key;
-    bool withSlide, without;
-  };
-  using B = ToolbarButton;
-  const Row rows[] = {{B::New, false, true},   {B::Open, false, true},  {B::Window, true, true},
-                      {B::Edit, true, false},  {B::Zoom, true, false},  {B::Report, true, true},
-                      {B::Unzoom, true, false}, {B::Back, false, true}, {B::Help, true, true}};
-  for (const auto& r : rows) {
-    EXPECT_EQ(ToolbarButtonEnabled(r.key, true), r.withSlide) << ButtonRow(r.key).key;
-    EXPECT_EQ(ToolbarButtonEnabled(r.key, false), r.without) << ButtonRow(r.key).key;
-  }
-}
-
 // What each event leaves on the toolbar: "+" live, "-" off, "." untouched;
 // the pressed column is Zoom then Unzoom.
 struct ToolbarRow {

@@ -7,9 +7,7 @@
 #include <QMenu>
 #include <QMenuBar>
 #include <QPushButton>
-#include <QStatusBar>
 #include <QTimer>
-#include <QToolBar>
 
 #include "dialogs/dlgWhat.h"
 #include "frame/Forms.h"
@@ -21,6 +19,7 @@
 #include "state/modGlobal.h"
 #include "support/RowName.h"
 #include "support/TempDir.h"
+#include "support/WhenShown.h"
 
 namespace cb {
 namespace {
@@ -37,22 +36,10 @@ class MainWindowTest : public ::testing::Test {
     });
   }
   ~MainWindowTest() override {
+    testing::StopPolls();
     SetMsgBoxHook({});
     UnloadForms();
     Globals() = ModGlobal();
-  }
-
-  // Answers the next modal dialog once it is up.
-  static void WhenModal(std::function<void(QWidget*)> act) {
-    auto* poll = new QTimer;
-    QObject::connect(poll, &QTimer::timeout, [poll, act] {
-      if (QWidget* w = QApplication::activeModalWidget()) {
-        poll->deleteLater();
-        poll->stop();
-        act(w);
-      }
-    });
-    poll->start(5);
   }
 
   // A child window with the given name, as the gallery or a slide window would be.
@@ -86,17 +73,6 @@ TEST_F(MainWindowTest, MenuBarShowsTheTableAndHidesThePopups) {
   ASSERT_NE(m.Menu(MenuId::Popup2), nullptr);
   EXPECT_EQ(m.Menu(MenuId::Popup2)->actions().size(), 4);
   EXPECT_EQ(m.windowTitle(), "Chattelbook");
-}
-
-TEST_F(MainWindowTest, ToolbarHasNineButtonsWithPicturesAndTips) {
-  MDIMain& m = TheMDIMain();
-  QStringList keys;
-  for (QAction* a : m.Toolbar1()->actions()) {
-    keys << a->text();
-    EXPECT_FALSE(a->icon().isNull()) << a->text().toStdString();
-  }
-  EXPECT_EQ(keys, QStringList({"New", "Open", "Edit", "Report", "Zoom", "Unzoom", "Window", "Back", "Help"}));
-  EXPECT_EQ(m.Button(ToolbarButton::Back)->toolTip(), "Change Slide Background");
 }
 
 TEST_F(MainWindowTest, ToolbarFollowsTheSlideWindow) {
@@ -141,6 +117,20 @@ TEST_F(MainWindowTest, WindowButtonArrangesInItsCycle) {
   EXPECT_EQ(seen, (std::vector<std::string>{"cascade", "vertical", "cascade", "horizontal", "vertical"}));
 }
 
+// The Window menu lists the children, numbered from one.
+TEST_F(MainWindowTest, WindowMenuNumbersTheChildrenFromOne) {
+  Child("one")->setWindowTitle("Gallery");
+  Child("two")->setWindowTitle("Slide 2");
+  QMenu* menu = TheMDIMain().Menu(MenuId::Window);
+  emit menu->aboutToShow();
+  const auto n = TheMDIMain().MdiArea()->subWindowList().size();
+  QStringList listed, expected;
+  for (QAction* a : menu->actions().mid(menu->actions().size() - n)) listed << a->text().section(' ', 0, 0);
+  for (qsizetype i = 1; i <= n; ++i) expected << QString("&%1").arg(i);
+  EXPECT_EQ(listed, expected);
+  EXPECT_EQ(menu->actions().last()->text(), QString("&%1 Slide 2").arg(n));
+}
+
 TEST_F(MainWindowTest, OpeningTheFourthEntryKeepsTheThirdTwice) {
   UIMainController& mc = *Globals().MainController;
   for (const char* name : {"a.sif", "b.sif", "c.sif", "d.sif"}) testing::WriteFile(app / (std::string("Files/") + name), "");
@@ -159,13 +149,6 @@ TEST_F(MainWindowTest, OpeningTheFourthEntryKeepsTheThirdTwice) {
   EXPECT_TRUE(messages.isEmpty());
 }
 
-TEST_F(MainWindowTest, HistoryEntryThatFailsToLoadIsTold) {
-  Globals().MainController->SetRegistryKeys(app / "Files/a.sif");
-  Globals().History = {"", "a.sif", "gone.sif", "", ""};
-  TheMDIMain().mnuFileHist_Click(2);
-  EXPECT_EQ(messages, QStringList({"Load Error: Invalid Slide Information File"}));
-}
-
 TEST_F(MainWindowTest, EmptyHistoryShowsTwoSeparatorsAndNoEntries) {
   Globals().History = {"", "", "", "", ""};
   MDIMain& m = TheMDIMain();
@@ -174,18 +157,6 @@ TEST_F(MainWindowTest, EmptyHistoryShowsTwoSeparatorsAndNoEntries) {
   EXPECT_TRUE(m.Item(MenuId::Bar5)->isVisible());
   for (int i = 1; i <= 4; ++i) EXPECT_FALSE(m.Item(HistoryItem(i))->isVisible());
   EXPECT_FALSE(std::filesystem::exists(app / "fhistlst.dat"));
-}
-
-TEST_F(MainWindowTest, ViewItemsHideAndShowTheBars) {
-  MDIMain& m = TheMDIMain();
-  m.show();
-  m.Item(MenuId::ViewToolbar)->trigger();
-  EXPECT_FALSE(m.Item(MenuId::ViewToolbar)->isChecked());
-  EXPECT_FALSE(m.Toolbar1()->isVisible());
-  m.Item(MenuId::ViewToolbar)->trigger();
-  EXPECT_TRUE(m.Toolbar1()->isVisible());
-  m.Item(MenuId::ViewStatusbar)->trigger();
-  EXPECT_FALSE(m.StatusBar1()->isVisible());
 }
 
 TEST_F(MainWindowTest, WallpaperNoteOpensAtTheLastPress) {
@@ -201,7 +172,7 @@ TEST_F(MainWindowTest, WallpaperNoteOpensAtTheLastPress) {
 }
 
 TEST_F(MainWindowTest, SetPasswordAsksForTheSameTextTwice) {
-  WhenModal([this](QWidget* w) {
+  testing::WhenModal([this](QWidget* w) {
     auto* login = qobject_cast<frmLogin*>(w);
     login->txtPassword->setText("Secret");
     login->txtConfirmPassword->setText("secret");
@@ -236,7 +207,7 @@ TEST_P(LoginTest, StoredPasswordIsAskedForOnceAtStart) {
   ASSERT_TRUE(Globals().MainController->PutPassword("Secret").ok());
   Globals().MainController->SetRegistryKeys(app / "Files/Home.sif");  // not a first use
   const char* typed = GetParam().typed;
-  WhenModal([typed](QWidget* w) {
+  testing::WhenModal([typed](QWidget* w) {
     auto* login = qobject_cast<frmLogin*>(w);
     ASSERT_NE(login, nullptr);
     EXPECT_EQ(login->windowTitle(), "Login");

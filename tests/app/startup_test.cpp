@@ -142,13 +142,5 @@ TEST_P(WallpaperStartupTest, BadWallpaperNeverStopsTheStart) {
 INSTANTIATE_TEST_SUITE_P(Rows, WallpaperStartupTest, ::testing::ValuesIn(kWallpapers),
                          cb::testing::RowName());
 
-TEST_F(StartupTest, WaitEndsWhenTheClockSecondPasses) {
-  Globals().SplashDismissed = true;
-  const QTime start = QTime::currentTime();
-  WaitSeconds(0);
-  EXPECT_TRUE(Globals().SplashDismissed);
-  EXPECT_LE(start.msecsTo(QTime::currentTime()), 1100);
-}
-
 }  // namespace
 }  // namespace cb

@@ -3,7 +3,6 @@
 #include <gtest/gtest.h>
 
 #include <QImage>
-#include <QXmlStreamReader>
 
 #include <algorithm>
 #include <cstdlib>
@@ -41,23 +40,6 @@ TEST(ProgramIcon, EverySizeIsTheTileOnAClearGround) {
     }
   }
   EXPECT_GE(ProgramIcon().availableSizes().size(), 4);
-}
-
-TEST(ProgramIcon, SvgIsWellFormedWithOneElementPerShape) {
-  QXmlStreamReader xml(QByteArray::fromStdString(ProgramIconSvg()));
-  int shapes = 0;
-  QString viewBox;
-  while (!xml.atEnd()) {
-    if (xml.readNext() != QXmlStreamReader::StartElement) continue;
-    if (xml.name() == u"svg") viewBox = xml.attributes().value("viewBox").toString();
-    if (xml.name() == u"rect" || xml.name() == u"circle" || xml.name() == u"polygon") {
-      ++shapes;
-      EXPECT_TRUE(xml.attributes().value("fill").startsWith(u'#'));
-    }
-  }
-  EXPECT_FALSE(xml.hasError()) << xml.errorString().toStdString();
-  EXPECT_EQ(viewBox, "0 0 256 256");
-  EXPECT_EQ(shapes, 11);
 }
 
 // The scalable icon and the painted sizes come from one table; drawn by

@@ -41,24 +41,6 @@ TEST(GalleryLayoutTest, PlacesEveryElementFromTheClientSize) {
   EXPECT_EQ(opening.FlatScrollBar1, (ElementRect{0, 4695, 6630, 255}));
 }
 
-// A window too small for the fixed insets gives negative sizes; the resize
-// stops at the first one, in the handler's order.
-TEST(GalleryLayoutTest, StopsAtTheFirstRefusedSize) {
-  const RectRow rows[] = {
-      {1000, 4950, 1, {}},  // slides -85 wide
-      {3000, 900, 1, {}},   // slides -25 high
-      {3000, 200, 16, {}},  // the bar is taller than the window
-  };
-  const ElementProperty refused[] = {ElementProperty::Width, ElementProperty::Height,
-                                     ElementProperty::Height};
-  for (int i = 0; i < 3; ++i) {
-    const auto layout = LayOutGallery(rows[i].clientWidth, rows[i].clientHeight, kScrollBarHeight);
-    ASSERT_LT(layout.refusedAt, WriteOrder().size()) << i;
-    EXPECT_EQ(WriteOrder()[layout.refusedAt].index, rows[i].index) << i;
-    EXPECT_EQ(WriteOrder()[layout.refusedAt].property, refused[i]) << i;
-  }
-}
-
 // The what's-this position is multiplied by the cell's column and row;
 // frame and slide image of a cell share their factors.
 TEST(GalleryCoordTest, ScalesByCell) {

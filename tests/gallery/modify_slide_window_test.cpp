@@ -127,6 +127,10 @@ TEST_F(ModifySlideWindowTest, NothingToApplyLeavesTheGalleryAlone) {
     editor.cmdRemoveOne->click();
     editor.lstAvailable->item(0)->setSelected(true);
     editor.cmdAddOne->click();
+    editor.cmdRemoveAll->click();
+    EXPECT_EQ(Items(*editor.lstAvailable), QStringList({"p1.png", "p2.png"}));
+    EXPECT_EQ(editor.lstSelected->count(), 0);
+    editor.cmdAddAll->click();
     editor.cmdOK->click();
   });
   EXPECT_EQ(TheMDIMain().fGallery(), before.data());

@@ -246,45 +246,6 @@ TEST_P(HelpRoutineTest, OpensTheWindowsPageAndClosesOnlyDialogs) {
 
 INSTANTIATE_TEST_SUITE_P(Rows, HelpRoutineTest, ::testing::ValuesIn(kRoutines), cb::testing::RowName());
 
-// Windows that join the routine by their object names alone: an editor whose
-// controls differ from it, and a child of the main window that closes.
-TEST_F(HelpViewerTest, F1FollowsTheRowOfTheControlThatHasTheKeyboard) {
-  struct Row {
-    const char* control;
-    bool opens, closes;
-  };
-  const Row rows[] = {{"cboLocation", true, false}, {"cboCategory", false, false}, {"txtMake", true, true}};
-  for (const Row& r : rows) {
-    SCOPED_TRACE(r.control);
-    QPointer<QDialog> editor = new QDialog();
-    editor->setAttribute(Qt::WA_DeleteOnClose);
-    editor->setObjectName("frmEditSlideVEH");
-    auto* layout = new QVBoxLayout(editor);
-    for (const char* name : {"cboCategory", "cboLocation"}) {
-      auto* combo = new QComboBox(editor);
-      combo->setObjectName(name);
-      combo->setEditable(true);  // the keyboard is in the combo's own line edit
-      layout->addWidget(combo);
-    }
-    layout->addWidget(new QLineEdit(editor));
-    layout->itemAt(2)->widget()->setObjectName("txtMake");
-    InstallF1(*editor);
-    editor->show();
-    QApplication::setActiveWindow(editor);
-    auto* control = editor->findChild<QWidget*>(r.control);
-    auto* combo = qobject_cast<QComboBox*>(control);
-    F1In(combo ? combo->lineEdit() : control);
-    EXPECT_EQ(HelpViewer() != nullptr, r.opens);
-    if (r.opens) {
-      EXPECT_EQ(Viewer().Shown(), Page("help011.htm"));
-    }
-    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
-    EXPECT_EQ(editor.isNull(), r.closes);
-    delete editor.data();
-    UnloadHelp();
-  }
-}
-
 TEST_F(HelpViewerTest, AChildThatClosesGoesWithItsFrame) {
   auto* report = new QWidget();
   report->setObjectName("frmReport");

@@ -20,8 +20,6 @@ namespace cb::testing {
 
 class ReportWindowFixture : public GalleryFixture {
  protected:
-  ~ReportWindowFixture() override { delete poll_; }
-
   // Slides 1 to 5: picture "p<i>.png", text "Slide <i>".
   void StartInventory() {
     struct Row {
@@ -49,19 +47,6 @@ class ReportWindowFixture : public GalleryFixture {
     return qobject_cast<frmReport*>(FindOpenForm("frmReport"));
   }
 
-  // Runs `act` on the next modal dialog once it is up.
-  void WhenModal(std::function<void(QWidget*)> act) {
-    delete poll_;
-    poll_ = new QTimer;
-    QObject::connect(poll_, &QTimer::timeout, [this, act] {
-      if (QWidget* w = QApplication::activeModalWidget()) {
-        poll_->stop();
-        act(w);
-      }
-    });
-    poll_->start(5);
-  }
-
   // A left click on the link whose href ends in "?" + key.
   static void ClickLink(QTextBrowser& b, const QString& key) {
     for (QTextBlock block = b.document()->begin(); block.isValid(); block = block.next())
@@ -82,9 +67,6 @@ class ReportWindowFixture : public GalleryFixture {
   std::string Reports(const std::string& name) const { return app / ("Reports/" + name); }
 
   static void FlushDeletes() { QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete); }
-
- private:
-  QTimer* poll_ = nullptr;
 };
 
 }  // namespace cb::testing

@@ -1,4 +1,5 @@
-// The controller's files, names and failures; page bytes are in golden_test.
+// The controller's files, names and failures; page bytes are in golden_test,
+// links followed through the windows in report_window_test.
 
 #include <gtest/gtest.h>
 
@@ -9,6 +10,19 @@
 
 namespace cb::testing {
 namespace {
+
+// Records what the controller asks of the windows.
+struct FakeWindows : ReportSlideWindows {
+  void UnloadSlideWindow() override { calls.push_back("unload"); }
+  RtError ShowReportSlide(std::int32_t record) override {
+    calls.push_back("show " + std::to_string(record));
+    return result;
+  }
+  void SetStatusText(const std::string& text) override { calls.push_back("status " + text); }
+
+  std::vector<std::string> calls;
+  RtError result = RtError::None;
+};
 
 class ReportController : public ReportFixture {
  protected:
@@ -41,15 +55,6 @@ TEST_F(ReportController, DrillDownFilesAreNumberedFromTwoAfterEachSummary) {
   EXPECT_NE(Page("Report 3.htm").find("Electrical"), std::string::npos);
 }
 
-TEST_F(ReportController, SaveReportGivesBackTheFullPath) {
-  UIReportController& r = Controller();
-  std::string name = "Report 9.htm";
-  ErrorArray errors;
-  ASSERT_TRUE(r.SaveReport(name, "<html></html>", errors));
-  EXPECT_EQ(name, app / "Reports/Report 9.htm");
-  EXPECT_EQ(ReadFile(name), "<html></html>\r\n");
-}
-
 TEST_F(ReportController, AFailedWriteFillsErrorInfo) {
   // A file where the Reports directory should be.
   WriteFile(app / "Reports", "not a directory");
@@ -70,12 +75,24 @@ TEST_F(ReportController, ASumBeyondADoubleFailsTheReport) {
   EXPECT_TRUE(r.CreateSubReportByCategory("Cars"));
 }
 
-TEST_F(ReportController, SlideLinksLeadToTheFirstSlideOfAPicture) {
+TEST_F(ReportController, FollowedLinksThatFailLeaveFalse) {
+  FakeWindows windows;
   UIReportController& r = Controller();
-  EXPECT_EQ(r.GetSlideIndex("sofa.jpg"), 1);
-  EXPECT_EQ(r.GetSlideIndex("bed.jpg"), 3);
-  EXPECT_EQ(r.GetSlideIndex(" bed.jpg"), 0);
-  EXPECT_EQ(r.GetSlideIndex(""), 0);
+  r.SlideWindows(&windows);
+  EXPECT_FALSE(r.FollowLink("Chattelbook Help", "sofa.jpg"));  // a page of no report
+  EXPECT_TRUE(windows.calls.empty());
+  EXPECT_FALSE(Exists("Report 2.htm"));
+
+  windows.result = RtError::ObjectNotSet;  // no gallery to show the slide
+  EXPECT_FALSE(r.FollowLink("Sub-Report By Category", "tv.jpg"));
+  EXPECT_EQ(g.ErrorInfo[0], "91");
+  EXPECT_EQ(g.ErrorInfo[1], "UIReportController");
+
+  r.SlideWindows(nullptr);
+  g.ErrorInfo = {};
+  ErrorArray errors;
+  EXPECT_FALSE(r.ShowLocationSlide("tv.jpg", errors));
+  EXPECT_EQ(errors[0], "91");
 }
 
 }  // namespace

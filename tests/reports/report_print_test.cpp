@@ -10,6 +10,8 @@
 namespace cb {
 namespace {
 
+using testing::WhenModal;
+
 using testing::ReadFile;
 
 class ReportPrintTest : public testing::ReportWindowFixture {

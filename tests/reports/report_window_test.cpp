@@ -18,6 +18,8 @@
 namespace cb {
 namespace {
 
+using testing::WhenModal;
+
 using testing::ReadFile;
 
 class ReportWindowTest : public testing::ReportWindowFixture {

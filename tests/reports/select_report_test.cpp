@@ -14,6 +14,8 @@
 namespace cb {
 namespace {
 
+using testing::WhenModal;
+
 using testing::ReadFile;
 
 class SelectReportTest : public testing::ReportWindowFixture {

@@ -60,20 +60,6 @@ class EditorFixture : public GalleryFixture {
     EXPECT_TRUE(Report(other.MainController->LoadSettings(), errors));
     return {other.Slides, other.MainController->SlideTemplate()};
   }
-
-  // Runs `act` on the next modal dialog of type T, once it is up.
-  template <class T>
-  static void WhenModal(std::function<void(T*)> act) {
-    auto* poll = new QTimer;
-    QObject::connect(poll, &QTimer::timeout, [poll, act] {
-      if (auto* d = qobject_cast<T*>(QApplication::activeModalWidget())) {
-        poll->stop();
-        poll->deleteLater();
-        act(d);
-      }
-    });
-    poll->start(5);
-  }
 };
 
 }  // namespace cb::testing

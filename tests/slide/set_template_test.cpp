@@ -14,6 +14,8 @@
 namespace cb {
 namespace {
 
+using testing::WhenModal;
+
 using testing::RowName;
 
 class SetTemplateTest : public testing::EditorFixture {

@@ -15,17 +15,20 @@ constexpr ElementRect kFitted{0, 0, 7725, 5355};
 // element from its corner afterwards, out shrinks it before.
 TEST(ZoomTest, StepMovesThenScales) {
   const struct {
+    const char* name;
     ElementRect image;
     double clickX, clickY;
     bool in;
     ElementRect expected;
   } rows[] = {
-      {kFitted, 1000, 500, true, {2862.5f, 2177.5f, 9270, 6426}},
-      {kFitted, 1000, 500, false, {2862.5f, 2177.5f, 6437.5f, 4462.5f}},
-      {{-500, 300, 2000, 1000}, 0, 0, true, {3862.5f, 2677.5f, 2400, 1200}},
-      {{-500, 300, 2000, 1000}, 2000, 1000, false, {1862.5f, 1677.5f, 1666.6666f, 833.3333f}},
+      {"in_on_the_fitted_picture", kFitted, 1000, 500, true, {2862.5f, 2177.5f, 9270, 6426}},
+      {"out_on_the_fitted_picture", kFitted, 1000, 500, false, {2862.5f, 2177.5f, 6437.5f, 4462.5f}},
+      {"in_at_the_corner_of_a_moved_picture", {-500, 300, 2000, 1000}, 0, 0, true, {3862.5f, 2677.5f, 2400, 1200}},
+      {"out_at_the_far_corner", {-500, 300, 2000, 1000}, 2000, 1000, false,
+       {1862.5f, 1677.5f, 1666.6666f, 833.3333f}},
   };
   for (const auto& row : rows) {
+    SCOPED_TRACE(row.name);
     const auto r = ZoomStep(row.image, kClientWidth, kClientHeight, row.clickX, row.clickY, row.in);
     EXPECT_FLOAT_EQ(r.Left, row.expected.Left);
     EXPECT_FLOAT_EQ(r.Top, row.expected.Top);

@@ -107,22 +107,6 @@ TEST_P(SifRoundTripTest, FieldComesBackAsStored) {
 
 INSTANTIATE_TEST_SUITE_P(Rows, SifRoundTripTest, ::testing::ValuesIn(kRoundTrips));
 
-TEST_F(SifFileTest, ShrinkingCollectionLeavesTheOldTail) {
-  UIMainController& mc = Open("tail.sif");
-  g.Slides = ThreeSlides();
-  ASSERT_TRUE(Report(mc.SaveSettings(), errors));
-  const std::string before = ReadFile(FilesPath("tail.sif"));
-  g.Slides.resize(2);
-  ASSERT_TRUE(Report(mc.SaveSettings(), errors));
-  const std::string after = ReadFile(FilesPath("tail.sif"));
-  ASSERT_EQ(after.size(), 4 * kRecordLength);
-  EXPECT_EQ(after.substr(278), before.substr(278));  // slide 1 rewritten alike, 2 and 3 left behind
-  EXPECT_NE(after.substr(0, 278), before.substr(0, 278));
-  ASSERT_TRUE(Report(mc.LoadSettings(), errors));
-  EXPECT_EQ(mc.NumberOfRecords(), 1);
-  EXPECT_EQ(g.Slides.size(), 2u);
-}
-
 TEST_F(SifFileTest, ZeroLengthFileLoadsEmptyKeepingTheTemplate) {
   WriteFile(FilesPath("empty.sif"), "");
   UIMainController& mc = Open("empty.sif");
@@ -168,15 +152,6 @@ TEST_F(SifFileTest, FileChosenElsewhereWithoutATwinCreatesAnEmptyOne) {
   EXPECT_EQ(mc.NumberOfRecords(), 0);
   EXPECT_TRUE(std::filesystem::exists(FilesPath("lone.sif")));
   EXPECT_EQ(ReadFile(FilesPath("lone.sif")), "");
-}
-
-TEST_F(SifFileTest, SaveWritesToTheChosenPath) {
-  UIMainController& mc = Open("x");
-  mc.SetRegistryKeys(app / "elsewhere.sif");
-  g.Slides = ThreeSlides();
-  ASSERT_TRUE(Report(mc.SaveSettings(), errors));
-  EXPECT_EQ(ReadFile(app / "elsewhere.sif").size(), 4 * kRecordLength);
-  EXPECT_FALSE(std::filesystem::exists(FilesPath("elsewhere.sif")));
 }
 
 TEST_F(SifFileTest, NameDifferingInCaseIsNotFound) {

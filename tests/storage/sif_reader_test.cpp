@@ -1,5 +1,4 @@
-// The load rules on their own, and the two places a file can come from:
-// disk and memory must load and save alike.
+// The two places a file can come from: disk and memory must load alike.
 #include <gtest/gtest.h>
 
 #include <filesystem>
@@ -7,7 +6,6 @@
 #include "storage/DataAccess.h"
 #include "storage/RandomFile.h"
 #include "storage/Scramble.h"
-#include "support/RowName.h"
 #include "support/TempDir.h"
 
 namespace cb {
@@ -17,51 +15,6 @@ using testing::ReadFile;
 using testing::ReadHex;
 using testing::TempDir;
 using testing::WriteFile;
-
-SifHeader HeaderOf(const std::string& count, const std::string& tmpl) {
-  SlideRecord h;
-  h.Set(Field::Serial, ScrambleField(count));
-  h.Set(Field::Spare, ScrambleField(tmpl));
-  return DecodeHeader(h);
-}
-
-struct VerdictRow {
-  std::string name;
-  std::string count;
-  std::string tmpl;
-  CountVerdict count3;  // with three slide records in the file
-  TemplateVerdict templateVerdict;
-};
-
-const VerdictRow kVerdicts[] = {
-    {"fits", "3", "2", CountVerdict::Fits, TemplateVerdict::Take},
-    {"empty_texts", "", "", CountVerdict::NotANumber, TemplateVerdict::KeepOld},
-    {"leading_blank", " 3", "x", CountVerdict::NotANumber, TemplateVerdict::KeepOld},
-    {"beyond_records", "4", "1", CountVerdict::BeyondRecords, TemplateVerdict::Take},
-    {"at_the_limit", "32767", "1", CountVerdict::BeyondRecords, TemplateVerdict::Take},
-    {"above_the_limit", "32768", "1", CountVerdict::AboveLimit, TemplateVerdict::Take},
-    {"beyond_32_bits", "99999999999", "99999999999", CountVerdict::Unreadable, TemplateVerdict::Fails},
-};
-
-class VerdictTest : public ::testing::TestWithParam<VerdictRow> {};
-
-TEST_P(VerdictTest, JudgesCountAndTemplate) {
-  const auto& row = GetParam();
-  const SifHeader h = HeaderOf(row.count, row.tmpl);
-  EXPECT_EQ(JudgeCount(h, 3), row.count3);
-  EXPECT_EQ(JudgeTemplate(h), row.templateVerdict);
-  const bool fails = row.count3 == CountVerdict::AboveLimit || row.count3 == CountVerdict::Unreadable;
-  EXPECT_EQ(CountFailsLoad(h), fails);
-}
-
-INSTANTIATE_TEST_SUITE_P(Rows, VerdictTest, ::testing::ValuesIn(kVerdicts), testing::RowName());
-
-TEST(SifReader, RecordsHeldCountsARecordCutShort) {
-  EXPECT_EQ(RecordsHeld(0), 0);
-  EXPECT_EQ(RecordsHeld(kRecordLength), 0);
-  EXPECT_EQ(RecordsHeld(kRecordLength + 1), 1);
-  EXPECT_EQ(RecordsHeld(4 * kRecordLength), 3);
-}
 
 struct Outcome {
   RtError error;
@@ -126,23 +79,6 @@ TEST(SifReader, ATemplateTooLargeKeepsTheSettingsBeforeIt) {
   EXPECT_EQ(o.settings.SlideTemplate, 3);
   EXPECT_EQ(o.settings.ReportFont, "Arial");
   EXPECT_EQ(o.slides.size(), 2u);
-}
-
-TEST(SifReader, MemoryAndDiskSaveAlike) {
-  TempDir dir;
-  const std::string path = dir / "a.sif";
-  // A longer old file keeps its tail in both.
-  const std::string old(6 * kRecordLength, 'z');
-  WriteFile(path, old);
-  MemoryEnv memory;
-  memory.Files()[path] = old;
-  SlideArray slides(3);
-  slides[1].Set(Field::PictureFile, "a.jpg");
-  slides[2].Set(Field::Value, " 12 ");
-  const SifSettings s{0, "bg.jpg", "wall.jpg", 2, "Arial"};
-  ASSERT_TRUE(DataAccess().SaveSettings(path, s, slides).ok());
-  ASSERT_TRUE(DataAccess(memory).SaveSettings(path, s, slides).ok());
-  EXPECT_EQ(memory.Files()[path], ReadFile(path));
 }
 
 TEST(RandomFile, AReadingOpenNeverCreates) {

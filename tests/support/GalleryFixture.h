@@ -15,6 +15,7 @@
 #include "qt/StretchImage.h"
 #include "state/modGlobal.h"
 #include "support/TempDir.h"
+#include "support/WhenShown.h"
 
 namespace cb::testing {
 
@@ -33,6 +34,7 @@ class GalleryFixture : public ::testing::Test {
     });
   }
   ~GalleryFixture() override {
+    StopPolls();
     SetMsgBoxHook({});
     UnloadForms();
     Globals() = ModGlobal();

@@ -1,0 +1,139 @@
+#pragma once
+// A file system in memory that can lose power. It keeps apart what a program
+// has written and what has reached the disk: a file's bytes last only once
+// the file is synced, and a name made, moved or removed in a folder lasts
+// only once that folder is synced. At a crash every step not yet made to last
+// is lost, and an unsynced tail may be kept in part, as a torn write leaves it.
+
+#include <map>
+#include <memory>
+#include <random>
+#include <string>
+
+#include "storage/Env.h"
+
+namespace cb::testing {
+
+class FaultEnv : public Env {
+ public:
+  explicit FaultEnv(unsigned seed) : rng_(seed) {}
+
+  // The power fails once this many more steps have run; -1 never.
+  int stepsLeft = -1;
+  // Whether Rename syncs the folder after the move, as the disk's does.
+  bool renameSyncsFolder = true;
+  // Whether Sync of a file reaches the disk.
+  bool fileSyncWorks = true;
+
+  // Writes `path` and makes it last, as a file that was there before.
+  void Lasting(const std::string& path, const std::string& bytes) {
+    auto node = std::make_shared<Node>(Node{bytes, bytes});
+    names_[path] = durable_[path] = node;
+  }
+
+  // Power comes back: the names of the last folder sync, each file cut to
+  // what was synced plus some of what was not, and the steps run again.
+  void Restart() {
+    names_ = durable_;
+    for (auto& [name, node] : names_) {
+      const std::size_t kept = node->synced.size() < node->data.size() && node->data.starts_with(node->synced)
+                                   ? std::uniform_int_distribution<std::size_t>(node->synced.size(), node->data.size())(rng_)
+                                   : node->synced.size();
+      node->data = node->synced = node->data.substr(0, kept);
+    }
+    stepsLeft = -1;
+  }
+
+  RtError OpenRecords(const std::string& path, std::size_t recordLength, OpenMode mode,
+                      std::unique_ptr<RecordFile>& file) override {
+    auto it = names_.find(path);
+    if (it == names_.end()) {
+      if (mode == OpenMode::Read) return RtError::FileNotFound;
+      it = names_.emplace(path, std::make_shared<Node>()).first;
+    }
+    file = RecordsOver(it->second->data, recordLength);
+    return RtError::None;
+  }
+  std::string EntryName(const std::string& path) override { return path; }
+  RtError ReadWhole(const std::string& path, std::string& bytes) override {
+    const auto it = names_.find(path);
+    if (it == names_.end()) return RtError::FileNotFound;
+    bytes = it->second->data;
+    return RtError::None;
+  }
+  std::string ResolveLinks(const std::string& path) override { return path; }
+  RtError NewFileBeside(const std::string& target, unsigned, std::string& name,
+                        std::unique_ptr<WritableFile>& file) override {
+    if (!Step()) return RtError::DeviceIO;
+    name = target + ".new" + std::to_string(++made_);
+    auto node = std::make_shared<Node>();
+    names_[name] = node;
+    file = std::make_unique<File>(*this, node);
+    return RtError::None;
+  }
+  RtError Rename(const std::string& from, const std::string& to) override {
+    if (!Step()) return RtError::DeviceIO;
+    const auto it = names_.find(from);
+    if (it == names_.end()) return RtError::FileNotFound;
+    names_[to] = it->second;
+    names_.erase(from);
+    if (!renameSyncsFolder) return RtError::None;
+    if (!Step()) return RtError::DeviceIO;
+    durable_ = names_;
+    return RtError::None;
+  }
+  void Remove(const std::string& path) override {
+    if (Step()) names_.erase(path);
+  }
+
+  // A save needs none of the folder work; it is refused, so a use shows.
+  RtError MakeDirectory(const std::string&, unsigned) override { return RtError::PathFileAccess; }
+  RtError NewWritableFile(const std::string&, unsigned, std::unique_ptr<WritableFile>&) override {
+    return RtError::PathFileAccess;
+  }
+  RtError CopyFile(const std::string&, const std::string&) override { return RtError::PathFileAccess; }
+  RtError ListDirectory(const std::string&, std::vector<DirEntry>&) override { return RtError::PathFileAccess; }
+  EntryKind KindOf(const std::string&) override { return EntryKind::Missing; }
+  RtError CopyTree(const std::string&, const std::string&) override { return RtError::PathFileAccess; }
+  RtError MakeUniqueDirectory(const std::string&, unsigned, std::string&) override { return RtError::PathFileAccess; }
+  RtError MakeLink(const std::string&, const std::string&) override { return RtError::PathFileAccess; }
+  void RemoveTree(const std::string&) override {}
+
+ private:
+  struct Node {
+    std::string data, synced;
+  };
+
+  class File : public WritableFile {
+   public:
+    File(FaultEnv& env, std::shared_ptr<Node> node) : env_(env), node_(std::move(node)) {}
+    RtError Append(std::string_view bytes) override {
+      if (!env_.Step()) return RtError::DeviceIO;
+      node_->data += bytes;
+      return RtError::None;
+    }
+    RtError Sync() override {
+      if (!env_.Step()) return RtError::DeviceIO;
+      if (env_.fileSyncWorks) node_->synced = node_->data;
+      return RtError::None;
+    }
+    RtError Close() override { return env_.Step() ? RtError::None : RtError::DeviceIO; }
+
+   private:
+    FaultEnv& env_;
+    std::shared_ptr<Node> node_;
+  };
+
+  // Counts a step; false once the power has failed.
+  bool Step() {
+    if (stepsLeft == 0) return false;
+    if (stepsLeft > 0) --stepsLeft;
+    return true;
+  }
+
+  std::mt19937 rng_;
+  std::map<std::string, std::shared_ptr<Node>> names_, durable_;
+  int made_ = 0;
+};
+
+}  // namespace cb::testing
