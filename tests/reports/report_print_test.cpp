@@ -60,11 +60,5 @@ TEST_F(ReportPrintTest, AFailedPrintSaysWhyAndWhatElseToTry) {
                            "report and selecting the 'Print' option."));
 }
 
-TEST_F(ReportPrintTest, NothingToPrintIsSaid) {
-  ReportBrowser empty;
-  PrintBrowser(empty, "report");
-  EXPECT_EQ(messages, QStringList{"Chattelbook: The Print command is currently disabled."});
-}
-
 }  // namespace
 }  // namespace cb

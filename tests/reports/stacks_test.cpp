@@ -1,52 +1,11 @@
-// The two histories: the numbered report files and the viewers' pages.
+// The viewers' page history.
 
 #include <gtest/gtest.h>
 
 #include "model/WBStack.h"
-#include "reports/ReportPages.h"
 
 namespace cb {
 namespace {
-
-struct Step {
-  std::int32_t operation;
-  const char* fileName;
-  const char* result;
-  std::int32_t current;
-};
-
-TEST(ReportStack, NumbersTheFilesOfADrillDown) {
-  const Step steps[] = {
-      {8, "", "Report 1.htm", 0},  // before the first summary
-      {9, "/r/Report1.htm", "/r/Report1.htm", 1},
-      {7, "", "Report 1.htm", 1},  // a name nothing writes
-      {8, "", "Report 2.htm", 1},
-      {0, "/r/Report 2.htm", "/r/Report 2.htm", 2},
-      {8, "", "Report 3.htm", 2},
-      {0, "/r/Report 3.htm", "/r/Report 3.htm", 3},
-      {-1, "", "/r/Report 2.htm", 2},
-      {-1, "", "/r/Report1.htm", 1},
-      {-1, "", "", 1},  // not below the first
-      {1, "", "/r/Report 2.htm", 2},
-      {0, "/r/other.htm", "/r/other.htm", 3},  // a push below the end overwrites
-      {1, "", "", 3},                          // nothing after the end
-      {5, "x", "", 3},
-      {9, "/r/Report1.htm", "/r/Report1.htm", 1},  // a new summary restarts the list
-      {8, "", "Report 2.htm", 1},
-  };
-  ReportPages pages;
-  for (const auto& s : steps) {
-    const auto op = static_cast<StackOp>(s.operation);  // the numbers callers have always used
-    EXPECT_EQ(pages.Stack(op, s.fileName), s.result) << s.operation << " " << s.fileName;
-    EXPECT_EQ(pages.Current(), s.current) << s.operation << " " << s.fileName;
-  }
-  EXPECT_EQ(pages.Items().size(), 2u);
-}
-
-TEST(ReportStack, NegativeNumbersKeepTheirSign) {
-  EXPECT_EQ(BlankLedDecimal(-2), "-2");
-  EXPECT_EQ(BlankLedDecimal(0), " 0");
-}
 
 struct WBStep {
   std::int32_t operation;

@@ -18,17 +18,6 @@ struct KeyRow {
   std::optional<std::string> key;
 };
 
-// Both viewers print through one routine; only the advice's topic differs.
-TEST(PrintErrorText, AdvisesTheViewersOwnTopic) {
-  for (const std::string_view topic : {"report", "help topic"}) {
-    EXPECT_EQ(PrintErrorText("Out of paper", topic),
-              "Print command Error: Out of paper\n\n"
-              "Chattelbook is having problems sending commands\n"
-              "directly to the printer.  Try right-clicking on the\n" +
-                  std::string(topic) + " and selecting the 'Print' option.");
-  }
-}
-
 TEST(LinkKey, IsEverythingBehindTheFirstQuestionMarkAsWritten) {
   const KeyRow rows[] = {
       {"file:////home/ann/Files/Household.sif?Lounge", "Lounge"},
@@ -66,19 +55,6 @@ TEST(RowsOpened, OpensEveryRowThatFollowsAClosedOne) {
       {"</tr>", "</tr>"},
   };
   for (const auto& [page, viewed] : rows) EXPECT_EQ(RowsOpened(page), viewed) << page;
-}
-
-// On a real summary: every row opened, and nothing else changed.
-TEST(RowsOpened, LeavesASummaryWhatItWasBesidesTheOpenedRows) {
-  const std::string page = ReadFile(std::string(GOLDEN) + "/summary_home_by_category/page.htm");
-  ASSERT_NE(page.find("</tr><td"), std::string::npos);
-  const std::string viewed = RowsOpened(page);
-  EXPECT_EQ(viewed.find("</tr><td"), std::string::npos);
-  auto without = [](std::string s, const std::string& cut) {
-    for (auto at = s.find(cut); at != std::string::npos; at = s.find(cut)) s.erase(at, cut.size());
-    return s;
-  };
-  EXPECT_EQ(without(viewed, "<tr>"), without(page, "<tr>"));
 }
 
 TEST(FontFallbacks, EveryOfferedFontEndsInAFontDebianAlwaysHas) {
