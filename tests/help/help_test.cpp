@@ -88,23 +88,6 @@ TEST_F(HelpPages, QuotedPassagesStandAsWritten) {
   for (const auto& [file, quote] : quotes) EXPECT_NE(Page(file).find(quote), std::string::npos) << file << ": " << quote;
 }
 
-TEST_F(HelpPages, APageThatCannotBeWrittenDoesNotStopTheOthers) {
-  fs::create_directories(app / "Help/help007.htm");  // a directory in the page's place
-  UIHelpController help(app.str());
-  EXPECT_FALSE(help.GenerateHelp());
-  EXPECT_EQ(help.LastError(), RtError::PathFileAccess);
-  for (const std::string& file : Files())
-    if (file != "help007.htm") {
-      EXPECT_TRUE(Page(file).starts_with("<html>")) << file;
-    }
-  EXPECT_EQ(Files().size(), 15u);
-
-  fs::remove_all(app / "Help");
-  EXPECT_FALSE(help.GenerateHelp());
-  EXPECT_EQ(help.LastError(), RtError::PathNotFound);
-  EXPECT_FALSE(fs::exists(app / "Help"));
-}
-
 // Pages in memory; the disk fills up while help007.htm is written.
 class FullAtOnePage : public MemoryEnv {
  public:
