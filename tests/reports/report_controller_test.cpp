@@ -42,15 +42,6 @@ TEST_F(ReportController, DrillDownFilesAreNumberedFromTwoAfterEachSummary) {
   EXPECT_NE(Page("Report 3.htm").find("Electrical"), std::string::npos);
 }
 
-TEST_F(ReportController, AFailedWriteFillsErrorInfo) {
-  // A file where the Reports directory should be.
-  WriteFile(app / "Reports", "not a directory");
-  UIReportController& r = Controller();
-  EXPECT_FALSE(r.CreateReportByCategory());
-  EXPECT_EQ(g.ErrorInfo[0], "76");
-  EXPECT_FALSE(r.CreateSubReportByCategory("Furniture"));
-}
-
 TEST_F(ReportController, ASumBeyondADoubleFailsTheReport) {
   g.Slides = ParseSlideTable("a.jpg|A|Cars|Yard||1E308\nb.jpg|B|Cars|Yard||1E308\n");
   UIReportController& r = Controller();
