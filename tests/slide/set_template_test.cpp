@@ -1,6 +1,4 @@
 #include <QCoreApplication>
-#include <QGroupBox>
-#include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
 #include <QRadioButton>
@@ -93,18 +91,10 @@ TEST_P(SetTemplateLoad, ShowsTheTemplateInForceAndLeavingChangesNothing) {
       asked = true;
       f->cmdCancel->click();
     });
-    EXPECT_EQ(d->windowTitle(), "Set Slide Template");
-    EXPECT_EQ(d->Frame1->title(), "Available Templates");
     QStringList checked;
     for (QRadioButton* o : d->findChildren<QRadioButton*>())
       if (o->isChecked()) checked << o->objectName();
     EXPECT_EQ(checked, QStringList{row.chosen});
-    // Each option has its picture beside it.
-    for (const char* picture : {"imgHome", "imgRE", "imgVEH"}) {
-      auto* label = d->findChild<QLabel*>(picture);
-      ASSERT_NE(label, nullptr) << picture;
-      EXPECT_FALSE(label->pixmap().isNull()) << picture;
-    }
     d->optVEH->setChecked(true);
     if (row.endWithF1)
       QTest::keyClick(d->optVEH, Qt::Key_F1);
