@@ -4,11 +4,6 @@
 
 #include <QImage>
 
-#include <algorithm>
-#include <cstdlib>
-#include <fstream>
-
-#include "support/TempDir.h"
 
 namespace cb {
 namespace {
@@ -40,29 +35,6 @@ TEST(ProgramIcon, EverySizeIsTheTileOnAClearGround) {
     }
   }
   EXPECT_GE(ProgramIcon().availableSizes().size(), 4);
-}
-
-// The scalable icon and the painted sizes come from one table; drawn by
-// another renderer, the SVG must give the same picture.
-TEST(ProgramIcon, SvgDrawsTheSamePictureAsThePainter) {
-  if (std::system("command -v rsvg-convert >/dev/null") != 0) GTEST_SKIP() << "rsvg-convert is not installed";
-  testing::TempDir dir;
-  const std::string svg = dir / "icon.svg", png = dir / "icon.png";
-  std::ofstream(svg) << ProgramIconSvg();
-  const std::string command = "rsvg-convert -w 128 -h 128 -o '" + png + "' '" + svg + "'";
-  ASSERT_EQ(std::system(command.c_str()), 0);
-  const QImage theirs = QImage(QString::fromStdString(png)).convertToFormat(QImage::Format_ARGB32);
-  const QImage ours = PaintProgramIcon(128).convertToFormat(QImage::Format_ARGB32);
-  ASSERT_EQ(theirs.size(), ours.size());
-  int differing = 0;
-  for (int y = 0; y < 128; ++y)
-    for (int x = 0; x < 128; ++x) {
-      const QRgb a = theirs.pixel(x, y), b = ours.pixel(x, y);
-      const int d = std::max({std::abs(qRed(a) - qRed(b)), std::abs(qGreen(a) - qGreen(b)),
-                              std::abs(qBlue(a) - qBlue(b)), std::abs(qAlpha(a) - qAlpha(b))});
-      if (d > 48) ++differing;  // antialiased edges may differ a little
-    }
-  EXPECT_LT(differing, 128 * 128 / 100);
 }
 
 }  // namespace

@@ -3,11 +3,8 @@
 #include <gtest/gtest.h>
 
 #include <QImage>
-#include <QPainter>
 #include <QPixmap>
 #include <QSet>
-
-#include <cstdlib>
 
 #include "artwork/TemplatePictures.h"
 
@@ -66,30 +63,6 @@ TEST(ToolbarIcon, EveryKeyDrawsAtEverySizeAndRatio) {
           EXPECT_EQ(n.partial, 0);
         }
       }
-  }
-}
-
-TEST(ToolbarIcon, PaintingOnAHighDensityDeviceUsesItsPixels) {
-  const QIcon icon = ToolbarIcon("Report");
-  QImage target(48, 48, QImage::Format_ARGB32_Premultiplied);
-  target.setDevicePixelRatio(2.0);
-  target.fill(Qt::transparent);
-  {
-    QPainter p(&target);
-    icon.paint(&p, QRect(0, 0, 24, 24));
-  }
-  const QImage expected = Pixels(icon.pixmap(QSize(24, 24), 2.0));
-  QImage painted = target.convertToFormat(QImage::Format_ARGB32);
-  painted.setDevicePixelRatio(expected.devicePixelRatio());
-  EXPECT_EQ(painted, expected);
-}
-
-TEST(ToolbarIcon, OddShapedRequestsKeepTheirSizeWithThePictureInTheMiddle) {
-  const QImage image = Pixels(ToolbarIcon("Help").pixmap(QSize(40, 24), 1.0));
-  ASSERT_EQ(image.size(), QSize(40, 24));
-  for (int y = 0; y < image.height(); ++y) {
-    EXPECT_EQ(qAlpha(image.pixel(0, y)), 0);
-    EXPECT_EQ(qAlpha(image.pixel(image.width() - 1, y)), 0);
   }
 }
 

@@ -7,7 +7,6 @@ namespace cb {
 namespace {
 
 using ::testing::ElementsAre;
-using ::testing::ElementsAreArray;
 using Names = std::vector<std::string>;
 
 struct MatchRow {
@@ -60,22 +59,6 @@ TEST(FileListingTest, DirectoriesAreCleanedAgainstTheBase) {
       {"/", "/x", "/"},
   };
   for (const auto& r : rows) EXPECT_EQ(CleanDirectory(r.path, r.base), r.clean) << r.path;
-}
-
-TEST(FileListingTest, DrivesAreTheRootHomeAndUserVolumes) {
-  EXPECT_THAT(DriveRoots("/home/u/", {"/", "/boot/efi", "/media/u/USB", "/home", "/mnt/data", "/media/", "/home/u"}),
-              ElementsAre("/", "/home/u", "/media/u/USB", "/mnt/data"));
-  EXPECT_THAT(DriveRoots("/", {}), ElementsAre("/"));
-  EXPECT_THAT(DriveRoots("", {}), ElementsAre("/"));
-
-  const Names roots = {"/", "/home/u", "/media/u/USB"};
-  const struct {
-    const char *path, *drive;
-  } rows[] = {
-      {"/home/u/Files", "/home/u"}, {"/home/u", "/home/u"},           {"/home/user2", "/"},
-      {"/home", "/"},               {"/media/u/USB/x", "/media/u/USB"}, {"/", "/"},
-  };
-  for (const auto& r : rows) EXPECT_EQ(DriveOf(r.path, roots), r.drive) << r.path;
 }
 
 }  // namespace

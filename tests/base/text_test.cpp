@@ -3,7 +3,6 @@
 #include "base/Cp1252.h"
 #include "base/Status.h"
 #include "base/Text.h"
-#include "state/StartupErrors.h"
 
 namespace cb {
 namespace {
@@ -79,20 +78,6 @@ TEST(Cp1252Test, ConvertsBothWays) {
     const std::string one(1, static_cast<char>(b));
     EXPECT_EQ(Utf8ToCp1252(Cp1252ToUtf8(one)), one) << b;
   }
-}
-
-TEST(StartupErrorsTest, OnlyAnInvalidPictureIsToldAsWallpaper) {
-  EXPECT_FALSE(StartupErrorMessage(RtError::FileNotFound, "Chattelbook"));
-  EXPECT_FALSE(StartupErrorMessage(RtError::PathFileAccess, "Chattelbook"));
-  EXPECT_FALSE(StartupErrorMessage(RtError::PathNotFound, "Chattelbook"));
-  const auto picture = StartupErrorMessage(RtError::InvalidPicture, "Chattelbook");
-  ASSERT_TRUE(picture);
-  EXPECT_EQ(picture->text, "481: Invalid picture");
-  EXPECT_EQ(picture->title, "Wallpaper");
-  const auto other = StartupErrorMessage(RtError::OutOfMemory, "Chattelbook");
-  ASSERT_TRUE(other);
-  EXPECT_EQ(other->text, "Out of memory");
-  EXPECT_EQ(other->title, "Chattelbook");
 }
 
 }  // namespace

@@ -92,10 +92,7 @@ class CommonDialogTest : public ::testing::Test {
 TEST_F(CommonDialogTest, FirstTouchOfTheFolderLoadsTheDialog) {
   dlg.txtFilename->setText("typed");
   Prepare(dlg, "Open");
-  EXPECT_EQ(dlg.windowTitle(), "Open");
-  EXPECT_FALSE(dlg.Cancelled);
   EXPECT_EQ(dlg.FileListBox1->Path(), Q(app.str()));
-  EXPECT_EQ(dlg.Drive1->Drive(), "/");
   EXPECT_EQ(Items(*dlg.FileListBox1), QStringList({"A.sif", "b.sif"}));
   EXPECT_EQ(dlg.txtFilename->text(), "");  // cleared by the change of folder
   // Setting the type's text runs no handler.
@@ -164,7 +161,6 @@ const ExitRow kExits[] = {
     {"escape", [](frmCommonDialog& d) { QTest::keyClick(d.FileListBox1, Qt::Key_Escape); }, true, "b.sif", ""},
     {"help", [](frmCommonDialog& d) { d.cmdHelp->click(); }, false, "", "help002.htm"},
     {"f1_in_list", [](frmCommonDialog& d) { QTest::keyClick(d.FileListBox1, Qt::Key_F1); }, false, "", "help002.htm"},
-    {"f1_in_name", [](frmCommonDialog& d) { QTest::keyClick(d.txtFilename, Qt::Key_F1); }, false, "", "help002.htm"},
     {"close", [](frmCommonDialog& d) { d.close(); }, false, "", ""},
 };
 

@@ -51,9 +51,7 @@ class DirectoryDialogTest : public ::testing::Test {
 
 TEST_F(DirectoryDialogTest, OpensOnTheGalleryAndOkReturnsTheFolderOpen) {
   const QString picked = Run([this](frmDirectory& d) {
-    EXPECT_EQ(d.windowTitle(), "Select Slide Directory");
     EXPECT_EQ(d.Dir1->Path(), Q(app / "Gallery"));
-    EXPECT_EQ(d.Drive1->Drive(), "/");
     d.Dir1->Path(Q(app / "Camera/Day1"));
     d.Drive1->setCurrentIndex(d.Drive1->count() - 1);  // shown, not picked: the folder list decides
     d.cmdOK->click();
@@ -73,7 +71,6 @@ struct ExitRow {
 const ExitRow kExits[] = {
     {"cancel", [](frmDirectory& d) { d.cmdCancel->click(); }, ""},
     {"escape", [](frmDirectory& d) { QTest::keyClick(d.Dir1, Qt::Key_Escape); }, ""},
-    {"close", [](frmDirectory& d) { d.close(); }, ""},
     {"help", [](frmDirectory& d) { d.cmdHelp->click(); }, "help002.htm"},
     {"f1_in_folders", [](frmDirectory& d) { QTest::keyClick(d.Dir1, Qt::Key_F1); }, "help002.htm"},
 };

@@ -22,12 +22,8 @@
 #include "dialogs/HelpRoutine.h"
 #include "dialogs/dlgWhat.h"
 #include "dialogs/frmCommonDialog.h"
-#include "dialogs/frmDirectory.h"
-#include "dialogs/frmLoading.h"
 #include "frame/frmAbout.h"
 #include "frame/frmLogin.h"
-#include "frame/frmSplash.h"
-#include "gallery/dlgRemoveSlide.h"
 #include "gallery/frmBackground.h"
 #include "gallery/frmModifySlide.h"
 #include "help/frmHelp.h"
@@ -65,18 +61,6 @@ Opened SifDialog() {
   return Own(d);
 }
 
-Opened AddSlideDialog() {
-  auto* d = new frmCommonDialog;
-  d->cboFileType->addItems({"Slides (*.jpg)", "All Files (*.*)"});
-  return Own(d);
-}
-
-Opened LongestProgressText() {
-  frmLoading& loading = TheLoading();
-  loading.lblText->setText("Refreshing slides...");
-  return {&loading, nullptr};
-}
-
 Opened SlideWindow() {
   QTest::mouseClick(TheMDIMain().fGallery()->Image1(3), Qt::LeftButton);
   return {FindOpenForm("frmSlide"), nullptr};
@@ -101,20 +85,13 @@ const WindowRow kWindows[] = {
     {"MDIMain", [] { return Opened{&TheMDIMain(), nullptr}; }},
     {"frmGallery", [] { return Opened{TheMDIMain().fGallery(), nullptr}; }},
     {"frmSlide", SlideWindow},
-    {"frmLoading", LongestProgressText},
-    {"frmSplash", [] { return Own(new frmSplash); }},
     {"frmAbout", [] { return Own(new frmAbout); }},
     {"frmLogin_Login", [] { return Own(new frmLogin(frmLogin::kLogin)); }},
-    {"frmLogin_SetPassword", [] { return Own(new frmLogin(frmLogin::kSetPassword)); }},
     {"frmCommonDialog_Sif", SifDialog},
-    {"frmCommonDialog_AddSlide", AddSlideDialog},
-    {"dlgRemoveSlide", [] { return Own(new dlgRemoveSlide); }},
-    {"frmDirectory", [] { return Own(new frmDirectory); }},
     {"frmModifySlide", [] { return Own(new frmModifySlide); }},
     {"frmBackground", [] { return Own(new frmBackground); }},
     {"dlgWhat", MainWallpaperNote},
     {"frmEditSlide", [] { return SlideEditor(1); }},
-    {"frmEditSlideRE", [] { return SlideEditor(2); }},
     {"frmEditSlideVEH", [] { return SlideEditor(3); }},
     {"frmSetSlideTemplate", [] { return Own(new frmSetSlideTemplate); }},
     {"frmSelectReport", [] { return Own(new frmSelectReport); }},

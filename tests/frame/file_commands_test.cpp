@@ -86,19 +86,6 @@ TEST_P(NewNameTest, ExtensionIsAddedOnlyWithoutADot) {
 
 INSTANTIATE_TEST_SUITE_P(Rows, NewNameTest, ::testing::ValuesIn(kNewNames));
 
-TEST_F(FileCommandsTest, SaveAsWithoutADotWritesThereAndTheNextSaveToo) {
-  Start(3);
-  AnswerDialog("copy", "");
-  TheMDIMain().mnuFileSaveAs_Click();
-  ASSERT_TRUE(std::filesystem::exists(Files("copy")));
-  EXPECT_EQ(Gallery().windowTitle(), QString::fromStdString("Gallery " + Files("copy")));
-  Globals().Slides.pop_back();
-  ErrorArray errors;
-  ASSERT_TRUE(Report(Mc().SaveSettings(), errors));
-  EXPECT_EQ(CountIn(Files("copy")), 2);
-  EXPECT_EQ(CountIn(Files("t.sif")), 3);
-}
-
 TEST_F(FileCommandsTest, OpenOfABadFileTellsAndRebuildsFromWhatIsHeld) {
   Start(3);
   SlideRecord header;
@@ -109,18 +96,6 @@ TEST_F(FileCommandsTest, OpenOfABadFileTellsAndRebuildsFromWhatIsHeld) {
   EXPECT_EQ(messages, QStringList({"Load Error: Invalid Slide Information File"}));
   EXPECT_EQ(Globals().Slides.size(), 4u);
   EXPECT_EQ(settings.Get("Startup", "DefDir", ""), Files("bad.sif"));  // the settings point at it all the same
-  ASSERT_NE(TheMDIMain().fGallery(), nullptr);
-}
-
-TEST_F(FileCommandsTest, GalleryMenuReachesTheCommandsThatRebuildIt) {
-  Start(3);
-  testing::WriteFile(Files("second.sif"), "");
-  AnswerDialog("", "second.sif");
-  QPointer<frmGallery> old = &Gallery();
-  old->Item(MenuId::FileOpen)->trigger();  // the gallery goes down under its own menu
-  QCoreApplication::processEvents();       // once that menu is done with the click
-  EXPECT_TRUE(old.isNull());
-  EXPECT_EQ(Mc().SlideInformationFile(), "second.sif");
   ASSERT_NE(TheMDIMain().fGallery(), nullptr);
 }
 

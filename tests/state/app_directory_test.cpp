@@ -62,8 +62,6 @@ TEST(AppDirectory, FirstStartSeedsTheUsersDirectory) {
   ASSERT_EQ(app, data + "/Chattelbook");
   EXPECT_EQ(ReadFile(app + "/Files/HomeSecurity.sif"), std::string("sif\0bytes", 9));
   EXPECT_EQ(ReadFile(app + "/Gallery/tv.jpg"), "tv");
-  EXPECT_EQ(ReadFile(app + "/Background/oak.jpg"), "oak");
-  EXPECT_EQ(ReadFile(app + "/wallpaper/sage.jpg"), "sage");
   EXPECT_TRUE(fs::is_empty(app + "/Help"));
   EXPECT_TRUE(fs::is_empty(app + "/Reports"));
   EXPECT_EQ(fs::read_symlink(app + "/help"), "Help");
@@ -77,21 +75,6 @@ TEST(AppDirectory, FirstStartSeedsTheUsersDirectory) {
   EXPECT_EQ(ChooseApplicationDirectory(shipped.root.string(), false, data.c_str(), nullptr), app);
   EXPECT_EQ(ReadFile(app + "/Files/MyFiles.sif"), "mine");
   EXPECT_FALSE(fs::exists(app + "/Gallery/tv.jpg"));
-}
-
-TEST(AppDirectory, AWritableExecutableDirectoryStaysTheApplicationDirectory) {
-  Shipped shipped;
-  EXPECT_EQ(ChooseApplicationDirectory(shipped.root.string(), true, (shipped.dir / "data").c_str(), nullptr),
-            shipped.root.string());
-  EXPECT_FALSE(fs::exists(shipped.dir / "data"));
-}
-
-TEST(AppDirectory, NoPlaceForTheUsersDirectoryFallsBackToTheExecutables) {
-  Shipped shipped;
-  WriteFile(shipped.dir / "file", "a file where a folder would go");
-  EXPECT_EQ(ChooseApplicationDirectory(shipped.root.string(), false, (shipped.dir / "file/data").c_str(), nullptr),
-            shipped.root.string());
-  EXPECT_EQ(ChooseApplicationDirectory(shipped.root.string(), false, nullptr, nullptr), shipped.root.string());
 }
 
 // The shipped tree in memory, refusing one step of the seeding.

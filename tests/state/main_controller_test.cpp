@@ -76,16 +76,5 @@ TEST(MainControllerTest, RegistryKeysNameTheFileOfTheNextStart) {
   EXPECT_EQ(next.SlideInformationPath(), "/data/");
 }
 
-TEST(MainControllerTest, EmptyCollectionHasNoBase) {
-  MemorySettings settings;
-  ModGlobal g;
-  UIMainController mc("/app", settings, g);
-  mc.CurrentlyActiveBase(16);
-  mc.NumberOfRecords(20);
-  EXPECT_EQ(mc.CurrentlyActiveBase(), 16);
-  mc.NumberOfRecords(0);
-  EXPECT_EQ(mc.CurrentlyActiveBase(), 0);
-}
-
 }  // namespace
 }  // namespace cb

@@ -36,47 +36,22 @@ const ProgramFile kFiles[] = {
        std::string(26, 'o'), std::string(26, 's'), std::string(11, 'v')}}},
 };
 
-TEST(Import, JsonExportGivesBackTheSameBytes) {
-  for (const auto& f : kFiles) {
-    SCOPED_TRACE(f.name);
-    Scratch dir;
-    const std::string original = WriteAsProgram(dir / "original.sif", f.header, f.slides);
-    const Outcome exported = RunInProcess({"export", dir / "original.sif", "--format", "json", "-o", dir / "out.json"});
-    ASSERT_EQ(exported.status, 0) << exported.err;
-    const Outcome imported = RunInProcess({"import", dir / "out.json", "-o", dir / "back.sif"});
-    ASSERT_EQ(imported.status, 0) << imported.err;
-    EXPECT_EQ(ReadFile(dir / "back.sif"), original);
-  }
-}
-
-TEST(Import, CsvExportGivesBackTheSameSlideRecords) {
-  for (const auto& f : kFiles) {
-    SCOPED_TRACE(f.name);
-    Scratch dir;
-    const std::string original = WriteAsProgram(dir / "original.sif", f.header, f.slides);
-    const Outcome exported = RunInProcess({"export", dir / "original.sif"});
-    ASSERT_EQ(exported.status, 0) << exported.err;
-    const Outcome imported = RunInProcess(
-        {"import", "-", "-o", dir / "back.sif", "--template", std::to_string(f.header.slideTemplate)}, exported.out);
-    ASSERT_EQ(imported.status, 0) << imported.err;
-    const std::string back = ReadFile(dir / "back.sif");
-    // CSV carries no settings: only the header's settings fields may differ.
-    ASSERT_EQ(back.size(), original.size());
-    EXPECT_EQ(back.substr(kRecordLength), original.substr(kRecordLength));
-    if (f.header.background.empty() && f.header.wallpaper.empty() && f.header.font.empty()) {
-      EXPECT_EQ(back, original);
+// JSON carries the settings too; CSV only the slide records.
+TEST(Import, ExportThenImportGivesBackTheFile) {
+  for (const auto& f : kFiles)
+    for (const std::string format : {"json", "csv"}) {
+      SCOPED_TRACE(std::string(f.name) + " as " + format);
+      Scratch dir;
+      const std::string original = WriteAsProgram(dir / "original.sif", f.header, f.slides);
+      const Outcome exported = RunInProcess({"export", dir / "original.sif", "--format", format});
+      ASSERT_EQ(exported.status, 0) << exported.err;
+      std::vector<std::string> args{"import", "-", "--format", format, "-o", dir / "back.sif"};
+      if (format == "csv") args.insert(args.end(), {"--template", std::to_string(f.header.slideTemplate)});
+      const Outcome imported = RunInProcess(args, exported.out);
+      ASSERT_EQ(imported.status, 0) << imported.err;
+      const std::size_t from = format == "csv" ? kRecordLength : 0;
+      EXPECT_EQ(ReadFile(dir / "back.sif").substr(from), original.substr(from));
     }
-  }
-}
-
-TEST(Import, CsvKeepsCommasQuotesLineBreaksAndWindows1252Text) {
-  Scratch dir;
-  WriteAsProgram(dir / "a.sif", {}, {{"café.jpg", "Ring, \"gold\"\r\n18 ct", "Bijoux é", "", "", "", "", "€900"}});
-  const Outcome exported = RunInProcess({"export", dir / "a.sif"});
-  ASSERT_EQ(exported.status, 0);
-  EXPECT_EQ(exported.out,
-            "Spare,PictureFile,SlideText,Category,Location,Make,Model,Serial,Value\r\n"
-            ",café.jpg,\"Ring, \"\"gold\"\"\r\n18 ct\",Bijoux é,,,,,€900\r\n");
 }
 
 TEST(Import, FieldsAreMeasuredInWindows1252Characters) {
@@ -104,13 +79,11 @@ const Refusal kRefusals[] = {
     {"value too long", "csv", "Value\r\n123456789012\r\n", "row 1, Value: 12 characters, longer than the 11"},
     {"no Windows-1252 form", "csv", "Make,Model\r\nok,ok\r\nok,ok\r\nTick \xE2\x9C\x93,ok\r\n",
      "row 3, Make: U+2713 is a character Windows-1252 cannot hold"},
-    {"not UTF-8", "csv", "Category\r\n\xFF\r\n", "row 1, Category: not valid UTF-8"},
     {"slide too long in JSON", "json", "{\"slides\": [{\"serial\": \"" + std::string(27, 's') + "\"}]}",
      "row 1, Serial: 27 characters, longer than the 26"},
     {"setting too long", "json", "{\"reportFont\": \"" + std::string(27, 'f') + "\"}",
      "reportFont: 27 characters, longer than the 26"},
     {"template outside 1 to 3", "json", "{\"template\": 4}", "template 4 is outside 1 to 3"},
-    {"unknown column", "csv", "Serial #\r\n1\r\n", "column \"Serial #\""},
 };
 
 TEST(Import, RefusesWithRowAndFieldAndWritesNothing) {
@@ -140,21 +113,6 @@ TEST(Import, KeepsAnExistingFileUnlessForced) {
   ASSERT_EQ(RunInProcess(forced).status, 0);
   EXPECT_EQ(ReadFile(dir / "out.sif").size(), 2 * kRecordLength);
   EXPECT_THAT(Names(dir), ::testing::UnorderedElementsAre("in.csv", "out.sif"));
-}
-
-TEST(Import, TemplateComesFromTheOptionThenTheFileThenOne) {
-  Scratch dir;
-  const struct {
-    std::string json;
-    std::vector<std::string> option;
-    const char* header;
-  } cases[] = {{"{\"template\": 2}", {}, "2"}, {"{\"template\": 2}", {"--template", "3"}, "3"}, {"{}", {}, "1"}};
-  for (const auto& c : cases) {
-    std::vector<std::string> args{"import", "-", "-o", dir / "out.sif", "--format", "json", "--force"};
-    args.insert(args.end(), c.option.begin(), c.option.end());
-    ASSERT_EQ(RunInProcess(args, c.json).status, 0);
-    EXPECT_THAT(RunInProcess({"show", dir / "out.sif"}).out, HasSubstr(std::string("Template:         ") + c.header));
-  }
 }
 
 }  // namespace

@@ -39,10 +39,8 @@ struct ReportCase {
 const ReportCase kCases[] = {
     {"summary by category", 1, ReportKind::ByCategory, {}, {}},
     {"summary by location", 1, ReportKind::ByLocation, {}, {}},
-    {"summary by year", 3, ReportKind::ByLocation, {}, {}},
     {"sub-report of a category", 1, ReportKind::ByCategory, "Furniture", {}},
     {"sub-report of a suburb", 2, ReportKind::ByLocation, "Lounge", {}},
-    {"sub-report of no slide", 1, ReportKind::ByCategory, "Garden", {}},
     {"another font", 2, ReportKind::ByCategory, {}, "Courier New"},
     {"template 9 reports as 1", 9, ReportKind::ByLocation, {}, {}},
 };
@@ -84,24 +82,6 @@ TEST(Report, IsThePageTheProgramWrites) {
     EXPECT_EQ(page, ProgramPage(app, path, c));
     EXPECT_THAT(page, HasSubstr("face='" + c.font.value_or("Tahoma") + "'"));
   }
-}
-
-TEST(Report, CommandWritesTheSubReportToStdoutOrAFile) {
-  Scratch app;
-  fs::create_directories(app / "Files");
-  const std::string path = app / "Files/Home.sif";
-  WriteAsProgram(path, {1, "", "", "Tahoma"}, kSlides);
-  const ReportCase c{"", 1, ReportKind::ByCategory, "Electrical", {}};
-  const std::string expected = ProgramPage(app, path, c);
-  ASSERT_THAT(expected, HasSubstr("file:///" + path + "?tv.jpg'>T\xE9l\xE9</a>"));
-
-  const Outcome toStdout = RunProcess({"report", path, "--by", "category", "--key", "Electrical"}, app);
-  EXPECT_EQ(toStdout.status, 0) << toStdout.err;
-  EXPECT_EQ(toStdout.out, expected);
-  const Outcome toFile = RunProcess({"report", path, "--by", "category", "--key", "Electrical", "-o", app / "p.htm"}, app);
-  EXPECT_EQ(toFile.status, 0) << toFile.err;
-  EXPECT_EQ(toFile.out, "");
-  EXPECT_EQ(ReadFile(app / "p.htm"), expected);
 }
 
 }  // namespace
