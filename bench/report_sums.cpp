@@ -8,7 +8,7 @@
 #include <filesystem>
 #include <random>
 
-#include "../tests/reports/LiteralReport.h"
+#include "LiteralReport.h"
 #include "model/Categories.h"
 #include "reports/SummaryPage.h"
 #include "reports/UIReportController.h"
