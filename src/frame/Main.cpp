@@ -22,6 +22,7 @@
 #include "state/AppDirectory.h"
 #include "state/StartupErrors.h"
 #include "state/modGlobal.h"
+#include "state/MDIMainRules.h"
 
 namespace cb {
 namespace {
@@ -30,7 +31,6 @@ constexpr char kDefaultFile[] = "MyFiles.sif";
 constexpr char kWallpaperDir[] = "/wallpaper/";
 constexpr char kHelpFailed[] = "An error occurred while generating the help files.";
 constexpr char kInvalidPassword[] = "Invalid password.";
-constexpr char kErrorTitle[] = "Error";
 
 int SecondOfDay(const QTime& t) { return t.hour() * 3600 + t.minute() * 60 + t.second(); }
 

@@ -9,12 +9,12 @@
 #include "qt/MsgBox.h"
 #include "qt/Twips.h"
 #include "state/modGlobal.h"
+#include "state/MDIMainRules.h"
 
 namespace cb {
 namespace {
 
 constexpr char kMismatch[] = "The confirmation password is not the same as the password.  Please try again.";
-constexpr char kErrorTitle[] = "Error";
 
 // Design positions in twips.
 // The labels are wider than the design's 1380, and the boxes and the window

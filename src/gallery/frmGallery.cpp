@@ -25,12 +25,12 @@
 #include "qt/StretchImage.h"
 #include "qt/Twips.h"
 #include "state/modGlobal.h"
+#include "state/MDIMainRules.h"
 
 namespace cb {
 namespace {
 
 constexpr char kCannotSave[] = "Could not save sif file.";
-constexpr char kErrorTitle[] = "Error";
 
 // Items whose commands are the main window's, of the same id.
 constexpr MenuId kForwards[] = {

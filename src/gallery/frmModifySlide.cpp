@@ -16,6 +16,7 @@
 #include "qt/MsgBox.h"
 #include "qt/Twips.h"
 #include "state/modGlobal.h"
+#include "state/MDIMainRules.h"
 
 namespace cb {
 namespace {
@@ -23,7 +24,6 @@ namespace {
 constexpr char kCaption[] = "Modify Slide Collection";
 constexpr char kCouldNotAdd[] = "Couldn't add record.";
 constexpr char kCouldNotDelete[] = "Couldn't delete record.";
-constexpr char kErrorTitle[] = "Error";
 constexpr char kApplyingText[] = "Updating the slide collection...";
 
 struct Control {

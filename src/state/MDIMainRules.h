@@ -17,6 +17,8 @@ namespace cb {
 
 // The program's title: the main window's caption and the title of its messages.
 inline constexpr char kAppTitle[] = "Chattelbook";
+// The title of the messages that tell of a failure.
+inline constexpr char kErrorTitle[] = "Error";
 
 // Every menu and menu item of the windows' menu bars, by purpose. An item of
 // the gallery's bar shares its id with the main window's item of the same
