@@ -7,36 +7,43 @@
 #include <QTimer>
 #include <QWidget>
 #include <functional>
+#include <memory>
+#include <string>
 #include <type_traits>
 
 namespace cb::testing {
 
-// Runs `act` once a modal window named `name` is up and visible; a failure,
-// and the window closed, when none comes within about five seconds.
-inline void WhenShown(const QString& name, std::function<void(QWidget&)> act, int triesLeft = 500) {
-  QTimer::singleShot(10, [=] {
-    QWidget* w = QApplication::activeModalWidget();
-    if (w && w->objectName() == name && w->isVisible()) return act(*w);
-    if (triesLeft > 0) return WhenShown(name, act, triesLeft - 1);
-    ADD_FAILURE() << name.toStdString() << " never showed";
-    if (w) w->close();
-  });
-}
-
-// Runs `act` on the next modal window of type T once it is up. A poll that
-// never fires is ended with the test (see StopPolls).
-template <class T = QWidget>
-void WhenModal(std::type_identity_t<std::function<void(T*)>> act) {
+// Runs `act` once a visible modal window that `wanted` accepts is up. After
+// about five seconds without one it fails and closes whatever modal window
+// stands in the way, so a wrong window cannot hang the run. A poll still
+// waiting when its test ends is stopped there (see StopPolls).
+inline void WhenModalIs(std::function<bool(QWidget&)> wanted, std::function<void(QWidget&)> act, std::string what) {
   auto* poll = new QTimer(qApp);
   poll->setObjectName("cb-poll");
-  QObject::connect(poll, &QTimer::timeout, [poll, act] {
-    if (auto* d = qobject_cast<T*>(QApplication::activeModalWidget())) {
-      poll->stop();
-      poll->deleteLater();
-      act(d);
-    }
+  auto ticksLeft = std::make_shared<int>(1000);
+  QObject::connect(poll, &QTimer::timeout, [=] {
+    QWidget* w = QApplication::activeModalWidget();
+    const bool found = w && w->isVisible() && wanted(*w);
+    if (!found && --*ticksLeft > 0) return;
+    poll->stop();
+    poll->deleteLater();
+    if (found) return act(*w);
+    ADD_FAILURE() << what << " never showed";
+    if (w) w->close();
   });
   poll->start(5);
+}
+
+// The modal window whose object name is `name`.
+inline void WhenShown(const QString& name, std::function<void(QWidget&)> act) {
+  WhenModalIs([name](QWidget& w) { return w.objectName() == name; }, std::move(act), name.toStdString());
+}
+
+// The next modal window of type T.
+template <class T = QWidget>
+void WhenModal(std::type_identity_t<std::function<void(T*)>> act) {
+  WhenModalIs([](QWidget& w) { return qobject_cast<T*>(&w) != nullptr; },
+              [act](QWidget& w) { act(qobject_cast<T*>(&w)); }, T::staticMetaObject.className());
 }
 
 inline void StopPolls() {
