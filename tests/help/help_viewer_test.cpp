@@ -1,16 +1,12 @@
 #include <gtest/gtest.h>
 
 #include <QAction>
-#include <QComboBox>
-#include <QCoreApplication>
 #include <QLineEdit>
 #include <QMdiSubWindow>
-#include <QPointer>
 #include <QPushButton>
 #include <QTest>
 #include <QTextBrowser>
 #include <QTextDocument>
-#include <QVBoxLayout>
 #include <functional>
 #include <memory>
 

@@ -2,7 +2,6 @@
 // the chooser, the links of the pages by mouse and keyboard, Previous and
 // Next, Print, F1; and the locale the pages are written in.
 
-#include <QAction>
 #include <QComboBox>
 #include <QDateTime>
 #include <QLineEdit>
@@ -59,14 +58,20 @@ class ReportWindowTest : public testing::GalleryFixture {
     ASSERT_TRUE(Report(Mc().SaveSettings(), errors));
   }
 
-  // A viewer made as the chooser's OK makes it.
-  frmReport* OpenReport(ReportKind kind = ReportKind::ByLocation, const std::string& font = "Arial") {
-    TheMDIMain().OpenReport(kind, font);
-    return qobject_cast<frmReport*>(FindOpenForm("frmReport"));
+  // The viewer open, as the chooser's OK makes it.
+  frmReport& Viewer() {
+    auto* r = qobject_cast<frmReport*>(FindOpenForm("frmReport"));
+    if (!r) throw std::runtime_error("no report viewer");
+    return *r;
+  }
+  frmReport& OpenReport() {
+    TheMDIMain().OpenReport(ReportKind::ByLocation, "Arial");
+    return Viewer();
   }
 
   // A left click on the link whose href ends in "?" + key.
-  static void ClickLink(QTextBrowser& b, const QString& key) {
+  static void ClickLink(frmReport& r, const QString& key) {
+    QTextBrowser& b = *r.WebBrowser1;
     for (QTextBlock block = b.document()->begin(); block.isValid(); block = block.next())
       for (auto it = block.begin(); !it.atEnd(); ++it) {
         const QTextFragment f = it.fragment();
@@ -81,8 +86,6 @@ class ReportWindowTest : public testing::GalleryFixture {
 
   // The file name of the page on show.
   static std::string Shown(const frmReport& r) { return r.WebBrowser1->source().fileName().toStdString(); }
-
-  std::string Reports(const std::string& name) const { return app / ("Reports/" + name); }
 
   static void FlushDeletes() { QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete); }
 
@@ -131,11 +134,10 @@ TEST_F(ReportWindowTest, ReportThenOkShowsTheSummaryAndBlocksASecondViewer) {
   });
   TheMDIMain().Toolbar1_ButtonClick(ToolbarButton::Report);
   ASSERT_EQ(dialogs, QStringList{"frmSelectReport"});
-  auto* r = qobject_cast<frmReport*>(FindOpenForm("frmReport"));
-  ASSERT_NE(r, nullptr);
-  EXPECT_EQ(Shown(*r), "Report1.htm");
-  EXPECT_EQ(r->WebBrowser1->documentTitle(), "Report By Location");
-  EXPECT_FALSE(r->PreviousButton->isEnabled());
+  frmReport& r = Viewer();
+  EXPECT_EQ(Shown(r), "Report1.htm");
+  EXPECT_EQ(r.WebBrowser1->documentTitle(), "Report By Location");
+  EXPECT_FALSE(r.PreviousButton->isEnabled());
 
   // A click that reaches the handler while the viewer is open does nothing.
   dialogs.clear();
@@ -149,22 +151,21 @@ TEST_F(ReportWindowTest, ReportThenOkShowsTheSummaryAndBlocksASecondViewer) {
 }
 
 TEST_F(ReportWindowTest, ASlideLinkBringsTheSlideWindowUpOnItsRecord) {
-  frmReport* r = OpenReport();
-  ASSERT_NE(r, nullptr);
-  ClickLink(*r->WebBrowser1, "Study");
-  ClickLink(*r->WebBrowser1, "p5.png");
+  frmReport& r = OpenReport();
+  ClickLink(r, "Study");
+  ClickLink(r, "p5.png");
   auto* slide = qobject_cast<frmSlide*>(FindOpenForm("frmSlide"));
   ASSERT_NE(slide, nullptr);
   EXPECT_EQ(slide->Image1->toolTip(), "Slide 5");
   EXPECT_EQ(TheMDIMain().StatusText(), "Slide: 5");
   // The sub-report stands again behind the slide and in the history.
-  EXPECT_EQ(Shown(*r), "Report 2.htm");
-  EXPECT_EQ(r->Stack().TotalItems(), 3);
-  r->Previous_Click();
-  EXPECT_EQ(Shown(*r), "Report 2.htm");
+  EXPECT_EQ(Shown(r), "Report 2.htm");
+  EXPECT_EQ(r.Stack().TotalItems(), 3);
+  r.Previous_Click();
+  EXPECT_EQ(Shown(r), "Report 2.htm");
 
   // Another slide of the page: the one slide window, now on that record.
-  ClickLink(*r->WebBrowser1, "p3.png");
+  ClickLink(r, "p3.png");
   FlushDeletes();
   QList<QWidget*> slides;
   for (QWidget* w : QApplication::allWidgets())
@@ -175,39 +176,38 @@ TEST_F(ReportWindowTest, ASlideLinkBringsTheSlideWindowUpOnItsRecord) {
 }
 
 TEST_F(ReportWindowTest, PreviousAndNextWalkTheHistoryThatLinksRecord) {
-  frmReport* r = OpenReport();
-  ASSERT_NE(r, nullptr);
-  ClickLink(*r->WebBrowser1, "Lounge");  // Report 2.htm, recorded
-  r->Previous_Click();
-  EXPECT_EQ(Shown(*r), "Report1.htm");
-  EXPECT_FALSE(r->PreviousButton->isEnabled());
-  EXPECT_TRUE(r->NextButton->isEnabled());
+  frmReport& r = OpenReport();
+  ClickLink(r, "Lounge");  // Report 2.htm, recorded
+  r.Previous_Click();
+  EXPECT_EQ(Shown(r), "Report1.htm");
+  EXPECT_FALSE(r.PreviousButton->isEnabled());
+  EXPECT_TRUE(r.NextButton->isEnabled());
 
   // The first link after Previous is shown but not recorded.
-  ClickLink(*r->WebBrowser1, "Study");
-  EXPECT_EQ(Shown(*r), "Report 3.htm");
-  EXPECT_TRUE(r->PreviousButton->isEnabled());
-  EXPECT_TRUE(r->NextButton->isEnabled());
+  ClickLink(r, "Study");
+  EXPECT_EQ(Shown(r), "Report 3.htm");
+  EXPECT_TRUE(r.PreviousButton->isEnabled());
+  EXPECT_TRUE(r.NextButton->isEnabled());
 
-  r->Next_Click();  // leads to the first sub-report
-  EXPECT_EQ(Shown(*r), "Report 2.htm");
-  EXPECT_FALSE(r->NextButton->isEnabled());
-  EXPECT_TRUE(r->PreviousButton->isEnabled());
+  r.Next_Click();  // leads to the first sub-report
+  EXPECT_EQ(Shown(r), "Report 2.htm");
+  EXPECT_FALSE(r.NextButton->isEnabled());
+  EXPECT_TRUE(r.PreviousButton->isEnabled());
 
   // After a slide the page shown is the last one written, not the one left by Next;
   // that first link is not recorded either, the second one is.
-  ClickLink(*r->WebBrowser1, "p1.png");
-  EXPECT_EQ(Shown(*r), "Report 3.htm");
-  EXPECT_EQ(r->Stack().TotalItems(), 2);
-  ClickLink(*r->WebBrowser1, "p3.png");
-  EXPECT_EQ(r->Stack().TotalItems(), 3);
-  EXPECT_EQ(r->Stack().CurrentItem(), 3);
-  EXPECT_FALSE(r->NextButton->isEnabled());
+  ClickLink(r, "p1.png");
+  EXPECT_EQ(Shown(r), "Report 3.htm");
+  EXPECT_EQ(r.Stack().TotalItems(), 2);
+  ClickLink(r, "p3.png");
+  EXPECT_EQ(r.Stack().TotalItems(), 3);
+  EXPECT_EQ(r.Stack().CurrentItem(), 3);
+  EXPECT_FALSE(r.NextButton->isEnabled());
 }
 
 TEST_F(ReportWindowTest, AReportThatCannotBeWrittenClosesTheViewerSilently) {
   testing::WriteFile(app / "Reports", "a file where the directory belongs");
-  OpenReport();
+  TheMDIMain().OpenReport(ReportKind::ByLocation, "Arial");
   FlushDeletes();
   EXPECT_EQ(FindOpenForm("frmReport"), nullptr);
   EXPECT_TRUE(messages.isEmpty());
@@ -216,17 +216,16 @@ TEST_F(ReportWindowTest, AReportThatCannotBeWrittenClosesTheViewerSilently) {
 
 // F1 gives way to the help viewer; the toolbar's Help opens it beside the report.
 TEST_F(ReportWindowTest, HelpOpensOnTheReportsPage) {
-  frmReport* r = OpenReport();
-  ASSERT_NE(r, nullptr);
-  r->HelpButton->trigger();
+  frmReport& r = OpenReport();
+  r.HelpButton->trigger();
   EXPECT_EQ(HelpPage(), "help012.htm");
   EXPECT_NE(FindOpenForm("frmReport"), nullptr);
   UnloadHelp();
 
   QApplication::setActiveWindow(&TheMDIMain());
-  Activate(*r);
-  r->WebBrowser1->setFocus();
-  QTest::keyClick(r->WebBrowser1, Qt::Key_F1);
+  Activate(r);
+  r.WebBrowser1->setFocus();
+  QTest::keyClick(r.WebBrowser1, Qt::Key_F1);
   EXPECT_EQ(HelpPage(), "help012.htm");
   FlushDeletes();
   EXPECT_EQ(FindOpenForm("frmReport"), nullptr);
@@ -235,10 +234,9 @@ TEST_F(ReportWindowTest, HelpOpensOnTheReportsPage) {
 // A page that fits its view has no horizontal scroll bar, maximised or at any
 // width; a view narrower than the page's tables still scrolls.
 TEST_F(ReportWindowTest, APageThatFitsItsViewHasNoHorizontalScrollBar) {
-  frmReport* r = OpenReport();
-  ASSERT_NE(r, nullptr);
-  QMdiSubWindow& sub = *qobject_cast<QMdiSubWindow*>(r->parentWidget());
-  const QScrollBar& bar = *r->WebBrowser1->horizontalScrollBar();
+  frmReport& r = OpenReport();
+  QMdiSubWindow& sub = *qobject_cast<QMdiSubWindow*>(r.parentWidget());
+  const QScrollBar& bar = *r.WebBrowser1->horizontalScrollBar();
   const auto barShown = [&bar] {
     QCoreApplication::processEvents();
     return bar.isVisible();
@@ -247,10 +245,10 @@ TEST_F(ReportWindowTest, APageThatFitsItsViewHasNoHorizontalScrollBar) {
   EXPECT_FALSE(barShown()) << "maximised";
   sub.showNormal();
   for (const char* link : {"", "Lounge"}) {  // the summary, then a sub-report
-    if (*link) ClickLink(*r->WebBrowser1, link);
+    if (*link) ClickLink(r, link);
     for (int width = 600; width < 610; ++width) {
       sub.resize(width, 500);
-      EXPECT_FALSE(barShown()) << Shown(*r) << " at " << width;
+      EXPECT_FALSE(barShown()) << Shown(r) << " at " << width;
     }
   }
   sub.resize(60, 500);
@@ -299,24 +297,21 @@ TEST_F(ReportWindowTest, APickedFontIsSavedInTheFileATypedOneServesOneReport) {
     dialog->cmdOK->click();
   });
   TheMDIMain().Toolbar1_ButtonClick(ToolbarButton::Report);
-  auto* report = qobject_cast<frmReport*>(FindOpenForm("frmReport"));
-  ASSERT_NE(report, nullptr);
-  EXPECT_EQ(report->WebBrowser1->documentTitle(), "Report By Category");
-  EXPECT_NE(ReadFile(Reports("Report1.htm")).find("face='Comic Sans MS'"), std::string::npos);
+  EXPECT_EQ(Viewer().WebBrowser1->documentTitle(), "Report By Category");
+  EXPECT_NE(ReadFile(app / "Reports/Report1.htm").find("face='Comic Sans MS'"), std::string::npos);
   EXPECT_EQ(StoredFont(), "Courier New");
 }
 
 // To a PDF file, then to a folder that is not there: the failure says why and what else to try.
 TEST_F(ReportWindowTest, PrintWritesAPdfOrSaysWhyNot) {
-  frmReport* r = OpenReport();
-  ASSERT_NE(r, nullptr);
-  PrintTo(*r, app / "summary.pdf");
+  frmReport& r = OpenReport();
+  PrintTo(r, app / "summary.pdf");
   const std::string pdf = ReadFile(app / "summary.pdf");
   EXPECT_EQ(pdf.substr(0, 5), "%PDF-");
   EXPECT_NE(pdf.find("/Title (\xFE\xFF"), std::string::npos);  // the page title names the document
   EXPECT_TRUE(messages.isEmpty()) << messages.join("\n").toStdString();
 
-  PrintTo(*r, app / "no such folder/summary.pdf");
+  PrintTo(r, app / "no such folder/summary.pdf");
   ASSERT_EQ(messages.size(), 1);
   EXPECT_TRUE(messages[0].startsWith("Chattelbook: Print command Error: ")) << messages[0].toStdString();
   EXPECT_TRUE(
