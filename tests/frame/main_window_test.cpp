@@ -12,8 +12,8 @@
 
 #include "base/Cp1252.h"
 #include "dialogs/HelpRoutine.h"
-#include "dialogs/frmCommonDialog.h"
 #include "dialogs/dlgWhat.h"
+#include "dialogs/frmCommonDialog.h"
 #include "frame/Main.h"
 #include "frame/frmLogin.h"
 #include "frame/frmSplash.h"
@@ -288,7 +288,6 @@ void AnswerDialog(QString typed, QString selected) {
     d->cmdOK->click();
   });
 }
-
 
 TEST_F(MainWindowTest, NewWithATypedNameOverwritesRecordByRecordWithoutAsking) {
   Start(3);

@@ -106,7 +106,8 @@ TEST_F(HelpViewerTest, OpensOverTheWholeClientAreaOnTopAndKeepsItWhenTiling) {
   EXPECT_EQ(TheMDIMain().MdiArea()->activeSubWindow(), Frame());
   const QRect client = TheMDIMain().MdiArea()->viewport()->rect();
   EXPECT_EQ(Frame()->geometry(), client);
-  for (const auto& [tiling, sideBySide] : {std::pair{MenuId::WindowVertical, true}, {MenuId::WindowHorizontal, false}}) {
+  for (const auto& [tiling, sideBySide] :
+       {std::pair{MenuId::WindowVertical, true}, {MenuId::WindowHorizontal, false}}) {
     TheMDIMain().Item(tiling)->trigger();
     EXPECT_EQ(Frame()->geometry(), client);
     const QRect a = Gallery().parentWidget()->geometry(), b = other->geometry();
