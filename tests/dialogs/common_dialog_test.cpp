@@ -1,15 +1,16 @@
 #include <gtest/gtest.h>
 
-#include <QApplication>
 #include <QLineEdit>
 #include <QPushButton>
 #include <QTest>
 #include <QTimer>
 #include <functional>
 
-#include "support/RowName.h"
 #include "dialogs/HelpRoutine.h"
 #include "dialogs/frmCommonDialog.h"
+#include "dialogs/frmDirectory.h"
+#include "state/modGlobal.h"
+#include "support/RowName.h"
 #include "support/TempDir.h"
 
 namespace cb {
@@ -41,6 +42,20 @@ void Pick(QComboBox* box, int index) {
   ASSERT_EQ(box->currentIndex(), index);
 }
 
+// Runs `d` modally while `act` plays the user; returns exec()'s result.
+int RunModal(QDialog& d, std::function<void()> act) {
+  QTimer::singleShot(0, &d, [&d, act] {
+    EXPECT_TRUE(QTest::qWaitForWindowActive(&d));  // shortcuts reach the active window only
+    act();
+  });
+  QTimer::singleShot(5000, &d, [&d] {
+    if (!d.isVisible()) return;
+    ADD_FAILURE() << "the dialog did not close";
+    d.done(-1);
+  });
+  return d.exec();
+}
+
 class CommonDialogTest : public ::testing::Test {
  protected:
   CommonDialogTest() {
@@ -56,25 +71,6 @@ class CommonDialogTest : public ::testing::Test {
     d.FileListBox1->Pattern(pattern);
     d.cboFileType->addItems(types);
     d.cboFileType->setCurrentText(types.front());
-  }
-
-  // Runs the dialog modally while `act` plays the user; returns exec()'s result.
-  int Run(std::function<void()> act) {
-    QTimer::singleShot(0, &dlg, [this, act] {
-      EXPECT_TRUE(QTest::qWaitForWindowActive(&dlg));  // shortcuts reach the active window only
-      act();
-    });
-    QTimer::singleShot(5000, &dlg, [this] {
-      if (!dlg.isVisible()) return;
-      ADD_FAILURE() << "the dialog did not close";
-      dlg.done(-1);
-    });
-    return dlg.exec();
-  }
-
-  void ClickFile(const QString& name) {
-    const auto found = dlg.FileListBox1->findItems(name, Qt::MatchExactly);
-    ClickRow(dlg.FileListBox1, found.isEmpty() ? QModelIndex() : dlg.FileListBox1->indexFromItem(found[0]), false);
   }
 
   // The drive list reads the home folder when it is made.
@@ -105,23 +101,21 @@ TEST_F(CommonDialogTest, FirstTouchOfTheFolderLoadsTheDialog) {
 // A typed name survives a change of folder in a New dialog only; a change of
 // drive clears it everywhere.
 TEST_F(CommonDialogTest, NewKeepsATypedNameAcrossFolders) {
-  const struct {
-    const char* title;
-    const char* afterFolder;
-  } rows[] = {{"New", "mine"}, {"Save As", ""}, {"Open", ""}};
-  for (const auto& r : rows) {
+  const std::pair<const char*, const char*> rows[] = {{"New", "mine"}, {"Save As", ""}, {"Open", ""}};
+  for (const auto& [title, afterFolder] : rows) {
+    SCOPED_TRACE(title);
     frmCommonDialog d;
-    Prepare(d, r.title);
+    Prepare(d, title);
     d.txtFilename->setText("mine");
     ClickRow(d.Dir1, d.Dir1->indexFromItem(d.Dir1->findItems("Other", Qt::MatchRecursive).value(0)), true);
-    EXPECT_EQ(d.Dir1->Path(), Q(app / "Other")) << r.title;
-    EXPECT_EQ(d.txtFilename->text(), r.afterFolder) << r.title;
+    EXPECT_EQ(d.Dir1->Path(), Q(app / "Other"));
+    EXPECT_EQ(d.txtFilename->text(), afterFolder);
 
     d.txtFilename->setText("mine");
     Pick(d.Drive1, d.Drive1->findText(Q(home.str())));
-    EXPECT_EQ(d.Dir1->Path(), Q(home.str())) << r.title;
-    EXPECT_EQ(d.FileListBox1->Path(), Q(home.str())) << r.title;
-    EXPECT_EQ(d.txtFilename->text(), "") << r.title;
+    EXPECT_EQ(d.Dir1->Path(), Q(home.str()));
+    EXPECT_EQ(d.FileListBox1->Path(), Q(home.str()));
+    EXPECT_EQ(d.txtFilename->text(), "");
   }
 }
 
@@ -129,15 +123,12 @@ TEST_F(CommonDialogTest, NewKeepsATypedNameAcrossFolders) {
 TEST_F(CommonDialogTest, TypeComboActsOnlyOnItsTwoTexts) {
   Prepare(dlg, "Add Slide", "*.jpg", {"Slides (*.jpg)", kAll, kSif});
   EXPECT_EQ(Items(*dlg.FileListBox1), QStringList({"IMG_0001.JPG"}));
-  const struct {
-    int item;
-    const char* pattern;
-  } picks[] = {{1, "*.*"}, {0, "*.*"}, {2, "*.sif"}, {0, "*.sif"}, {1, "*.*"}};
-  for (const auto& p : picks) {
+  const std::pair<int, const char*> picks[] = {{1, "*.*"}, {0, "*.*"}, {2, "*.sif"}, {0, "*.sif"}, {1, "*.*"}};
+  for (const auto& [item, pattern] : picks) {
     dlg.txtFilename->setText("typed");
-    Pick(dlg.cboFileType, p.item);
-    EXPECT_EQ(dlg.FileListBox1->Pattern(), p.pattern) << p.item;
-    EXPECT_EQ(dlg.txtFilename->text(), "") << p.item;
+    Pick(dlg.cboFileType, item);
+    EXPECT_EQ(dlg.FileListBox1->Pattern(), pattern) << item;
+    EXPECT_EQ(dlg.txtFilename->text(), "") << item;
   }
   EXPECT_EQ(Items(*dlg.FileListBox1), QStringList({"A.sif", "b.sif", "IMG_0001.JPG", "note.txt"}));
 }
@@ -164,14 +155,13 @@ const ExitRow kExits[] = {
     {"close", [](frmCommonDialog& d) { d.close(); }, false, "", ""},
 };
 
-void PrintTo(const ExitRow& r, std::ostream* os) { *os << r.name; }
-
 class CommonDialogExitTest : public CommonDialogTest, public ::testing::WithParamInterface<ExitRow> {};
 
 TEST_P(CommonDialogExitTest, CallerReadsWhatTheWayOutLeft) {
   Prepare(dlg, "Open");
-  const int result = Run([this] {
-    ClickFile("b.sif");
+  const int result = RunModal(dlg, [this] {
+    const auto found = dlg.FileListBox1->findItems("b.sif", Qt::MatchExactly);
+    ClickRow(dlg.FileListBox1, found.isEmpty() ? QModelIndex() : dlg.FileListBox1->indexFromItem(found[0]), false);
     ASSERT_EQ(dlg.txtFilename->text(), "b.sif");
     GetParam().act(dlg);
   });
@@ -183,8 +173,72 @@ TEST_P(CommonDialogExitTest, CallerReadsWhatTheWayOutLeft) {
   EXPECT_EQ(HelpPage(), GetParam().help);
 }
 
-INSTANTIATE_TEST_SUITE_P(Rows, CommonDialogExitTest, ::testing::ValuesIn(kExits),
-                         cb::testing::RowName());
+INSTANTIATE_TEST_SUITE_P(Rows, CommonDialogExitTest, ::testing::ValuesIn(kExits), cb::testing::RowName());
+
+// The folder chooser: one instance, shown modally.
+class DirectoryDialogTest : public ::testing::Test {
+ protected:
+  DirectoryDialogTest() {
+    for (const char* d : {"Gallery", "Camera/Day1"}) std::filesystem::create_directories(app / d);
+    Globals().MainController = std::make_unique<UIMainController>(app.str(), settings, Globals());
+    OpenHelp(QString());
+  }
+  ~DirectoryDialogTest() override {
+    UnloadDirectory();
+    Globals() = ModGlobal();
+  }
+
+  // The path read after `act` has played the user.
+  QString Run(std::function<void(frmDirectory&)> act) {
+    frmDirectory& d = TheDirectory();
+    RunModal(d, [&d, act] { act(d); });
+    return d.SelectedPath;
+  }
+
+  testing::TempDir app;
+  MemorySettings settings;
+};
+
+TEST_F(DirectoryDialogTest, OpensOnTheGalleryAndOkReturnsTheFolderOpen) {
+  const QString picked = Run([this](frmDirectory& d) {
+    EXPECT_EQ(d.Dir1->Path(), Q(app / "Gallery"));
+    d.Dir1->Path(Q(app / "Camera/Day1"));
+    d.Drive1->setCurrentIndex(d.Drive1->count() - 1);  // shown, not picked: the folder list decides
+    d.cmdOK->click();
+  });
+  EXPECT_EQ(picked, Q(app / "Camera/Day1"));
+  // Kept loaded: the next use opens where the last one ended.
+  EXPECT_EQ(Run([](frmDirectory& d) { d.cmdOK->click(); }), Q(app / "Camera/Day1"));
+}
+
+// Every way out but OK forgets an earlier choice and the folder it stood on.
+struct DirectoryExitRow {
+  const char* name;
+  std::function<void(frmDirectory&)> act;
+  const char* help;
+};
+
+const DirectoryExitRow kDirectoryExits[] = {
+    {"cancel", [](frmDirectory& d) { d.cmdCancel->click(); }, ""},
+    {"escape", [](frmDirectory& d) { QTest::keyClick(d.Dir1, Qt::Key_Escape); }, ""},
+    {"help", [](frmDirectory& d) { d.cmdHelp->click(); }, "help002.htm"},
+    {"f1_in_folders", [](frmDirectory& d) { QTest::keyClick(d.Dir1, Qt::Key_F1); }, "help002.htm"},
+};
+
+class DirectoryExitTest : public DirectoryDialogTest, public ::testing::WithParamInterface<DirectoryExitRow> {};
+
+TEST_P(DirectoryExitTest, LeavesNoPathAndReopensOnTheGallery) {
+  ASSERT_EQ(Run([this](frmDirectory& d) {
+              d.Dir1->Path(Q(app / "Camera"));
+              d.cmdOK->click();
+            }),
+            Q(app / "Camera"));
+  EXPECT_EQ(Run(GetParam().act), "");
+  EXPECT_EQ(HelpPage(), GetParam().help);
+  EXPECT_EQ(Run([](frmDirectory& d) { d.cmdOK->click(); }), Q(app / "Gallery"));
+}
+
+INSTANTIATE_TEST_SUITE_P(Rows, DirectoryExitTest, ::testing::ValuesIn(kDirectoryExits), cb::testing::RowName());
 
 }  // namespace
 }  // namespace cb

@@ -1,46 +1,37 @@
 #include <gtest/gtest.h>
 
 #include <QAction>
-#include <QApplication>
 #include <QLineEdit>
+#include <QListWidget>
 #include <QMdiSubWindow>
 #include <QMenu>
 #include <QMenuBar>
 #include <QPushButton>
-#include <QTimer>
+#include <QTest>
+#include <QTextBrowser>
 
+#include "base/Cp1252.h"
+#include "dialogs/HelpRoutine.h"
 #include "dialogs/dlgWhat.h"
-#include "frame/Forms.h"
-#include "frame/MDIMain.h"
+#include "dialogs/frmCommonDialog.h"
 #include "frame/Main.h"
 #include "frame/frmLogin.h"
-#include "qt/MsgBox.h"
+#include "frame/frmSplash.h"
+#include "help/frmHelp.h"
 #include "qt/OpenForms.h"
-#include "state/modGlobal.h"
+#include "storage/DataAccess.h"
+#include "support/GalleryFixture.h"
 #include "support/RowName.h"
-#include "support/TempDir.h"
-#include "support/WhenShown.h"
 
 namespace cb {
 namespace {
 
-class MainWindowTest : public ::testing::Test {
+using testing::ReadFile;
+
+// The main window: bare, on a collection (Start), or from the program's own start.
+class MainWindowTest : public testing::GalleryFixture {
  protected:
-  MainWindowTest() {
-    setenv("XDG_CONFIG_HOME", config.str().c_str(), 1);
-    std::filesystem::create_directories(app / "Files");
-    Globals().MainController = std::make_unique<UIMainController>(app.str(), settings, Globals());
-    SetMsgBoxHook([this](const QString& text, int, const QString& title) {
-      messages.push_back(title + ": " + text);
-      return static_cast<int>(vbOK);
-    });
-  }
-  ~MainWindowTest() override {
-    testing::StopPolls();
-    SetMsgBoxHook({});
-    UnloadForms();
-    Globals() = ModGlobal();
-  }
+  MainWindowTest() { Globals().MainController = std::make_unique<UIMainController>(app.str(), settings, Globals()); }
 
   // A child window with the given name, as the gallery or a slide window would be.
   QMdiSubWindow* Child(const QString& name) {
@@ -52,9 +43,35 @@ class MainWindowTest : public ::testing::Test {
     return sub;
   }
 
-  testing::TempDir app, config;
-  MemorySettings settings;
-  QStringList messages;
+  // Writes Files/Home.sif with `wallpaper` and template 3 in its header and makes it the default file.
+  void DefaultFile(const std::string& wallpaper) {
+    ModGlobal g;
+    UIMainController mc(app.str(), settings, g);
+    mc.SetRegistryKeys(app / "Files/Home.sif");
+    mc.Wallpaper(wallpaper);
+    mc.SlideTemplate(3);
+    ErrorArray errors;
+    ASSERT_TRUE(Report(mc.SaveSettings(), errors));
+  }
+
+  std::string Files(const std::string& name) const { return app / ("Files/" + name); }
+  // The records of the collection at `path`, read as a later start reads it; -1 when it cannot be.
+  std::int32_t CountIn(const std::string& path) {
+    ModGlobal other;
+    MemorySettings s;
+    UIMainController mc(app.str(), s, other);
+    mc.SetRegistryKeys(path);
+    ErrorArray errors;
+    return Report(mc.LoadSettings(), errors) ? mc.NumberOfRecords() : -1;
+  }
+
+  // Runs the start, with a click on the splash as soon as the wait is under way.
+  bool StartProgram() {
+    QTimer::singleShot(20, [] {
+      if (frmSplash* s = OpenSplash()) QTest::mouseClick(s, Qt::LeftButton);
+    });
+    return Main(app.str(), settings);
+  }
 };
 
 TEST_F(MainWindowTest, MenuBarShowsTheTableAndHidesThePopups) {
@@ -201,8 +218,208 @@ TEST_P(LoginTest, StoredPasswordIsAskedForOnceAtStart) {
   }
 }
 
-INSTANTIATE_TEST_SUITE_P(Rows, LoginTest, ::testing::ValuesIn(kLogins),
-                         cb::testing::RowName());
+INSTANTIATE_TEST_SUITE_P(Rows, LoginTest, ::testing::ValuesIn(kLogins), cb::testing::RowName());
+
+TEST_F(MainWindowTest, FirstUseStoresTheDefaultFileAndOpensTheMainWindow) {
+  std::filesystem::create_directories(app / "Help");
+  ASSERT_TRUE(StartProgram());
+  UIMainController& mc = *Globals().MainController;
+  EXPECT_TRUE(mc.FirstRun);
+  EXPECT_EQ(settings.Get("Startup", "DefDir", ""), app / "Files/MyFiles.sif");
+  EXPECT_EQ(mc.SlideTemplate(), 1);  // no file to read it from
+  EXPECT_TRUE(TheMDIMain().isVisible());
+  EXPECT_TRUE(messages.empty());
+  // The quick start page comes up on top of the gallery.
+  ASSERT_NE(HelpViewer(), nullptr);
+  EXPECT_EQ(HelpViewer()->WebBrowser1->documentTitle(), "Chattelworks Help - Quick Start");
+  EXPECT_EQ(TheMDIMain().MdiArea()->activeSubWindow(), HelpViewer()->parentWidget());
+}
+
+TEST_F(MainWindowTest, HelpThatCannotBeWrittenIsToldOnceAndTheStartGoesOn) {
+  ASSERT_TRUE(StartProgram());  // no Help folder to write into
+  EXPECT_EQ(messages, QStringList({"Error: An error occurred while generating the help files."}));
+  EXPECT_TRUE(TheMDIMain().isVisible());
+}
+
+struct WallpaperRow {
+  const char* name;
+  std::string wallpaper;
+  std::string content;  // written to wallpaper/<wallpaper> unless empty; "picture" is one
+  QStringList messages;
+};
+
+// A later start reads the default file and its wallpaper; a bad one never stops it.
+const WallpaperRow kWallpapers[] = {
+    {"a_picture", "calm.png", "picture", {}},
+    {"empty_name", "", "", {}},
+    {"missing_file", "gone.jpg", "", {}},
+    {"not_a_picture", "notes.jpg", "plain text, no picture", {"Wallpaper: 481: Invalid picture"}},
+};
+
+class WallpaperStartupTest : public MainWindowTest, public ::testing::WithParamInterface<WallpaperRow> {};
+
+TEST_P(WallpaperStartupTest, ReadsTheDefaultFileAndNeverStopsForItsWallpaper) {
+  const auto& row = GetParam();
+  DefaultFile(row.wallpaper);
+  std::filesystem::create_directories(app / "wallpaper");
+  QImage picture(8, 6, QImage::Format_RGB32);
+  if (row.content == "picture") ASSERT_TRUE(picture.save(QString::fromStdString(app / "wallpaper/calm.png")));
+  else if (!row.content.empty()) testing::WriteFile(app / ("wallpaper/" + row.wallpaper), row.content);
+  ASSERT_TRUE(StartProgram());
+  EXPECT_TRUE(TheMDIMain().isVisible());
+  EXPECT_FALSE(Globals().MainController->FirstRun);
+  EXPECT_EQ(Globals().MainController->SlideTemplate(), 3);
+  EXPECT_EQ(TheMDIMain().MdiArea()->Picture().size(), row.content == "picture" ? QSize(8, 6) : QSize(0, 0));
+  EXPECT_EQ(messages, row.messages);
+}
+
+INSTANTIATE_TEST_SUITE_P(Rows, WallpaperStartupTest, ::testing::ValuesIn(kWallpapers), cb::testing::RowName());
+
+// Answers the file dialog once it is up: types `typed`, selects `selected`, presses OK.
+void AnswerDialog(QString typed, QString selected) {
+  testing::WhenModal<frmCommonDialog>([typed, selected](frmCommonDialog* d) {
+    if (selected.isEmpty()) {
+      d->FileListBox1->setCurrentRow(-1);
+      d->FileListBox1->clearSelection();
+    } else if (const auto found = d->FileListBox1->findItems(selected, Qt::MatchExactly); !found.isEmpty()) {
+      d->FileListBox1->setCurrentItem(found[0]);
+    }
+    d->txtFilename->setText(typed);
+    d->cmdOK->click();
+  });
+}
+
+TEST_F(MainWindowTest, NewWithATypedNameOverwritesRecordByRecordWithoutAsking) {
+  Start(3);
+  const std::string before = ReadFile(Files("t.sif"));
+  AnswerDialog("t.sif", "");
+  TheMDIMain().mnuFileNew_Click();
+  EXPECT_TRUE(messages.isEmpty());
+  const std::string after = ReadFile(Files("t.sif"));
+  EXPECT_EQ(after.size(), before.size());  // the old tail stays
+  EXPECT_EQ(after.substr(278), before.substr(278));
+  EXPECT_EQ(Mc().NumberOfRecords(), 0);
+  EXPECT_EQ(CountIn(Files("t.sif")), 0);
+  EXPECT_EQ(TheMDIMain().StatusText(), "Slides: 0 to 0 of 0");
+}
+
+TEST_F(MainWindowTest, NewAsksBeforeOverwritingTheSelectedFile) {
+  Start(3);
+  answer = vbNo;
+  AnswerDialog("other", "t.sif");
+  TheMDIMain().mnuFileNew_Click();
+  EXPECT_EQ(messages, QStringList({"New File: The file 't.sif' already exists.\n"
+                                   "Are you sure you want to overwrite this file?"}));
+  EXPECT_EQ(styles, QList<int>({vbYesNo}));  // no icon: the question has no style that gives one
+  EXPECT_EQ(Mc().NumberOfRecords(), 3);      // No leaves everything as it was
+}
+
+struct NameRow {
+  const char* typed;
+  const char* stored;
+};
+
+const NameRow kNewNames[] = {{"a", "a.sif"}, {"a.b", "a.b"}, {"Cars.SIF", "Cars.SIF"}};
+
+class NewNameTest : public MainWindowTest, public ::testing::WithParamInterface<NameRow> {};
+
+TEST_P(NewNameTest, ExtensionIsAddedOnlyWithoutADot) {
+  Start(2);
+  AnswerDialog(GetParam().typed, "");
+  TheMDIMain().mnuFileNew_Click();
+  EXPECT_TRUE(std::filesystem::exists(Files(GetParam().stored)));
+  EXPECT_EQ(settings.Get("Startup", "DefDir", ""), Files(GetParam().stored));
+}
+
+INSTANTIATE_TEST_SUITE_P(Rows, NewNameTest, ::testing::ValuesIn(kNewNames));
+
+TEST_F(MainWindowTest, OpenOfABadFileTellsAndRebuildsFromWhatIsHeld) {
+  Start(3);
+  SlideRecord header;
+  header.Set(Field::Serial, "\xCC\xD0\xD0\xD0\xD0");  // "40000", scrambled
+  testing::WriteFile(Files("bad.sif"), std::string(header.bytes().data(), kRecordLength));
+  AnswerDialog("", "bad.sif");
+  TheMDIMain().mnuFileOpen_Click();
+  EXPECT_EQ(messages, QStringList({"Load Error: Invalid Slide Information File"}));
+  EXPECT_EQ(Globals().Slides.size(), 4u);
+  EXPECT_EQ(settings.Get("Startup", "DefDir", ""), Files("bad.sif"));  // the settings point at it all the same
+  ASSERT_NE(TheMDIMain().fGallery(), nullptr);
+}
+
+// A real message box takes the focus from the main window while its own loop
+// runs, and the main window gets it back once the command has rebuilt the
+// gallery. The gallery's activation, and the fourth entry's rule with it,
+// must still run once.
+TEST_F(MainWindowTest, MissingFourthHistoryEntryMovesTheListOnce) {
+  Start(3);
+  QApplication::setActiveWindow(&TheMDIMain());
+  QApplication::processEvents();
+  Globals().History = {"", "t.sif", "b.sif", "c.sif", "gone.sif"};
+  QWidget box;
+  SetMsgBoxHook([&](const QString& text, int style, const QString& title) {
+    messages.push_back(title + ": " + text);
+    styles.push_back(style);
+    box.show();
+    QApplication::setActiveWindow(&box);
+    QApplication::processEvents();  // what the box's own loop delivers
+    box.hide();
+    return vbOK;
+  });
+  TheMDIMain().mnuFileHist_Click(4);
+  QApplication::setActiveWindow(&TheMDIMain());
+  QApplication::processEvents();
+  EXPECT_EQ(messages, QStringList({"Load Error: Invalid Slide Information File"}));
+  EXPECT_EQ(styles, QList<int>({vbOKOnly}));  // no icon
+  EXPECT_EQ(Globals().History, (std::array<std::string, 5>{"", "c.sif", "t.sif", "b.sif", "c.sif"}));
+  EXPECT_EQ(Mc().NumberOfRecords(), 3);  // the slides still held
+}
+
+struct AddRow {
+  const char* name;
+  std::string source;  // relative to the application directory
+  std::string stored;  // PictureFile, trimmed
+  bool copied;
+};
+
+const AddRow kAdds[] = {
+    {"from_the_gallery_itself", "Gallery/p1.png", "p1.png", false},
+    {"from_elsewhere", "Pictures/chair.jpg", "chair.jpg", true},
+    {"long_name_cut", "Pictures/abcdefghijklmnopqrstuvwxyz1234.jpg", "abcdefghijklmnopqrstuvwxyz", true},
+    // The record holds the name in Windows-1252, the disk in UTF-8.
+    {"accented_name", "Pictures/caf\u00e9.jpg", "caf\xE9.jpg", true},
+};
+
+class AddSlideTest : public MainWindowTest, public ::testing::WithParamInterface<AddRow> {};
+
+TEST_P(AddSlideTest, AppendsTheRecordAndCopiesUnlessInPlace) {
+  Start(2);
+  const auto& row = GetParam();
+  const std::filesystem::path source = app / row.source;
+  if (!std::filesystem::exists(source)) {
+    std::filesystem::create_directories(source.parent_path());
+    QImage picture(5, 5, QImage::Format_RGB32);
+    picture.fill(Qt::red);
+    ASSERT_TRUE(picture.save(QString::fromStdString(source.string()), "JPG"));
+  }
+  const auto stamp = std::filesystem::last_write_time(app / "Gallery/p1.png");
+  testing::WhenModal<frmCommonDialog>([source](frmCommonDialog* d) {
+    d->Dir1->Path(QString::fromStdString(source.parent_path().string()));
+    d->FileListBox1->Pattern("*.*");
+    const auto found = d->FileListBox1->findItems(QString::fromStdString(source.filename().string()), Qt::MatchExactly);
+    if (!found.isEmpty()) d->FileListBox1->setCurrentItem(found[0]);
+    d->cmdOK->click();
+  });
+  Gallery().mnuSlidesAdd_Click();
+  ASSERT_EQ(Mc().NumberOfRecords(), 3);
+  EXPECT_EQ(Trim(Globals().Slides[3].Get(Field::PictureFile)), row.stored);
+  EXPECT_TRUE(std::filesystem::exists(app / ("Gallery/" + Cp1252ToUtf8(row.stored))));
+  if (!row.copied) {
+    EXPECT_EQ(std::filesystem::last_write_time(app / "Gallery/p1.png"), stamp);
+  }
+  EXPECT_EQ(CountIn(Files("t.sif")), 3);
+}
+
+INSTANTIATE_TEST_SUITE_P(Rows, AddSlideTest, ::testing::ValuesIn(kAdds), cb::testing::RowName());
 
 }  // namespace
 }  // namespace cb

@@ -2,8 +2,11 @@
 
 #include <filesystem>
 #include <regex>
+#include <set>
 
+#include "help/HelpViewerRules.h"
 #include "help/UIHelpController.h"
+#include "model/WindowHelp.h"
 #include "storage/Env.h"
 #include "support/TempDir.h"
 
@@ -108,6 +111,31 @@ TEST(HelpPagesInMemory, AFullDiskIsToldAndTheOtherPagesAreWritten) {
   EXPECT_EQ(memory.Files().size(), 15u);
   EXPECT_EQ(memory.Files()["/app/Help/help007.htm"], "");
   EXPECT_TRUE(memory.Files()["/app/Help/help016.htm"].ends_with("</html>\r\n"));
+}
+
+TEST_F(HelpPages, EveryPageAWindowNamesIsOneTheProgramWrites) {
+  ASSERT_TRUE(UIHelpController(app.str()).GenerateHelp());
+  std::set<std::string_view> windows;
+  for (const WindowHelp& row : WindowHelpTable()) {
+    if (!row.page.empty()) {
+      EXPECT_TRUE(fs::is_regular_file(app / ("Help/" + std::string(row.page)))) << row.page;
+    }
+    // A window's own row stands once, and the rows of its controls differ from it.
+    if (row.control.empty()) {
+      EXPECT_TRUE(windows.insert(row.window).second) << row.window;
+    } else if (const WindowHelp* own = FindWindowHelp(row.window)) {
+      EXPECT_TRUE(own->page != row.page || own->closes != row.closes) << row.window << " " << row.control;
+    }
+  }
+}
+
+// The page shown for a file that cannot be read names it, and a name made
+// of markup stays text.
+TEST(HelpViewerRules, MissingPageShowsTheNameAsText) {
+  const std::string page = MissingHelpPage("/opt/a&b/<i>help099.htm");
+  EXPECT_NE(page.find("<title>Page not found</title>"), std::string::npos);
+  EXPECT_NE(page.find("/opt/a&amp;b/&lt;i&gt;help099.htm"), std::string::npos);
+  EXPECT_EQ(page.find("<i>help099"), std::string::npos);
 }
 
 }  // namespace

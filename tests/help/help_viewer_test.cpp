@@ -1,16 +1,12 @@
 #include <gtest/gtest.h>
 
 #include <QAction>
-#include <QComboBox>
-#include <QCoreApplication>
 #include <QLineEdit>
 #include <QMdiSubWindow>
-#include <QPointer>
 #include <QPushButton>
 #include <QTest>
 #include <QTextBrowser>
 #include <QTextDocument>
-#include <QVBoxLayout>
 #include <functional>
 #include <memory>
 
@@ -101,41 +97,25 @@ TEST_F(HelpViewerTest, HistoryRecordsEveryNavigationButTheToolbars) {
   }
 }
 
-TEST_F(HelpViewerTest, OpensOverTheWholeClientAreaOnTop) {
-  TheMDIMain().Button(ToolbarButton::Help)->trigger();
-  EXPECT_EQ(Viewer().Shown(), Page("help001.htm"));
-  EXPECT_EQ(Frame()->geometry(), TheMDIMain().MdiArea()->viewport()->rect());
-  EXPECT_EQ(TheMDIMain().MdiArea()->activeSubWindow(), Frame());
-}
-
 // Tiling shares the client area among the other children; the viewer keeps all of it.
-struct Tiling {
-  const char* name;
-  std::function<void()> tile;
-  bool sideBySide;
-};
-
-const Tiling kTilings[] = {
-    {"menu_vertical", [] { TheMDIMain().Item(MenuId::WindowVertical)->trigger(); }, true},
-    {"menu_horizontal", [] { TheMDIMain().Item(MenuId::WindowHorizontal)->trigger(); }, false},
-};
-
-class HelpTilingTest : public HelpViewerTest, public ::testing::WithParamInterface<Tiling> {};
-
-TEST_P(HelpTilingTest, ArrangesTheOtherWindowsOnly) {
+TEST_F(HelpViewerTest, OpensOverTheWholeClientAreaOnTopAndKeepsItWhenTiling) {
   auto* other = TheMDIMain().MdiArea()->addSubWindow(new QWidget);
   other->show();
   TheMDIMain().Button(ToolbarButton::Help)->trigger();
-  GetParam().tile();
+  EXPECT_EQ(Viewer().Shown(), Page("help001.htm"));
+  EXPECT_EQ(TheMDIMain().MdiArea()->activeSubWindow(), Frame());
   const QRect client = TheMDIMain().MdiArea()->viewport()->rect();
   EXPECT_EQ(Frame()->geometry(), client);
-  const QRect a = Gallery().parentWidget()->geometry(), b = other->geometry();
-  EXPECT_FALSE(a.intersects(b));
-  EXPECT_EQ(a.united(b), client);
-  EXPECT_EQ(a.top() == b.top(), GetParam().sideBySide);
+  for (const auto& [tiling, sideBySide] :
+       {std::pair{MenuId::WindowVertical, true}, {MenuId::WindowHorizontal, false}}) {
+    TheMDIMain().Item(tiling)->trigger();
+    EXPECT_EQ(Frame()->geometry(), client);
+    const QRect a = Gallery().parentWidget()->geometry(), b = other->geometry();
+    EXPECT_FALSE(a.intersects(b));
+    EXPECT_EQ(a.united(b), client);
+    EXPECT_EQ(a.top() == b.top(), sideBySide);
+  }
 }
-
-INSTANTIATE_TEST_SUITE_P(Rows, HelpTilingTest, ::testing::ValuesIn(kTilings), cb::testing::RowName());
 
 TEST_F(HelpViewerTest, AnOpenViewerComesForwardAndKeepsItsPage) {
   TheMDIMain().Item(MenuId::HelpContents)->trigger();

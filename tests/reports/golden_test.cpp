@@ -1,6 +1,7 @@
-// Report pages compared byte for byte with the pages under golden/<case>/.
-// Each case holds slides.txt (see SlideTable.h), case.txt (report, key,
-// template, font) and page.htm, the file the report must write.
+// Report pages compared byte for byte with the pages under golden/<case>/,
+// then the controller's files, names and failures. Each case holds
+// slides.txt (one slide a line: PictureFile|SlideText|Category|Location|Serial|Value),
+// case.txt (report, key, template, font) and page.htm, the file the report must write.
 // CHATTELBOOK_UPDATE_GOLDEN=1 rewrites page.htm from the current code.
 
 #include <gtest/gtest.h>
@@ -10,13 +11,39 @@
 #include <map>
 #include <sstream>
 
-#include "ReportFixture.h"
-#include "SlideTable.h"
+#include "reports/UIReportController.h"
+#include "state/SettingsStore.h"
+#include "state/UIMainController.h"
+#include "state/modGlobal.h"
+#include "support/TempDir.h"
 
 namespace cb::testing {
 namespace {
 
 namespace fs = std::filesystem;
+
+// Blanks inside the bars are kept, so keys with padding can be written; lines
+// that are empty or start with "#" are skipped; Make, Model and Spare are blank.
+SlideArray ParseSlideTable(const std::string& text) {
+  constexpr Field kColumns[] = {Field::PictureFile, Field::SlideText, Field::Category,
+                                Field::Location,    Field::Serial,    Field::Value};
+  SlideArray slides(1);
+  std::istringstream in(text);
+  std::string line, cell;
+  while (std::getline(in, line)) {
+    if (!line.empty() && line.back() == '\r') line.pop_back();
+    if (line.empty() || line[0] == '#') continue;
+    SlideRecord r;
+    for (Field f : {Field::Spare, Field::Make, Field::Model}) r.Set(f, "");
+    std::istringstream cells(line);
+    for (Field f : kColumns) {
+      std::getline(cells, cell, '|');  // empty once the line runs out
+      r.Set(f, cell);
+    }
+    slides.push_back(r);
+  }
+  return slides;
+}
 
 std::map<std::string, std::string> ReadCase(const std::string& path) {
   std::map<std::string, std::string> values;
@@ -37,6 +64,35 @@ std::vector<std::string> Cases() {
   std::sort(names.begin(), names.end());
   return names;
 }
+
+// A report controller over g.Slides in a temporary installation, with the
+// open file and the date every golden page shows.
+class ReportFixture : public ::testing::Test {
+ protected:
+  ReportFixture() {
+    mc = std::make_unique<UIMainController>(app.str(), settings, g);
+    mc->SlideInformationFilePath("/home/ann/Chattelbook/Files/Household.sif");
+    mc->SlideTemplate(1);
+  }
+
+  UIReportController& Controller(const std::string& font = "Arial Narrow") {
+    ReportLocale locale;
+    locale.generalDate = [] { return std::string("22/11/2026 20:07:34"); };
+    reports = std::make_unique<UIReportController>(*mc, g.Slides, g.ErrorInfo, locale);
+    reports->ReportFont(font);
+    return *reports;
+  }
+
+  // A page as written, line end included.
+  std::string Page(const std::string& name) const { return ReadFile(app / ("Reports/" + name)); }
+  bool Exists(const std::string& name) const { return fs::exists(app / ("Reports/" + name)); }
+
+  TempDir app;
+  MemorySettings settings;
+  ModGlobal g;
+  std::unique_ptr<UIMainController> mc;
+  std::unique_ptr<UIReportController> reports;
+};
 
 class GoldenPage : public ReportFixture, public ::testing::WithParamInterface<std::string> {};
 
@@ -67,6 +123,48 @@ TEST_P(GoldenPage, WritesThePageByteForByte) {
 
 INSTANTIATE_TEST_SUITE_P(Cases, GoldenPage, ::testing::ValuesIn(Cases()),
                          [](const auto& row) { return row.param; });
+
+class ReportController : public ReportFixture {
+ protected:
+  void SetUp() override {
+    g.Slides = ParseSlideTable(
+        "sofa.jpg|Sofa|Furniture|Lounge||1500\n"
+        "tv.jpg|TV|Electrical|Lounge||900\n"
+        "bed.jpg|Bed|Furniture|Bedroom||700\n"
+        "sofa.jpg|Old sofa|Furniture|Garage||50\n");
+  }
+};
+
+TEST_F(ReportController, DrillDownFilesAreNumberedFromTwoAfterEachSummary) {
+  UIReportController& r = Controller();
+  ASSERT_TRUE(r.CreateReportByCategory());
+  EXPECT_TRUE(Exists("Report1.htm"));
+  EXPECT_EQ(r.ReportStack(StackOp::CurrentName, ""), "Report 1.htm");
+  ASSERT_TRUE(r.CreateSubReportByCategory("Furniture"));
+  ASSERT_TRUE(r.CreateSubReportByCategory("Electrical"));
+  EXPECT_TRUE(Exists("Report 2.htm"));
+  EXPECT_TRUE(Exists("Report 3.htm"));
+  EXPECT_EQ(r.ReportStack(StackOp::CurrentName, ""), "Report 3.htm");
+  EXPECT_NE(Page("Report 3.htm").find("Electrical"), std::string::npos);
+
+  ASSERT_TRUE(r.CreateReportByLocation());
+  ASSERT_TRUE(r.CreateSubReportByLocation("Lounge"));
+  EXPECT_EQ(r.ReportStack(StackOp::CurrentName, ""), "Report 2.htm");
+  EXPECT_NE(Page("Report 2.htm").find("<title>Sub-Report By Location</title>"), std::string::npos);
+  // The older third file stays until a later drill-down writes that name.
+  EXPECT_NE(Page("Report 3.htm").find("Electrical"), std::string::npos);
+}
+
+TEST_F(ReportController, ASumBeyondADoubleFailsTheReport) {
+  g.Slides = ParseSlideTable("a.jpg|A|Cars|Yard||1E308\nb.jpg|B|Cars|Yard||1E308\n");
+  UIReportController& r = Controller();
+  EXPECT_FALSE(r.CreateReportByCategory());
+  EXPECT_EQ(g.ErrorInfo[0], "6");
+  EXPECT_EQ(g.ErrorInfo[2], "Overflow");
+  EXPECT_FALSE(Exists("Report1.htm"));
+  // Each value alone is in range, so the sub-report is written.
+  EXPECT_TRUE(r.CreateSubReportByCategory("Cars"));
+}
 
 }  // namespace
 }  // namespace cb::testing

@@ -78,7 +78,6 @@ TEST(StrictNumber, TakesTheWholeTextOrNothing) {
       {" 1,234  ", 1234}, {"$12", 12},             {"12$", 12},              {"-$5", -5},
       {"$-5", -5},        {"1.5E2", 150},          {"12-34", std::nullopt},  {"0", 0},
       {",5", std::nullopt}, {"1e999", std::nullopt}, {"1E", std::nullopt},  {"12.5.1", std::nullopt},
-      {std::string(26, '\0').c_str(), std::nullopt},
   };
   for (const auto& r : rows) EXPECT_EQ(StrictNumber(r.text, en), r.value) << '"' << r.text << '"';
   EXPECT_EQ(StrictNumber(std::string(26, '\0'), en), std::nullopt);

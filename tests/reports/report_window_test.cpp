@@ -1,30 +1,93 @@
-// The report viewer driven as a user drives it: the toolbar's Report, the
-// links of the pages by mouse and keyboard, Previous and Next, F1.
+// The report windows driven as a user drives them: the toolbar's Report and
+// the chooser, the links of the pages by mouse and keyboard, Previous and
+// Next, Print, F1; and the locale the pages are written in.
 
-#include <QAction>
+#include <QComboBox>
+#include <QDateTime>
+#include <QLineEdit>
+#include <QLocale>
 #include <QMdiSubWindow>
+#include <QPrintDialog>
 #include <QPushButton>
 #include <QRadioButton>
 #include <QScrollBar>
-#include <QToolBar>
+#include <QTest>
+#include <QTextBlock>
+#include <QTextBrowser>
 
-#include "ReportWindowFixture.h"
 #include "dialogs/HelpRoutine.h"
+#include "dialogs/PagePrint.h"
 #include "help/frmHelp.h"
 #include "qt/OpenForms.h"
 #include "qt/StretchImage.h"
+#include "qt/SystemLocale.h"
+#include "reports/ReportBrowser.h"
+#include "reports/frmReport.h"
 #include "reports/frmSelectReport.h"
 #include "slide/frmSlide.h"
+#include "support/GalleryFixture.h"
 
 namespace cb {
 namespace {
 
+using testing::ReadFile;
 using testing::WhenModal;
 
-using testing::ReadFile;
-
-class ReportWindowTest : public testing::ReportWindowFixture {
+// A gallery of five slides with categories, locations and values, the main
+// window started on it offscreen.
+class ReportWindowTest : public testing::GalleryFixture {
  protected:
+  // Slides 1 to 5: picture "p<i>.png", text "Slide <i>".
+  void SetUp() override {
+    struct Row {
+      const char *category, *location, *value;
+    };
+    static constexpr Row kRows[] = {{"Furniture", "Lounge", "1500"},
+                                    {"Electrical", "Lounge", "900"},
+                                    {"Furniture", "Study", "300"},
+                                    {"Art", "Room #2", "50"},
+                                    {"Electrical", "Study", "20"}};
+    Start(5);
+    Mc().SlideTemplate(1);
+    for (std::size_t i = 1; i <= 5; ++i) {
+      Globals().Slides[i].Set(Field::Category, kRows[i - 1].category);
+      Globals().Slides[i].Set(Field::Location, kRows[i - 1].location);
+      Globals().Slides[i].Set(Field::Value, kRows[i - 1].value);
+    }
+    ErrorArray errors;
+    ASSERT_TRUE(Report(Mc().SaveSettings(), errors));
+  }
+
+  // The viewer open, as the chooser's OK makes it.
+  frmReport& Viewer() {
+    auto* r = qobject_cast<frmReport*>(FindOpenForm("frmReport"));
+    if (!r) throw std::runtime_error("no report viewer");
+    return *r;
+  }
+  frmReport& OpenReport() {
+    TheMDIMain().OpenReport(ReportKind::ByLocation, "Arial");
+    return Viewer();
+  }
+
+  // A left click on the link whose href ends in "?" + key.
+  static void ClickLink(frmReport& r, const QString& key) {
+    QTextBrowser& b = *r.WebBrowser1;
+    for (QTextBlock block = b.document()->begin(); block.isValid(); block = block.next())
+      for (auto it = block.begin(); !it.atEnd(); ++it) {
+        const QTextFragment f = it.fragment();
+        if (!f.charFormat().isAnchor() || !f.charFormat().anchorHref().endsWith("?" + key)) continue;
+        QTextCursor c(b.document());
+        c.setPosition(f.position() + 1);
+        QTest::mouseClick(b.viewport(), Qt::LeftButton, {}, b.cursorRect(c).center());
+        return;
+      }
+    ADD_FAILURE() << "no link to " << key.toStdString();
+  }
+
+  // The file name of the page on show.
+  static std::string Shown(const frmReport& r) { return r.WebBrowser1->source().fileName().toStdString(); }
+
+  static void FlushDeletes() { QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete); }
 
   // The user turns to another child, then back to the viewer.
   void Activate(frmReport& r) {
@@ -33,10 +96,37 @@ class ReportWindowTest : public testing::ReportWindowFixture {
       if (other->widget() != &r) area.setActiveSubWindow(other);
     area.setActiveSubWindow(qobject_cast<QMdiSubWindow*>(r.parentWidget()));
   }
+
+  // The report font as the file on disk holds it.
+  std::string StoredFont() {
+    ModGlobal other;
+    UIMainController mc(app.str(), settings, other);
+    ErrorArray errors;
+    EXPECT_TRUE(Report(mc.LoadSettings(), errors)) << errors[2];
+    return mc.ReportFont();
+  }
+
+  // Prints the viewer's page through the dialog, to a PDF file at `path`.
+  void PrintTo(frmReport& r, const std::string& path) {
+    bool dialogSeen = false;
+    WhenModal([&](QWidget* w) {
+      auto* dialog = qobject_cast<QPrintDialog*>(w);
+      ASSERT_NE(dialog, nullptr);
+      dialogSeen = true;
+      auto* printers = dialog->findChild<QComboBox*>("printers");
+      ASSERT_NE(printers, nullptr);
+      printers->setCurrentIndex(printers->findText("Print to File (PDF)"));
+      auto* file = dialog->findChild<QLineEdit*>("filename");
+      ASSERT_NE(file, nullptr);
+      file->setText(QString::fromStdString(path));
+      dialog->accept();
+    });
+    r.PrintButton->trigger();
+    EXPECT_TRUE(dialogSeen);
+  }
 };
 
 TEST_F(ReportWindowTest, ReportThenOkShowsTheSummaryAndBlocksASecondViewer) {
-  StartInventory();
   QStringList dialogs;
   WhenModal([&dialogs](QWidget* w) {
     dialogs << w->objectName();
@@ -44,11 +134,10 @@ TEST_F(ReportWindowTest, ReportThenOkShowsTheSummaryAndBlocksASecondViewer) {
   });
   TheMDIMain().Toolbar1_ButtonClick(ToolbarButton::Report);
   ASSERT_EQ(dialogs, QStringList{"frmSelectReport"});
-  auto* r = qobject_cast<frmReport*>(FindOpenForm("frmReport"));
-  ASSERT_NE(r, nullptr);
-  EXPECT_EQ(Shown(*r), "Report1.htm");
-  EXPECT_EQ(r->WebBrowser1->documentTitle(), "Report By Location");
-  EXPECT_FALSE(r->PreviousButton->isEnabled());
+  frmReport& r = Viewer();
+  EXPECT_EQ(Shown(r), "Report1.htm");
+  EXPECT_EQ(r.WebBrowser1->documentTitle(), "Report By Location");
+  EXPECT_FALSE(r.PreviousButton->isEnabled());
 
   // A click that reaches the handler while the viewer is open does nothing.
   dialogs.clear();
@@ -62,23 +151,21 @@ TEST_F(ReportWindowTest, ReportThenOkShowsTheSummaryAndBlocksASecondViewer) {
 }
 
 TEST_F(ReportWindowTest, ASlideLinkBringsTheSlideWindowUpOnItsRecord) {
-  StartInventory();
-  frmReport* r = OpenReport();
-  ASSERT_NE(r, nullptr);
-  ClickLink(*r->WebBrowser1, "Study");
-  ClickLink(*r->WebBrowser1, "p5.png");
+  frmReport& r = OpenReport();
+  ClickLink(r, "Study");
+  ClickLink(r, "p5.png");
   auto* slide = qobject_cast<frmSlide*>(FindOpenForm("frmSlide"));
   ASSERT_NE(slide, nullptr);
   EXPECT_EQ(slide->Image1->toolTip(), "Slide 5");
   EXPECT_EQ(TheMDIMain().StatusText(), "Slide: 5");
   // The sub-report stands again behind the slide and in the history.
-  EXPECT_EQ(Shown(*r), "Report 2.htm");
-  EXPECT_EQ(r->Stack().TotalItems(), 3);
-  r->Previous_Click();
-  EXPECT_EQ(Shown(*r), "Report 2.htm");
+  EXPECT_EQ(Shown(r), "Report 2.htm");
+  EXPECT_EQ(r.Stack().TotalItems(), 3);
+  r.Previous_Click();
+  EXPECT_EQ(Shown(r), "Report 2.htm");
 
   // Another slide of the page: the one slide window, now on that record.
-  ClickLink(*r->WebBrowser1, "p3.png");
+  ClickLink(r, "p3.png");
   FlushDeletes();
   QList<QWidget*> slides;
   for (QWidget* w : QApplication::allWidgets())
@@ -89,41 +176,38 @@ TEST_F(ReportWindowTest, ASlideLinkBringsTheSlideWindowUpOnItsRecord) {
 }
 
 TEST_F(ReportWindowTest, PreviousAndNextWalkTheHistoryThatLinksRecord) {
-  StartInventory();
-  frmReport* r = OpenReport();
-  ASSERT_NE(r, nullptr);
-  ClickLink(*r->WebBrowser1, "Lounge");  // Report 2.htm, recorded
-  r->Previous_Click();
-  EXPECT_EQ(Shown(*r), "Report1.htm");
-  EXPECT_FALSE(r->PreviousButton->isEnabled());
-  EXPECT_TRUE(r->NextButton->isEnabled());
+  frmReport& r = OpenReport();
+  ClickLink(r, "Lounge");  // Report 2.htm, recorded
+  r.Previous_Click();
+  EXPECT_EQ(Shown(r), "Report1.htm");
+  EXPECT_FALSE(r.PreviousButton->isEnabled());
+  EXPECT_TRUE(r.NextButton->isEnabled());
 
   // The first link after Previous is shown but not recorded.
-  ClickLink(*r->WebBrowser1, "Study");
-  EXPECT_EQ(Shown(*r), "Report 3.htm");
-  EXPECT_TRUE(r->PreviousButton->isEnabled());
-  EXPECT_TRUE(r->NextButton->isEnabled());
+  ClickLink(r, "Study");
+  EXPECT_EQ(Shown(r), "Report 3.htm");
+  EXPECT_TRUE(r.PreviousButton->isEnabled());
+  EXPECT_TRUE(r.NextButton->isEnabled());
 
-  r->Next_Click();  // leads to the first sub-report
-  EXPECT_EQ(Shown(*r), "Report 2.htm");
-  EXPECT_FALSE(r->NextButton->isEnabled());
-  EXPECT_TRUE(r->PreviousButton->isEnabled());
+  r.Next_Click();  // leads to the first sub-report
+  EXPECT_EQ(Shown(r), "Report 2.htm");
+  EXPECT_FALSE(r.NextButton->isEnabled());
+  EXPECT_TRUE(r.PreviousButton->isEnabled());
 
   // After a slide the page shown is the last one written, not the one left by Next;
   // that first link is not recorded either, the second one is.
-  ClickLink(*r->WebBrowser1, "p1.png");
-  EXPECT_EQ(Shown(*r), "Report 3.htm");
-  EXPECT_EQ(r->Stack().TotalItems(), 2);
-  ClickLink(*r->WebBrowser1, "p3.png");
-  EXPECT_EQ(r->Stack().TotalItems(), 3);
-  EXPECT_EQ(r->Stack().CurrentItem(), 3);
-  EXPECT_FALSE(r->NextButton->isEnabled());
+  ClickLink(r, "p1.png");
+  EXPECT_EQ(Shown(r), "Report 3.htm");
+  EXPECT_EQ(r.Stack().TotalItems(), 2);
+  ClickLink(r, "p3.png");
+  EXPECT_EQ(r.Stack().TotalItems(), 3);
+  EXPECT_EQ(r.Stack().CurrentItem(), 3);
+  EXPECT_FALSE(r.NextButton->isEnabled());
 }
 
 TEST_F(ReportWindowTest, AReportThatCannotBeWrittenClosesTheViewerSilently) {
-  StartInventory();
   testing::WriteFile(app / "Reports", "a file where the directory belongs");
-  OpenReport();
+  TheMDIMain().OpenReport(ReportKind::ByLocation, "Arial");
   FlushDeletes();
   EXPECT_EQ(FindOpenForm("frmReport"), nullptr);
   EXPECT_TRUE(messages.isEmpty());
@@ -132,18 +216,16 @@ TEST_F(ReportWindowTest, AReportThatCannotBeWrittenClosesTheViewerSilently) {
 
 // F1 gives way to the help viewer; the toolbar's Help opens it beside the report.
 TEST_F(ReportWindowTest, HelpOpensOnTheReportsPage) {
-  StartInventory();
-  frmReport* r = OpenReport();
-  ASSERT_NE(r, nullptr);
-  r->HelpButton->trigger();
+  frmReport& r = OpenReport();
+  r.HelpButton->trigger();
   EXPECT_EQ(HelpPage(), "help012.htm");
   EXPECT_NE(FindOpenForm("frmReport"), nullptr);
   UnloadHelp();
 
   QApplication::setActiveWindow(&TheMDIMain());
-  Activate(*r);
-  r->WebBrowser1->setFocus();
-  QTest::keyClick(r->WebBrowser1, Qt::Key_F1);
+  Activate(r);
+  r.WebBrowser1->setFocus();
+  QTest::keyClick(r.WebBrowser1, Qt::Key_F1);
   EXPECT_EQ(HelpPage(), "help012.htm");
   FlushDeletes();
   EXPECT_EQ(FindOpenForm("frmReport"), nullptr);
@@ -152,11 +234,9 @@ TEST_F(ReportWindowTest, HelpOpensOnTheReportsPage) {
 // A page that fits its view has no horizontal scroll bar, maximised or at any
 // width; a view narrower than the page's tables still scrolls.
 TEST_F(ReportWindowTest, APageThatFitsItsViewHasNoHorizontalScrollBar) {
-  StartInventory();
-  frmReport* r = OpenReport();
-  ASSERT_NE(r, nullptr);
-  QMdiSubWindow& sub = *qobject_cast<QMdiSubWindow*>(r->parentWidget());
-  const QScrollBar& bar = *r->WebBrowser1->horizontalScrollBar();
+  frmReport& r = OpenReport();
+  QMdiSubWindow& sub = *qobject_cast<QMdiSubWindow*>(r.parentWidget());
+  const QScrollBar& bar = *r.WebBrowser1->horizontalScrollBar();
   const auto barShown = [&bar] {
     QCoreApplication::processEvents();
     return bar.isVisible();
@@ -165,14 +245,104 @@ TEST_F(ReportWindowTest, APageThatFitsItsViewHasNoHorizontalScrollBar) {
   EXPECT_FALSE(barShown()) << "maximised";
   sub.showNormal();
   for (const char* link : {"", "Lounge"}) {  // the summary, then a sub-report
-    if (*link) ClickLink(*r->WebBrowser1, link);
+    if (*link) ClickLink(r, link);
     for (int width = 600; width < 610; ++width) {
       sub.resize(width, 500);
-      EXPECT_FALSE(barShown()) << Shown(*r) << " at " << width;
+      EXPECT_FALSE(barShown()) << Shown(r) << " at " << width;
     }
   }
   sub.resize(60, 500);
   EXPECT_TRUE(barShown()) << "a page wider than its view";
+}
+
+TEST_F(ReportWindowTest, TheFirstOptionIsCaptionedByTemplate) {
+  struct Row {
+    std::int32_t slideTemplate;
+    const char* caption;
+    std::int32_t after;
+  };
+  const Row rows[] = {{1, "Report By Location", 1},
+                      {2, "Report By Suburb", 2},
+                      {3, "Report By Year", 3},
+                      {0, "Report By Location", 1},
+                      {9, "Report By Location", 1}};
+  for (const Row& row : rows) {
+    Mc().SlideTemplate(row.slideTemplate);
+    frmSelectReport dialog;
+    EXPECT_EQ(dialog.optLocation->text(), row.caption) << row.slideTemplate;
+    EXPECT_TRUE(dialog.optLocation->isChecked());
+    EXPECT_EQ(dialog.optCategory->text(), "Report By Category");
+    EXPECT_EQ(Mc().SlideTemplate(), row.after);
+  }
+  EXPECT_EQ(StoredFont(), "");  // the correction stays in memory
+}
+
+TEST_F(ReportWindowTest, APickedFontIsSavedInTheFileATypedOneServesOneReport) {
+  Mc().ReportFont("");
+  {
+    frmSelectReport dialog;
+    EXPECT_EQ(dialog.cboFont->currentText(), "Arial Narrow");
+    dialog.cboFont->setCurrentIndex(2);
+    emit dialog.cboFont->activated(2);
+    dialog.cmdCancel->click();  // the pick is already kept
+  }
+  EXPECT_EQ(StoredFont(), "Courier New");
+
+  WhenModal([](QWidget* w) {
+    auto* dialog = qobject_cast<frmSelectReport*>(w);
+    ASSERT_NE(dialog, nullptr);
+    EXPECT_EQ(dialog->cboFont->currentText(), "Courier New");
+    dialog->optCategory->setChecked(true);
+    dialog->cboFont->setEditText("Comic Sans MS");
+    dialog->cmdOK->click();
+  });
+  TheMDIMain().Toolbar1_ButtonClick(ToolbarButton::Report);
+  EXPECT_EQ(Viewer().WebBrowser1->documentTitle(), "Report By Category");
+  EXPECT_NE(ReadFile(app / "Reports/Report1.htm").find("face='Comic Sans MS'"), std::string::npos);
+  EXPECT_EQ(StoredFont(), "Courier New");
+}
+
+// To a PDF file, then to a folder that is not there: the failure says why and what else to try.
+TEST_F(ReportWindowTest, PrintWritesAPdfOrSaysWhyNot) {
+  frmReport& r = OpenReport();
+  PrintTo(r, app / "summary.pdf");
+  const std::string pdf = ReadFile(app / "summary.pdf");
+  EXPECT_EQ(pdf.substr(0, 5), "%PDF-");
+  EXPECT_NE(pdf.find("/Title (\xFE\xFF"), std::string::npos);  // the page title names the document
+  EXPECT_TRUE(messages.isEmpty()) << messages.join("\n").toStdString();
+
+  PrintTo(r, app / "no such folder/summary.pdf");
+  ASSERT_EQ(messages.size(), 1);
+  EXPECT_TRUE(messages[0].startsWith("Chattelbook: Print command Error: ")) << messages[0].toStdString();
+  EXPECT_TRUE(
+      messages[0].endsWith("\n\nChattelbook is having problems sending commands\n"
+                           "directly to the printer.  Try right-clicking on the\n"
+                           "report and selecting the 'Print' option."));
+}
+
+struct LocaleRow {
+  const char* name;
+  const char* separator;
+  const char* point;
+  const char* currency;
+  const char* date;  // of 1 February 2003, 16:05:06
+};
+
+TEST(SystemLocale, SeparatorPointCurrencyAndDateComeFromTheLocale) {
+  const LocaleRow rows[] = {
+      {"en_US", ",", ".", "$", "2/1/03 4:05:06 PM"},
+      {"de_DE", ".", ",", "\x80", "01.02.03 16:05:06"},
+      {"fr_FR", "\xA0", ",", "\x80", "01/02/2003 16:05:06"},  // a narrow blank groups digits: the no-break space
+  };
+  const QDateTime when(QDate(2003, 2, 1), QTime(16, 5, 6));
+  for (const auto& row : rows) {
+    const QLocale locale(row.name);
+    const ReportLocale l = ReportLocaleOf(locale);
+    EXPECT_EQ(l.thousandsSeparator, row.separator) << row.name;
+    EXPECT_EQ(l.decimalPoint, row.point) << row.name;
+    EXPECT_EQ(l.currencySymbol, row.currency) << row.name;
+    EXPECT_EQ(GeneralDateFileText(locale, when), row.date) << row.name;
+  }
 }
 
 }  // namespace
