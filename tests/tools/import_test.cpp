@@ -1,8 +1,11 @@
-// Export then import must give back the file the program wrote, and import
-// must refuse what the file cannot hold without writing anything.
+// The two interchange formats: export then import gives back the file the
+// program wrote, and what a file cannot hold, or malformed input, is refused
+// with a message that finds the spot and nothing is written.
 
 #include <gmock/gmock.h>
 
+#include "Csv.h"
+#include "Formats.h"
 #include "SifTools.h"
 
 namespace cb::sif::testing {
@@ -54,15 +57,17 @@ TEST(Import, ExportThenImportGivesBackTheFile) {
     }
 }
 
-TEST(Import, FieldsAreMeasuredInWindows1252Characters) {
+// Columns are found by name in any case and order; fields are measured in
+// Windows-1252 characters, and trailing blanks are padding, not text.
+TEST(Import, CsvColumnsByNameAndFieldsInWindows1252Characters) {
   Scratch dir;
-  // 26 characters, 29 bytes in UTF-8; trailing blanks are padding, not text.
-  const std::string name = "é€" + std::string(23, 'x') + "é";
-  const Outcome r = RunInProcess({"import", "-", "-o", dir / "a.sif"}, "PictureFile,Value\r\n" + name + ",12   " +
-                                                                         std::string(20, ' ') + "\r\n");
+  const std::string name = "é€" + std::string(23, 'x') + "é";  // 26 characters, 29 bytes in UTF-8
+  const Outcome r = RunInProcess({"import", "-", "-o", dir / "a.sif"},
+                                 "value,PictureFile\r\n12" + std::string(23, ' ') + "," + name + "\r\n");
   ASSERT_EQ(r.status, 0) << r.err;
   const Outcome back = RunInProcess({"export", dir / "a.sif", "--format", "json"});
-  EXPECT_THAT(back.out, HasSubstr("\"pictureFile\": \"" + name + "\""));
+  EXPECT_THAT(back.out, HasSubstr("\"template\": 1,"));
+  EXPECT_THAT(back.out, HasSubstr("\"pictureFile\": \"" + name + "\",\n      \"slideText\": \"\""));
   EXPECT_THAT(back.out, HasSubstr("\"value\": \"12\""));
 }
 
@@ -84,6 +89,14 @@ const Refusal kRefusals[] = {
     {"setting too long", "json", "{\"reportFont\": \"" + std::string(27, 'f') + "\"}",
      "reportFont: 27 characters, longer than the 26"},
     {"template outside 1 to 3", "json", "{\"template\": 4}", "template 4 is outside 1 to 3"},
+    {"not JSON", "json", "{\"slides\": [", "not JSON: "},
+    {"unknown setting", "json", "{\"font\": \"Arial\"}", "unknown key \"font\""},
+    {"template a fraction", "json", "{\"template\": 1.5}", "template: not a whole number"},
+    {"slide no object", "json", "{\"slides\": [{}, 7]}", "row 2: not an object"},
+    {"unknown slide key", "json", "{\"slides\": [{\"PictureFile\": \"a\"}]}", "row 1: unknown key \"PictureFile\""},
+    {"field no text", "json", "{\"slides\": [{}, {\"value\": 150}]}", "row 2, Value: not a text"},
+    {"quote not closed", "csv", "a\r\nb,\"open\r\nstill open", "line 2: a quoted field is not closed"},
+    {"text after a quote", "csv", "\"multi\nline\",ok\n\"bad\"x", "line 3: text after the closing quote of a field"},
 };
 
 TEST(Import, RefusesWithRowAndFieldAndWritesNothing) {
@@ -97,22 +110,43 @@ TEST(Import, RefusesWithRowAndFieldAndWritesNothing) {
   }
 }
 
-TEST(Import, KeepsAnExistingFileUnlessForced) {
-  Scratch dir;
-  WriteFile(dir / "in.csv", "PictureFile\r\na.jpg\r\n");
-  WriteFile(dir / "out.sif", "precious");
-  const std::vector<std::string> args{"import", dir / "in.csv", "-o", dir / "out.sif"};
+TEST(Csv, WritesAndReadsBack) {
+  const struct {
+    const char* name;
+    std::vector<CsvRow> rows;
+    std::string text;
+  } cases[] = {
+      {"plain", {{"a", "b"}, {"", "c"}}, "a,b\r\n,c\r\n"},
+      {"comma", {{"1,500", "x"}}, "\"1,500\",x\r\n"},
+      {"quotes doubled", {{"Ring \"gold\""}}, "\"Ring \"\"gold\"\"\"\r\n"},
+      {"line breaks kept as written", {{"two\r\nlines", "lf\nonly"}}, "\"two\r\nlines\",\"lf\nonly\"\r\n"},
+      {"blanks at either end", {{" lead", "trail "}}, "\" lead\",\"trail \"\r\n"},
+      {"non-ASCII untouched", {{"Café €5"}}, "Café €5\r\n"},
+  };
+  for (const auto& c : cases) {
+    SCOPED_TRACE(c.name);
+    EXPECT_EQ(WriteCsv(c.rows), c.text);
+    std::vector<CsvRow> back;
+    std::string message;
+    ASSERT_TRUE(ParseCsv(c.text, back, message)) << message;
+    EXPECT_EQ(back, c.rows);
+  }
+}
 
-  const Outcome refused = RunInProcess(args);
-  EXPECT_EQ(refused.status, 1);
-  EXPECT_THAT(refused.err, HasSubstr("already exists"));
-  EXPECT_EQ(ReadFile(dir / "out.sif"), "precious");
-
-  auto forced = args;
-  forced.push_back("--force");
-  ASSERT_EQ(RunInProcess(forced).status, 0);
-  EXPECT_EQ(ReadFile(dir / "out.sif").size(), 2 * kRecordLength);
-  EXPECT_THAT(Names(dir), ::testing::UnorderedElementsAre("in.csv", "out.sif"));
+TEST(Csv, ReadsWhatSpreadsheetsWrite) {
+  const std::pair<std::string, std::vector<CsvRow>> cases[] = {
+      {"a,b\nc,\"d\"", {{"a", "b"}, {"c", "d"}}},  // LF line ends, none at the end
+      {"\xEF\xBB\xBF"
+       "a,\r\n\r\n\nb\r\n",
+       {{"a", ""}, {"b"}}},  // byte-order mark, empty lines
+      {"5\" screen,x", {{"5\" screen", "x"}}},
+  };
+  for (const auto& [text, expected] : cases) {
+    std::vector<CsvRow> rows;
+    std::string message;
+    EXPECT_TRUE(ParseCsv(text, rows, message)) << message;
+    EXPECT_EQ(rows, expected) << text;
+  }
 }
 
 }  // namespace
