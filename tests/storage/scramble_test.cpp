@@ -40,10 +40,8 @@ TEST(Scramble, StoresEachCharacterAsItsComplement) {
 
 TEST(Scramble, UnscrambleSkipsPaddingAndNul) {
   const std::pair<std::string, std::string> rows[] = {
-      {"\xBF   ", "A"},
-      {"\x9F\xE0\x9E", "a b"},
-      {"\x9F \x9E", "ab"},  // padding blanks vanish wherever they stand
-      {"\0\0\xBF"s, "A"},   // so do NULs
+      {"\xBF   ", "A"},   {"\x9F\xE0\x9E", "a b"}, {"\x9F \x9E", "ab"},  // padding blanks vanish wherever they stand
+      {"\0\0\xBF"s, "A"},                                                // so do NULs
       {"", ""},
   };
   for (const auto& [stored, plain] : rows) {

@@ -99,7 +99,10 @@ TEST_F(SifFileTest, FieldComesBackAsStored) {
       {Field::Make, " abc", " ab"},          // leading blank costs the last character
       {Field::Value, "  12.50", "12.50"},    // the value alone is trimmed first
       {Field::SlideText, "caf\xE0", "caf"},  // code 224 is stored as padding
-      {Field::SlideText, "a\xE0" "b", "ab"},
+      {Field::SlideText,
+       "a\xE0"
+       "b",
+       "ab"},
       {Field::Model, "X 1", "X 1"},
       {Field::PictureFile, std::string(30, 'p'), std::string(26, 'p')},
   };
@@ -245,9 +248,9 @@ TEST_F(SifFileTest, RandomBytesNeverCrashOrOverreach) {
 TEST(SifReader, MemoryAndDiskLoadAlike) {
   testing::TempDir dir;
   const std::string path = dir / "Files/a.sif", three = ReadHex(kThreeHex);
-  for (const std::string& bytes : {three, three.substr(0, 2 * kRecordLength + 100),
-                                   ReadHex(FIXTURES "/unassigned_fields.hex"), std::string(), Header("40000", ""),
-                                   Header("1", "99999999999"), std::string(1000, '\xFF')}) {
+  for (const std::string& bytes :
+       {three, three.substr(0, 2 * kRecordLength + 100), ReadHex(FIXTURES "/unassigned_fields.hex"), std::string(),
+        Header("40000", ""), Header("1", "99999999999"), std::string(1000, '\xFF')}) {
     SCOPED_TRACE(bytes.size());
     WriteFile(path, bytes);
     MemoryEnv memory;
