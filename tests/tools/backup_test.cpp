@@ -25,51 +25,43 @@ std::map<std::string, std::string> Tree(const fs::path& root) {
   return files;
 }
 
-// An application directory with a file whose slides name pictures that are
-// there, one that is not, and one twice.
-struct App {
-  Scratch dir;
-  fs::path root = fs::path(dir.str()) / "app";
-  std::string sif = (root / "Files/Home.sif").string();
-  App() {
-    for (const char* f : {"Files", "Gallery", "Background", "Wallpaper"}) fs::create_directories(root / f);
-    WriteAsProgram(sif, {1, "oak.jpg", "sage.jpg", "Tahoma"},
-                   {{"tv.jpg", "TV"}, {"Télé.jpg", "Télé"}, {"gone.jpg", "Gone"}, {"tv.jpg", "Same picture"}});
-    WriteFile((root / "Gallery/tv.jpg").string(), std::string("\xFF\xD8tv\0picture", 12));
-    WriteFile((root / "Gallery/T\xC3\xA9l\xC3\xA9.jpg").string(), "tele");
-    WriteFile((root / "Gallery/unnamed.jpg").string(), "no slide names this");
-    WriteFile((root / "Background/oak.jpg").string(), "frame");
-    WriteFile((root / "Wallpaper/sage.jpg").string(), "wallpaper");
-  }
-};
-
-// One backup, restored elsewhere, over the files it came from, and damaged.
+// One backup of an application directory whose slides name pictures that
+// are there, one that is not, and one twice: restored elsewhere, over the
+// files it came from, and damaged.
 TEST(Backup, RestoreGivesBackEveryFileByteForByte) {
-  App app;
-  const std::string archive = app.dir / "home.tar.gz";
-  const Outcome b = RunProcess({"backup", app.sif, "-o", archive}, app.dir);
+  Scratch dir;
+  const std::string root = dir / "app", sif = root + "/Files/Home.sif", archive = dir / "home.tar.gz";
+  for (const char* f : {"Files", "Gallery", "Background", "Wallpaper"}) fs::create_directories(root + "/" + f);
+  WriteAsProgram(sif, {1, "oak.jpg", "sage.jpg", "Tahoma"},
+                 {{"tv.jpg", "TV"}, {"Télé.jpg", "Télé"}, {"gone.jpg", "Gone"}, {"tv.jpg", "Same picture"}});
+  WriteFile(root + "/Gallery/tv.jpg", std::string("\xFF\xD8tv\0picture", 12));
+  WriteFile(root + "/Gallery/T\xC3\xA9l\xC3\xA9.jpg", "tele");
+  WriteFile(root + "/Gallery/unnamed.jpg", "no slide names this");
+  WriteFile(root + "/Background/oak.jpg", "frame");
+  WriteFile(root + "/Wallpaper/sage.jpg", "wallpaper");
+  const Outcome b = RunProcess({"backup", sif, "-o", archive}, dir);
   ASSERT_EQ(b.status, 0) << b.err;
   EXPECT_EQ(b.out, "5 files backed up into " + archive + ", 1 missing\n");
-  EXPECT_THAT(b.err, HasSubstr("slide 3: \"" + (app.root / "Gallery/gone.jpg").string() + "\" is missing"));
+  EXPECT_THAT(b.err, HasSubstr("slide 3: \"" + root + "/Gallery/gone.jpg\" is missing"));
 
-  const fs::path to = fs::path(app.dir.str()) / "restored";
-  const Outcome r = RunProcess({"restore", archive, "--to", to.string()}, app.dir);
+  const std::string to = dir / "restored";
+  const Outcome r = RunProcess({"restore", archive, "--to", to}, dir);
   ASSERT_EQ(r.status, 0) << r.err;
   EXPECT_THAT(r.err, HasSubstr("Gallery/gone.jpg was missing when the backup was made"));
-  std::map<std::string, std::string> expected = Tree(app.root);
+  std::map<std::string, std::string> expected = Tree(root);
   expected.erase("Gallery/unnamed.jpg");
   EXPECT_EQ(Tree(to), expected);
 
   // Existing files are replaced only with --force.
-  const std::map<std::string, std::string> before = Tree(app.root);
-  WriteFile((app.root / "Gallery/tv.jpg").string(), "edited since");
-  const Outcome refused = RunProcess({"restore", archive, "--to", app.root.string()}, app.dir);
+  const std::map<std::string, std::string> before = Tree(root);
+  WriteFile(root + "/Gallery/tv.jpg", "edited since");
+  const Outcome refused = RunProcess({"restore", archive, "--to", root}, dir);
   EXPECT_EQ(refused.status, 1);
   EXPECT_THAT(refused.err, HasSubstr("give --force to replace them\n  Files/Home.sif\n  Gallery/tv.jpg\n"));
-  EXPECT_EQ(ReadFile((app.root / "Gallery/tv.jpg").string()), "edited since");
-  const Outcome forced = RunProcess({"restore", archive, "--to", app.root.string(), "--force"}, app.dir);
+  EXPECT_EQ(ReadFile(root + "/Gallery/tv.jpg"), "edited since");
+  const Outcome forced = RunProcess({"restore", archive, "--to", root, "--force"}, dir);
   EXPECT_EQ(forced.status, 0) << forced.err;
-  EXPECT_EQ(Tree(app.root), before);
+  EXPECT_EQ(Tree(root), before);
 
   const std::string bytes = ReadFile(archive);
   std::string flipped = bytes;
@@ -79,11 +71,10 @@ TEST(Backup, RestoreGivesBackEveryFileByteForByte) {
   for (const auto& [name, damaged] : damages) {
     SCOPED_TRACE(name);
     WriteFile(archive, damaged);
-    const fs::path nowhere = fs::path(app.dir.str()) / "damaged";
-    const Outcome d = RunProcess({"restore", archive, "--to", nowhere.string()}, app.dir);
+    const Outcome d = RunProcess({"restore", archive, "--to", dir / "damaged"}, dir);
     EXPECT_EQ(d.status, 1);
     EXPECT_THAT(d.err, StartsWith("chattelbook-sif: " + archive + ": "));
-    EXPECT_FALSE(fs::exists(nowhere));
+    EXPECT_FALSE(fs::exists(dir / "damaged"));
   }
 }
 

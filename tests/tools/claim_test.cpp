@@ -46,10 +46,10 @@ std::string SummaryTotal(const std::string& page) {
 struct Fixture {
   Scratch app;
   std::string path = app / "Files/Home.sif";
-  Fixture(std::int32_t slideTemplate, const std::vector<SlideText>& slides = kSlides) {
+  explicit Fixture(std::int32_t slideTemplate) {
     fs::create_directories(app / "Files");
     fs::create_directories(app / "Gallery");
-    WriteAsProgram(path, {slideTemplate}, slides);
+    WriteAsProgram(path, {slideTemplate}, kSlides);
   }
   SifDocument Read() const {
     SifDocument doc;
@@ -60,13 +60,12 @@ struct Fixture {
 };
 
 TEST(Claim, TotalsAreTheSummaryReports) {
-  struct Case {
+  const struct {
     std::int32_t slideTemplate;
     ReportKind kind;
     const char* word;
     std::vector<std::string> groups;  // key, count, total
-  };
-  const Case cases[] = {
+  } cases[] = {
       {1,
        ReportKind::ByCategory,
        "Category",

@@ -71,36 +71,33 @@ TEST(Import, CsvColumnsByNameAndFieldsInWindows1252Characters) {
   EXPECT_THAT(back.out, HasSubstr("\"value\": \"12\""));
 }
 
-struct Refusal {
-  const char* name;
-  const char* format;
-  std::string input;
-  const char* message;
-};
-
-const Refusal kRefusals[] = {
-    {"text too long", "csv", "SlideText\r\nok\r\n" + std::string(101, 't') + "\r\n",
-     "row 2, SlideText: 101 characters, longer than the 100 the field holds"},
-    {"value too long", "csv", "Value\r\n123456789012\r\n", "row 1, Value: 12 characters, longer than the 11"},
-    {"no Windows-1252 form", "csv", "Make,Model\r\nok,ok\r\nok,ok\r\nTick \xE2\x9C\x93,ok\r\n",
-     "row 3, Make: U+2713 is a character Windows-1252 cannot hold"},
-    {"slide too long in JSON", "json", "{\"slides\": [{\"serial\": \"" + std::string(27, 's') + "\"}]}",
-     "row 1, Serial: 27 characters, longer than the 26"},
-    {"setting too long", "json", "{\"reportFont\": \"" + std::string(27, 'f') + "\"}",
-     "reportFont: 27 characters, longer than the 26"},
-    {"template outside 1 to 3", "json", "{\"template\": 4}", "template 4 is outside 1 to 3"},
-    {"not JSON", "json", "{\"slides\": [", "not JSON: "},
-    {"unknown setting", "json", "{\"font\": \"Arial\"}", "unknown key \"font\""},
-    {"template a fraction", "json", "{\"template\": 1.5}", "template: not a whole number"},
-    {"slide no object", "json", "{\"slides\": [{}, 7]}", "row 2: not an object"},
-    {"unknown slide key", "json", "{\"slides\": [{\"PictureFile\": \"a\"}]}", "row 1: unknown key \"PictureFile\""},
-    {"field no text", "json", "{\"slides\": [{}, {\"value\": 150}]}", "row 2, Value: not a text"},
-    {"quote not closed", "csv", "a\r\nb,\"open\r\nstill open", "line 2: a quoted field is not closed"},
-    {"text after a quote", "csv", "\"multi\nline\",ok\n\"bad\"x", "line 3: text after the closing quote of a field"},
-};
-
 TEST(Import, RefusesWithRowAndFieldAndWritesNothing) {
-  for (const auto& c : kRefusals) {
+  const struct {
+    const char* name;
+    const char* format;
+    std::string input;
+    const char* message;
+  } refusals[] = {
+      {"text too long", "csv", "SlideText\r\nok\r\n" + std::string(101, 't') + "\r\n",
+       "row 2, SlideText: 101 characters, longer than the 100 the field holds"},
+      {"value too long", "csv", "Value\r\n123456789012\r\n", "row 1, Value: 12 characters, longer than the 11"},
+      {"no Windows-1252 form", "csv", "Make,Model\r\nok,ok\r\nok,ok\r\nTick \xE2\x9C\x93,ok\r\n",
+       "row 3, Make: U+2713 is a character Windows-1252 cannot hold"},
+      {"slide too long in JSON", "json", "{\"slides\": [{\"serial\": \"" + std::string(27, 's') + "\"}]}",
+       "row 1, Serial: 27 characters, longer than the 26"},
+      {"setting too long", "json", "{\"reportFont\": \"" + std::string(27, 'f') + "\"}",
+       "reportFont: 27 characters, longer than the 26"},
+      {"template outside 1 to 3", "json", "{\"template\": 4}", "template 4 is outside 1 to 3"},
+      {"not JSON", "json", "{\"slides\": [", "not JSON: "},
+      {"unknown setting", "json", "{\"font\": \"Arial\"}", "unknown key \"font\""},
+      {"template a fraction", "json", "{\"template\": 1.5}", "template: not a whole number"},
+      {"slide no object", "json", "{\"slides\": [{}, 7]}", "row 2: not an object"},
+      {"unknown slide key", "json", "{\"slides\": [{\"PictureFile\": \"a\"}]}", "row 1: unknown key \"PictureFile\""},
+      {"field no text", "json", "{\"slides\": [{}, {\"value\": 150}]}", "row 2, Value: not a text"},
+      {"quote not closed", "csv", "a\r\nb,\"open\r\nstill open", "line 2: a quoted field is not closed"},
+      {"text after a quote", "csv", "\"multi\nline\",ok\n\"bad\"x", "line 3: text after the closing quote of a field"},
+  };
+  for (const auto& c : refusals) {
     SCOPED_TRACE(c.name);
     Scratch dir;
     const Outcome r = RunInProcess({"import", "-", "--format", c.format, "-o", dir / "out.sif"}, c.input);
