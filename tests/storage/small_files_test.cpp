@@ -1,7 +1,5 @@
-// Every file the program writes is replaced in one step: a failure at any
-// step leaves the old file byte for byte and tells the step by its number.
-// The small files besides the slides: the password, the history and the
-// report pages.
+// Saves replace their file in one step, so a failed step leaves the old file
+// byte for byte; and the small files: password, history and report pages.
 #include <gtest/gtest.h>
 
 #include <sys/stat.h>
