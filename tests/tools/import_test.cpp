@@ -107,11 +107,13 @@ TEST(Import, RefusesWithRowAndFieldAndWritesNothing) {
   }
 }
 
+// Reading also takes what spreadsheets write, which a write never makes.
 TEST(Csv, WritesAndReadsBack) {
   const struct {
     const char* name;
     std::vector<CsvRow> rows;
     std::string text;
+    bool written = true;
   } cases[] = {
       {"plain", {{"a", "b"}, {"", "c"}}, "a,b\r\n,c\r\n"},
       {"comma", {{"1,500", "x"}}, "\"1,500\",x\r\n"},
@@ -119,30 +121,19 @@ TEST(Csv, WritesAndReadsBack) {
       {"line breaks kept as written", {{"two\r\nlines", "lf\nonly"}}, "\"two\r\nlines\",\"lf\nonly\"\r\n"},
       {"blanks at either end", {{" lead", "trail "}}, "\" lead\",\"trail \"\r\n"},
       {"non-ASCII untouched", {{"Café €5"}}, "Café €5\r\n"},
+      {"LF line ends, none at the end", {{"a", "b"}, {"c", "d"}}, "a,b\nc,\"d\"", false},
+      {"byte-order mark, empty lines", {{"a", ""}, {"b"}}, "\uFEFFa,\r\n\r\n\nb\r\n", false},
+      {"a quote inside a bare field", {{"5\" screen", "x"}}, "5\" screen,x", false},
   };
   for (const auto& c : cases) {
     SCOPED_TRACE(c.name);
-    EXPECT_EQ(WriteCsv(c.rows), c.text);
+    if (c.written) {
+      EXPECT_EQ(WriteCsv(c.rows), c.text);
+    }
     std::vector<CsvRow> back;
     std::string message;
     ASSERT_TRUE(ParseCsv(c.text, back, message)) << message;
     EXPECT_EQ(back, c.rows);
-  }
-}
-
-TEST(Csv, ReadsWhatSpreadsheetsWrite) {
-  const std::pair<std::string, std::vector<CsvRow>> cases[] = {
-      {"a,b\nc,\"d\"", {{"a", "b"}, {"c", "d"}}},  // LF line ends, none at the end
-      {"\xEF\xBB\xBF"
-       "a,\r\n\r\n\nb\r\n",
-       {{"a", ""}, {"b"}}},  // byte-order mark, empty lines
-      {"5\" screen,x", {{"5\" screen", "x"}}},
-  };
-  for (const auto& [text, expected] : cases) {
-    std::vector<CsvRow> rows;
-    std::string message;
-    EXPECT_TRUE(ParseCsv(text, rows, message)) << message;
-    EXPECT_EQ(rows, expected) << text;
   }
 }
 
