@@ -103,11 +103,7 @@ inline Outcome RunInProcess(const std::vector<std::string>& args, const std::str
   for (const auto& a : args) list << QString::fromStdString(a);
   std::ostringstream out, err;
   std::istringstream in(input);
-  Outcome r;
-  r.status = RunSif(list, out, err, in);
-  r.out = out.str();
-  r.err = err.str();
-  return r;
+  return {RunSif(list, out, err, in), out.str(), err.str()};  // a braced list runs left to right
 }
 
 inline std::string ShellQuote(const std::string& s) {

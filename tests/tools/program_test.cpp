@@ -89,18 +89,14 @@ TEST(SifFile, ReadAndCheckAgreeWithTheProgramsLoad) {
 
 TEST(Check, ListsPicturesMissingFromTheGallery) {
   Scratch dir;
-  fs::create_directories(dir / "Gallery");
-  WriteFile(dir / "Gallery/a.jpg", "x");
-  WriteFile(dir / "Gallery/B.JPG", "x");
+  const std::string gallery = dir / "Gallery";
+  WriteFile(gallery + "/a.jpg", "x");
+  WriteFile(gallery + "/B.JPG", "x");
   WriteAsProgram(dir / "g.sif", {}, {{"a.jpg", ""}, {"b.jpg", ""}, {"c.jpg", ""}, {"", "no picture"}});
-  const Outcome r = RunInProcess({"check", dir / "g.sif", "--gallery", dir / "Gallery"});
+  const Outcome r = RunInProcess({"check", dir / "g.sif", "--gallery", gallery});
   EXPECT_EQ(r.status, 1);
-  EXPECT_EQ(r.out, "slide 2: picture \"b.jpg\" is missing from " + (dir / "Gallery") +
-                       " (\"B.JPG\" differs in case)\n"
-                       "slide 3: picture \"c.jpg\" is missing from " +
-                       (dir / "Gallery") +
-                       "\n"
-                       "slide 4: no picture file named\n");
+  EXPECT_EQ(r.out, "slide 2: picture \"b.jpg\" is missing from " + gallery + " (\"B.JPG\" differs in case)\n" +
+                       "slide 3: picture \"c.jpg\" is missing from " + gallery + "\nslide 4: no picture file named\n");
 }
 
 ReportLocale FixedLocale() {
