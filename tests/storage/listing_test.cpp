@@ -14,26 +14,14 @@ using ::testing::ElementsAreArray;
 using Names = std::vector<std::string>;
 
 // One tree on the disk and in memory: the memory's folders come from the paths it holds.
-class ListingTest : public ::testing::Test {
- protected:
-  ListingTest() {
-    for (const char* f : {"b.sif", "A.SIF", "a.sif", "c.Sif", "d.txt", "README", ".hidden.sif", "Zeta/inner.sif",
-                          "alpha.sif/x", ".cache/x"}) {
-      testing::WriteFile(disk / f, "x");
-      memory.Files()["/m/" + std::string(f)] = "x";
-    }
-  }
-  struct Place {
-    Env& env;
-    std::string dir;
-  };
-  std::vector<Place> Places() { return {{Env::Default(), disk.str()}, {memory, "/m"}}; }
-
+TEST(Listing, FilesFitThePatternInCaseInsensitiveOrder) {
   testing::TempDir disk;
   MemoryEnv memory;
-};
-
-TEST_F(ListingTest, FilesFitThePatternInCaseInsensitiveOrder) {
+  for (const char* f : {"b.sif", "A.SIF", "a.sif", "c.Sif", "d.txt", "README", ".hidden.sif", "Zeta/inner.sif",
+                        "alpha.sif/x", ".cache/x"}) {
+    testing::WriteFile(disk / f, "x");
+    memory.Files()["/m/" + std::string(f)] = "x";
+  }
   const struct {
     const char* pattern;
     Names files;
@@ -42,11 +30,12 @@ TEST_F(ListingTest, FilesFitThePatternInCaseInsensitiveOrder) {
       {"*.*", {"A.SIF", "a.sif", "b.sif", "c.Sif", "d.txt", "README"}},
       {"*.jpg", {}},
   };
-  for (const Place& p : Places()) {
-    for (const auto& r : rows) EXPECT_THAT(ListFiles(p.env, p.dir, r.pattern), ElementsAreArray(r.files)) << r.pattern;
-    EXPECT_THAT(ListFiles(p.env, p.dir + "/missing", "*.*"), ElementsAre());
-    EXPECT_THAT(ListDirectories(p.env, p.dir), ElementsAre("alpha.sif", "Zeta")) << p.dir;
-    EXPECT_THAT(ListDirectories(p.env, p.dir + "/missing"), ElementsAre());
+  const std::pair<Env&, std::string> places[] = {{Env::Default(), disk.str()}, {memory, "/m"}};
+  for (const auto& [env, dir] : places) {
+    for (const auto& r : rows) EXPECT_THAT(ListFiles(env, dir, r.pattern), ElementsAreArray(r.files)) << r.pattern;
+    EXPECT_THAT(ListFiles(env, dir + "/missing", "*.*"), ElementsAre());
+    EXPECT_THAT(ListDirectories(env, dir), ElementsAre("alpha.sif", "Zeta")) << dir;
+    EXPECT_THAT(ListDirectories(env, dir + "/missing"), ElementsAre());
   }
 }
 

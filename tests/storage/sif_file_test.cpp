@@ -1,6 +1,12 @@
+// The slide information file: what a save writes byte for byte, and what a
+// load makes of whole, cut, damaged and unreadable files.
 #include <gtest/gtest.h>
 
+#include <random>
+
 #include "storage/DataAccess.h"
+#include "storage/RandomFile.h"
+#include "storage/Scramble.h"
 #include "support/SifFixture.h"
 
 namespace cb {
@@ -11,9 +17,10 @@ using testing::ReadHex;
 using testing::Slide;
 using testing::WriteFile;
 
+const std::string kThreeHex = FIXTURES "/three_slides.hex";
+
 class SifFileTest : public testing::SifFixture {
  protected:
-  // The open file is Files/<name>, with the given header settings.
   UIMainController& Open(const std::string& name) {
     UIMainController& mc = Start();
     mc.SetRegistryKeys(FilesPath(name));
@@ -22,22 +29,30 @@ class SifFileTest : public testing::SifFixture {
   ErrorArray errors;
 };
 
-SlideArray ThreeSlides() {
-  using F = Field;
-  SlideArray s(1);
-  s.push_back(testing::Slide({{F::PictureFile, "tv.jpg"}, {F::SlideText, "Lounge television"},
-      {F::Category, "Electrical"}, {F::Location, "Lounge"}, {F::Make, "Sony"}, {F::Model, "KD-55X80"},
-      {F::Serial, "SN 4471"}, {F::Value, "1499.95"}, {F::Spare, ""}}));
-  s.push_back(testing::Slide({{F::PictureFile, "ring.jpg"}, {F::SlideText, "Gold ring, 18ct"},
-      {F::Category, "Jewellery"}, {F::Location, "Bedroom"}, {F::Make, ""}, {F::Model, ""}, {F::Serial, ""},
-      {F::Value, "2,300"}, {F::Spare, ""}}));
-  s.push_back(testing::Slide({{F::PictureFile, "bike.jpg"}, {F::SlideText, "Road bike \xE9t\xE9"},
-      {F::Category, "Sport"}, {F::Location, "Garage"}, {F::Make, "Trek"}, {F::Model, "Domane"},
-      {F::Serial, "WTU123"}, {F::Value, "850"}, {F::Spare, ""}}));
-  return s;
+// A slide as a load gives it back: every field padded with blanks.
+SlideRecord Loaded(const std::vector<std::string>& fields = {}) {
+  SlideRecord r;
+  r.bytes().fill(' ');
+  for (std::size_t i = 0; i < fields.size(); ++i) r.Set(static_cast<Field>(i + 1), fields[i]);
+  return r;
 }
 
-TEST_F(SifFileTest, SavesHeaderAndSlidesByteForByte) {
+SlideArray ThreeSlides() {
+  return {SlideRecord(),
+          Loaded({"tv.jpg", "Lounge television", "Electrical", "Lounge", "Sony", "KD-55X80", "SN 4471", "1499.95"}),
+          Loaded({"ring.jpg", "Gold ring, 18ct", "Jewellery", "Bedroom", "", "", "", "2,300"}),
+          Loaded({"bike.jpg", "Road bike \xE9t\xE9", "Sport", "Garage", "Trek", "Domane", "WTU123", "850"})};
+}
+
+// A header record whose count and template fields hold the given plain text.
+std::string Header(const std::string& count, const std::string& tmpl) {
+  SlideRecord h;
+  h.Set(Field::Serial, ScrambleField(count));
+  h.Set(Field::Spare, ScrambleField(tmpl));
+  return std::string(h.bytes().data(), kRecordLength);
+}
+
+TEST_F(SifFileTest, SavesByteForByteAndLoadsBack) {
   UIMainController& mc = Open("three.sif");
   mc.SlideTemplate(2);
   mc.BackgroundImage("oak.jpg");
@@ -46,8 +61,24 @@ TEST_F(SifFileTest, SavesHeaderAndSlidesByteForByte) {
   g.Slides = ThreeSlides();
   g.SlidesChanged = true;
   ASSERT_TRUE(Report(mc.SaveSettings(), errors));
-  EXPECT_EQ(ReadFile(FilesPath("three.sif")), ReadHex(FIXTURES "/three_slides.hex"));
+  const std::string golden = ReadHex(kThreeHex);
+  EXPECT_EQ(ReadFile(FilesPath("three.sif")), golden);
   EXPECT_FALSE(g.SlidesChanged);
+
+  UIMainController& loaded = Open("three.sif");
+  g.Slides.clear();
+  g.SlidesChanged = true;
+  ASSERT_TRUE(Report(loaded.LoadSettings(), errors));
+  EXPECT_EQ(loaded.NumberOfRecords(), 3);
+  EXPECT_EQ(loaded.SlideTemplate(), 2);
+  EXPECT_EQ(loaded.BackgroundImage(), "oak.jpg");
+  EXPECT_EQ(loaded.Wallpaper(), "dusk.jpg");
+  EXPECT_EQ(loaded.ReportFont(), "DejaVu Sans");
+  EXPECT_FALSE(g.SlidesChanged);
+  // The header stays as read, still scrambled.
+  SlideArray expected = ThreeSlides();
+  std::copy_n(golden.begin(), kRecordLength, expected[0].bytes().begin());
+  EXPECT_EQ(g.Slides, expected);
 }
 
 TEST_F(SifFileTest, NeverAssignedFieldsAreSavedAsBlanks) {
@@ -60,103 +91,54 @@ TEST_F(SifFileTest, NeverAssignedFieldsAreSavedAsBlanks) {
   EXPECT_EQ(g.Slides[1].Get(Field::Make), std::string(26, ' '));
 }
 
-TEST_F(SifFileTest, LoadGivesBackTheSlidesAndTheHeader) {
-  WriteFile(FilesPath("three.sif"), ReadHex(FIXTURES "/three_slides.hex"));
-  UIMainController& mc = Open("three.sif");
-  g.SlidesChanged = true;
-  ASSERT_TRUE(Report(mc.LoadSettings(), errors));
-  EXPECT_EQ(g.Slides.size(), 4u);
-  EXPECT_EQ(mc.NumberOfRecords(), 3);
-  EXPECT_EQ(mc.SlideTemplate(), 2);
-  EXPECT_EQ(mc.BackgroundImage(), "oak.jpg");
-  EXPECT_EQ(mc.Wallpaper(), "dusk.jpg");
-  EXPECT_EQ(mc.ReportFont(), "DejaVu Sans");
-  EXPECT_FALSE(g.SlidesChanged);
-  const SlideArray expected = ThreeSlides();
-  for (std::size_t i = 1; i < expected.size(); ++i) EXPECT_EQ(g.Slides[i], expected[i]) << i;
-  // The header stays as read, still scrambled.
-  EXPECT_EQ(std::string(g.Slides[0].bytes().data(), kRecordLength), ReadFile(FilesPath("three.sif")).substr(0, 278));
+TEST_F(SifFileTest, FieldComesBackAsStored) {
+  const struct {
+    Field field;
+    std::string saved, loaded;  // loaded: trimmed
+  } rows[] = {
+      {Field::Make, " abc", " ab"},        // leading blank costs the last character
+      {Field::Value, "  12.50", "12.50"},  // the value alone is trimmed first
+      {Field::PictureFile, std::string(30, 'p'), std::string(26, 'p')},
+  };
+  for (const auto& row : rows) {
+    SCOPED_TRACE(row.saved);
+    UIMainController& mc = Open("one.sif");
+    g.Slides = {SlideRecord(), Slide({{row.field, row.saved}})};
+    ASSERT_TRUE(Report(mc.SaveSettings(), errors));
+    ASSERT_TRUE(Report(mc.LoadSettings(), errors));
+    EXPECT_EQ(RTrim(g.Slides[1].Get(row.field)), row.loaded);
+  }
 }
 
-struct RoundTripRow {
-  Field field;
-  std::string saved;
-  std::string loaded;  // trimmed
-};
-
-// What a value becomes after a save and a load.
-const RoundTripRow kRoundTrips[] = {
-    {Field::Make, " abc", " ab"},            // leading blank costs the last character
-    {Field::Value, "  12.50", "12.50"},      // the value alone is trimmed first
-    {Field::SlideText, "caf\xE0", "caf"},    // code 224 is stored as padding
-    {Field::SlideText, "a\xE0" "b", "ab"},
-    {Field::Model, "X 1", "X 1"},
-    {Field::PictureFile, std::string(30, 'p'), std::string(26, 'p')},
-};
-
-class SifRoundTripTest : public SifFileTest, public ::testing::WithParamInterface<RoundTripRow> {};
-
-TEST_P(SifRoundTripTest, FieldComesBackAsStored) {
-  const auto& row = GetParam();
-  UIMainController& mc = Open("one.sif");
-  g.Slides.push_back(Slide({{row.field, row.saved}}));
-  ASSERT_TRUE(Report(mc.SaveSettings(), errors));
-  ASSERT_TRUE(Report(mc.LoadSettings(), errors));
-  EXPECT_EQ(RTrim(g.Slides[1].Get(row.field)), row.loaded);
+TEST_F(SifFileTest, CutFileReadsAsFarAsItGoes) {
+  // Slide 3 ends four bytes into its picture name.
+  WriteFile(FilesPath("cut.sif"), ReadHex(kThreeHex).substr(0, 3 * kRecordLength + 15));
+  ASSERT_TRUE(Report(Open("cut.sif").LoadSettings(), errors));
+  ASSERT_EQ(g.Slides.size(), 4u);
+  EXPECT_EQ(RTrim(g.Slides[3].Get(Field::PictureFile)), "bike");
+  EXPECT_EQ(RTrim(g.Slides[3].Get(Field::SlideText)), "");
 }
 
-INSTANTIATE_TEST_SUITE_P(Rows, SifRoundTripTest, ::testing::ValuesIn(kRoundTrips));
-
-TEST_F(SifFileTest, ZeroLengthFileLoadsEmptyKeepingTheTemplate) {
-  WriteFile(FilesPath("empty.sif"), "");
-  UIMainController& mc = Open("empty.sif");
-  mc.SlideTemplate(3);
-  mc.Wallpaper("old.jpg");
-  g.Slides = ThreeSlides();
-  ASSERT_TRUE(Report(mc.LoadSettings(), errors));
-  EXPECT_EQ(mc.NumberOfRecords(), 0);
-  EXPECT_EQ(mc.SlideTemplate(), 3);
-  EXPECT_EQ(mc.Wallpaper(), "");
-  EXPECT_EQ(mc.BackgroundImage(), "");
-  EXPECT_EQ(g.Slides.size(), 1u);
-}
-
-TEST_F(SifFileTest, CountBeyondTheRecordsReadsEmptySlides) {
-  std::string bytes = ReadHex(FIXTURES "/three_slides.hex").substr(0, 2 * 278);
-  bytes.replace(241, 26, std::string(1, static_cast<char>(256 - '5')) + std::string(25, ' '));
-  WriteFile(FilesPath("short.sif"), bytes);
-  UIMainController& mc = Open("short.sif");
-  ASSERT_TRUE(Report(mc.LoadSettings(), errors));
-  ASSERT_EQ(g.Slides.size(), 6u);
-  EXPECT_EQ(RTrim(g.Slides[1].Get(Field::PictureFile)), "tv.jpg");
-  for (std::size_t i = 2; i < 6; ++i) EXPECT_EQ(g.Slides[i], Slide({{Field::Spare, ""}, {Field::PictureFile, ""},
-      {Field::SlideText, ""}, {Field::Category, ""}, {Field::Location, ""}, {Field::Make, ""},
-      {Field::Model, ""}, {Field::Serial, ""}, {Field::Value, ""}})) << i;
-}
-
-TEST_F(SifFileTest, FileChosenElsewhereIsReadFromTheFilesDirectory) {
+TEST_F(SifFileTest, FileIsReadFromTheFilesDirectoryUnderItsExactName) {
   WriteFile(app / "elsewhere/three.sif", "not read");
-  WriteFile(FilesPath("three.sif"), ReadHex(FIXTURES "/three_slides.hex"));
+  WriteFile(FilesPath("three.sif"), ReadHex(kThreeHex));
   UIMainController& mc = Open("x");
   mc.SetRegistryKeys(app / "elsewhere/three.sif");
   ASSERT_TRUE(Report(mc.LoadSettings(), errors));
   EXPECT_EQ(mc.NumberOfRecords(), 3);
   EXPECT_EQ(mc.SlideInformationFilePath(), app / "elsewhere/three.sif");
-}
 
-TEST_F(SifFileTest, FileChosenElsewhereWithoutATwinCreatesAnEmptyOne) {
-  WriteFile(app / "elsewhere/lone.sif", ReadHex(FIXTURES "/three_slides.hex"));
-  UIMainController& mc = Open("x");
+  // Without a twin there, an empty one is made.
+  WriteFile(app / "elsewhere/lone.sif", ReadHex(kThreeHex));
   mc.SetRegistryKeys(app / "elsewhere/lone.sif");
   ASSERT_TRUE(Report(mc.LoadSettings(), errors));
   EXPECT_EQ(mc.NumberOfRecords(), 0);
   EXPECT_TRUE(std::filesystem::exists(FilesPath("lone.sif")));
   EXPECT_EQ(ReadFile(FilesPath("lone.sif")), "");
-}
 
-TEST_F(SifFileTest, NameDifferingInCaseIsNotFound) {
-  WriteFile(FilesPath("Three.sif"), ReadHex(FIXTURES "/three_slides.hex"));
-  UIMainController& mc = Open("three.sif");
+  // A name differing in case is not found, and nothing changes.
+  WriteFile(FilesPath("Other.sif"), ReadHex(kThreeHex));
+  mc.SetRegistryKeys(FilesPath("other.sif"));
   errors = {"kept0", "kept1", ""};
   g.Slides = ThreeSlides();
   EXPECT_FALSE(Report(mc.LoadSettings(), errors));
@@ -164,12 +146,117 @@ TEST_F(SifFileTest, NameDifferingInCaseIsNotFound) {
   EXPECT_EQ(g.Slides.size(), 4u);
 }
 
-TEST_F(SifFileTest, SaveIntoAMissingDirectoryFails) {
+TEST_F(SifFileTest, SaveFailsIntoAMissingDirectoryOrBeyondWhatALoadCounts) {
   UIMainController& mc = Open("x");
   mc.SetRegistryKeys(app / "no/such/dir/a.sif");
   EXPECT_FALSE(Report(mc.SaveSettings(), errors));
   EXPECT_EQ(errors[0], "76");
   EXPECT_EQ(errors[2], "Path not found");
+  mc.SetRegistryKeys(app / "big.sif");
+  g.Slides.resize(kMaxRecords + 2);
+  EXPECT_FALSE(Report(mc.SaveSettings(), errors));
+  EXPECT_EQ(errors[0], "6");
+}
+
+TEST_F(SifFileTest, BadOrEmptyHeaderTakesTheLoadsResultOrFailurePath) {
+  const struct {
+    const char* name;
+    std::string bytes;
+    bool loads;
+    std::string error;           // errors[0] on failure
+    std::int32_t records;        // NumberOfRecords afterwards
+    std::int32_t slideTemplate;  // SlideTemplate afterwards (it was 3)
+  } rows[] = {
+      // The count is stored before the loop refuses it.
+      {"count 40000", Header("40000", "1"), false, "6", 40000, 1},
+      {"count max long", Header("2147483647", "1"), false, "6", 2147483647, 1},
+      {"count beyond long", Header("99999999999", "1"), false, "6", 7, 3},
+      {"count non-digits", Header("abc", "2"), true, "", 0, 2},
+      {"count leading digits", Header("2x", "2"), true, "", 2, 2},
+      {"template non-numeric", Header("0", "x"), true, "", 0, 3},
+      {"template empty", Header("0", ""), true, "", 0, 3},
+      {"template rounds half even", Header("0", "2.5"), true, "", 0, 2},
+      {"template beyond long", Header("0", "99999999999"), false, "6", 0, 3},
+      {"empty file", "", true, "", 0, 3},
+  };
+  for (const auto& row : rows) {
+    SCOPED_TRACE(row.name);
+    WriteFile(FilesPath("bad.sif"), row.bytes);
+    UIMainController& mc = Open("bad.sif");
+    mc.SlideTemplate(3);
+    mc.NumberOfRecords(7);
+    g.Slides.resize(8);
+    errors = {};
+    EXPECT_EQ(Report(mc.LoadSettings(), errors), row.loads);
+    EXPECT_EQ(errors[0], row.error);
+    if (!row.loads) {
+      EXPECT_EQ(errors[1], "DataAccess");
+      EXPECT_EQ(errors[2], "Overflow");
+      EXPECT_EQ(g.Slides.size(), 8u);  // unchanged
+    } else {                           // every slide counted lies past the header, the file's end
+      EXPECT_EQ(g.Slides.size(), static_cast<std::size_t>(row.records) + 1);
+      for (std::size_t i = 1; i < g.Slides.size(); ++i) EXPECT_EQ(g.Slides[i], Loaded()) << i;
+    }
+    EXPECT_EQ(mc.NumberOfRecords(), row.records);
+    EXPECT_EQ(mc.SlideTemplate(), row.slideTemplate);
+  }
+}
+
+TEST_F(SifFileTest, RandomBytesNeverCrashOrOverreach) {
+  std::mt19937 rng(2024);
+  for (int round = 0; round < 200; ++round) {
+    std::string bytes(rng() % 2000, '\0');
+    for (char& c : bytes) c = static_cast<char>(rng());
+    WriteFile(FilesPath("noise.sif"), bytes);
+    UIMainController& mc = Open("noise.sif");
+    if (Report(mc.LoadSettings(), errors)) {
+      EXPECT_EQ(static_cast<std::int32_t>(g.Slides.size()) - 1, mc.NumberOfRecords());
+      EXPECT_LE(mc.NumberOfRecords(), kMaxRecords);
+    } else {
+      EXPECT_FALSE(errors[0].empty());
+      EXPECT_FALSE(errors[2].empty());
+    }
+  }
+}
+
+// Disk and memory must load alike: whole files, cut ones, and headers that fail.
+TEST(SifReader, MemoryAndDiskLoadAlike) {
+  testing::TempDir dir;
+  const std::string path = dir / "Files/a.sif", three = ReadHex(kThreeHex);
+  for (const std::string& bytes :
+       {three, three.substr(0, 2 * kRecordLength + 100), ReadHex(FIXTURES "/unassigned_fields.hex"), std::string(),
+        Header("40000", ""), Header("1", "99999999999"), std::string(1000, '\xFF')}) {
+    SCOPED_TRACE(bytes.size());
+    WriteFile(path, bytes);
+    MemoryEnv memory;
+    memory.Files()[path] = bytes;
+    SifSettings onDisk{7, "bg.jpg", "wall.jpg", 3, "Arial"}, held = onDisk;
+    SlideArray diskSlides(2), heldSlides(2);
+    const Status a = DataAccess().LoadSettings({path, "a.sif", path}, onDisk, diskSlides);
+    const Status b = DataAccess(memory).LoadSettings({path, "a.sif", path}, held, heldSlides);
+    EXPECT_EQ(b.error(), a.error());
+    EXPECT_EQ(b.description(), a.description());
+    const auto tie = [](const SifSettings& t) {
+      return std::tie(t.NumberOfRecords, t.BackgroundImage, t.Wallpaper, t.SlideTemplate, t.ReportFont);
+    };
+    EXPECT_EQ(tie(held), tie(onDisk));
+    EXPECT_EQ(heldSlides, diskSlides);
+  }
+}
+
+TEST(RandomFile, AReadingOpenNeverCreates) {
+  testing::TempDir dir;
+  RandomFile f;
+  EXPECT_EQ(f.OpenRead(dir / "absent.sif", kRecordLength), RtError::FileNotFound);
+  EXPECT_EQ(f.OpenRead(dir / "no/absent.sif", kRecordLength), RtError::PathNotFound);
+  EXPECT_FALSE(std::filesystem::exists(dir / "absent.sif"));
+  WriteFile(dir / "short.sif", "abc");
+  ASSERT_EQ(f.OpenRead(dir / "short.sif", kRecordLength), RtError::None);
+  SlideRecord r;
+  EXPECT_EQ(f.Get(1, r.bytes()), RtError::None);
+  EXPECT_EQ(std::string(r.bytes().data(), 4), std::string("abc\0", 4));
+  EXPECT_EQ(f.Size(), 3);
+  EXPECT_NE(f.Put(1, r.bytes()), RtError::None);
 }
 
 }  // namespace

@@ -72,9 +72,9 @@ inline std::string WriteAsProgram(const std::string& path, const Header& h, cons
     r.Set(Field::SlideText, Cp(s.text));
     g.Slides.push_back(r);
     EXPECT_TRUE(Report(mc.SaveSettings(), errors)) << errors[2];
-    const std::pair<Field, const std::string*> edits[] = {{Field::Category, &s.category}, {Field::Location, &s.location},
-                                                          {Field::Make, &s.make},         {Field::Model, &s.model},
-                                                          {Field::Serial, &s.serial},     {Field::Value, &s.value}};
+    const std::pair<Field, const std::string*> edits[] = {
+        {Field::Category, &s.category}, {Field::Location, &s.location}, {Field::Make, &s.make},
+        {Field::Model, &s.model},       {Field::Serial, &s.serial},     {Field::Value, &s.value}};
     for (const auto& [f, v] : edits)
       if (!v->empty()) g.Slides.back().Set(f, Cp(*v));
     EXPECT_TRUE(Report(mc.SaveSettings(), errors)) << errors[2];
@@ -103,11 +103,7 @@ inline Outcome RunInProcess(const std::vector<std::string>& args, const std::str
   for (const auto& a : args) list << QString::fromStdString(a);
   std::ostringstream out, err;
   std::istringstream in(input);
-  Outcome r;
-  r.status = RunSif(list, out, err, in);
-  r.out = out.str();
-  r.err = err.str();
-  return r;
+  return {RunSif(list, out, err, in), out.str(), err.str()};  // a braced list runs left to right
 }
 
 inline std::string ShellQuote(const std::string& s) {
@@ -116,19 +112,25 @@ inline std::string ShellQuote(const std::string& s) {
   return q + "'";
 }
 
+// What `cmd` prints on its standard output; `status` takes its exit status.
+inline std::string Piped(const std::string& cmd, int* status = nullptr) {
+  std::string out;
+  FILE* p = ::popen(cmd.c_str(), "r");
+  if (!p) return out;
+  char buf[4096];
+  for (std::size_t n; (n = std::fread(buf, 1, sizeof buf, p)) > 0;) out.append(buf, n);
+  const int s = ::pclose(p);
+  if (status) *status = WIFEXITED(s) ? WEXITSTATUS(s) : -1;
+  return out;
+}
+
 // The built program as its own process; stdout and stderr kept apart.
 inline Outcome RunProcess(const std::vector<std::string>& args, const Scratch& dir) {
   std::string cmd = ShellQuote(SIF_BINARY);
   for (const auto& a : args) cmd += " " + ShellQuote(a);
   const std::string errFile = dir / ".stderr";
-  cmd += " 2>" + ShellQuote(errFile) + " </dev/null";
   Outcome r;
-  FILE* p = ::popen(cmd.c_str(), "r");
-  if (!p) return r;
-  char buf[4096];
-  for (std::size_t n; (n = std::fread(buf, 1, sizeof buf, p)) > 0;) r.out.append(buf, n);
-  const int status = ::pclose(p);
-  r.status = WIFEXITED(status) ? WEXITSTATUS(status) : -1;
+  r.out = Piped(cmd + " 2>" + ShellQuote(errFile) + " </dev/null", &r.status);
   r.err = ReadFile(errFile);
   fs::remove(errFile);
   return r;

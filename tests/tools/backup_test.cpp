@@ -25,56 +25,57 @@ std::map<std::string, std::string> Tree(const fs::path& root) {
   return files;
 }
 
-// An application directory with a file whose slides name pictures that are
-// there, one that is not, and one twice.
-struct App {
-  Scratch dir;
-  fs::path root = fs::path(dir.str()) / "app";
-  std::string sif = (root / "Files/Home.sif").string();
-  App() {
-    for (const char* f : {"Files", "Gallery", "Background", "Wallpaper"}) fs::create_directories(root / f);
-    WriteAsProgram(sif, {1, "oak.jpg", "sage.jpg", "Tahoma"},
-                   {{"tv.jpg", "TV"}, {"Télé.jpg", "Télé"}, {"gone.jpg", "Gone"}, {"tv.jpg", "Same picture"}});
-    WriteFile((root / "Gallery/tv.jpg").string(), std::string("\xFF\xD8tv\0picture", 12));
-    WriteFile((root / "Gallery/T\xC3\xA9l\xC3\xA9.jpg").string(), "tele");
-    WriteFile((root / "Gallery/unnamed.jpg").string(), "no slide names this");
-    WriteFile((root / "Background/oak.jpg").string(), "frame");
-    WriteFile((root / "Wallpaper/sage.jpg").string(), "wallpaper");
-  }
-};
-
+// One backup of an application directory whose slides name pictures that
+// are there, one that is not, and one twice: restored elsewhere, over the
+// files it came from, and damaged.
 TEST(Backup, RestoreGivesBackEveryFileByteForByte) {
-  App app;
-  const std::string archive = app.dir / "home.tar.gz";
-  const Outcome b = RunProcess({"backup", app.sif, "-o", archive}, app.dir);
+  Scratch dir;
+  const std::string root = dir / "app", sif = root + "/Files/Home.sif", archive = dir / "home.tar.gz";
+  for (const char* f : {"Files", "Gallery", "Background", "Wallpaper"}) fs::create_directories(root + "/" + f);
+  WriteAsProgram(sif, {1, "oak.jpg", "sage.jpg", "Tahoma"},
+                 {{"tv.jpg", "TV"}, {"Télé.jpg", "Télé"}, {"gone.jpg", "Gone"}, {"tv.jpg", "Same picture"}});
+  WriteFile(root + "/Gallery/tv.jpg", std::string("\xFF\xD8tv\0picture", 12));
+  WriteFile(root + "/Gallery/T\xC3\xA9l\xC3\xA9.jpg", "tele");
+  WriteFile(root + "/Gallery/unnamed.jpg", "no slide names this");
+  WriteFile(root + "/Background/oak.jpg", "frame");
+  WriteFile(root + "/Wallpaper/sage.jpg", "wallpaper");
+  const Outcome b = RunProcess({"backup", sif, "-o", archive}, dir);
   ASSERT_EQ(b.status, 0) << b.err;
   EXPECT_EQ(b.out, "5 files backed up into " + archive + ", 1 missing\n");
-  EXPECT_THAT(b.err, HasSubstr("slide 3: \"" + (app.root / "Gallery/gone.jpg").string() + "\" is missing"));
+  EXPECT_THAT(b.err, HasSubstr("slide 3: \"" + root + "/Gallery/gone.jpg\" is missing"));
 
-  const fs::path to = fs::path(app.dir.str()) / "restored";
-  const Outcome r = RunProcess({"restore", archive, "--to", to.string()}, app.dir);
+  const std::string to = dir / "restored";
+  const Outcome r = RunProcess({"restore", archive, "--to", to}, dir);
   ASSERT_EQ(r.status, 0) << r.err;
   EXPECT_THAT(r.err, HasSubstr("Gallery/gone.jpg was missing when the backup was made"));
-  std::map<std::string, std::string> expected = Tree(app.root);
+  std::map<std::string, std::string> expected = Tree(root);
   expected.erase("Gallery/unnamed.jpg");
   EXPECT_EQ(Tree(to), expected);
-}
 
-TEST(Backup, RestoreReplacesExistingFilesOnlyWithForce) {
-  App app;
-  const std::string archive = app.dir / "home.tar.gz";
-  ASSERT_EQ(RunProcess({"backup", app.sif, "-o", archive}, app.dir).status, 0);
-  const std::map<std::string, std::string> before = Tree(app.root);
-  WriteFile((app.root / "Gallery/tv.jpg").string(), "edited since");
-
-  const Outcome refused = RunProcess({"restore", archive, "--to", app.root.string()}, app.dir);
+  // Existing files are replaced only with --force.
+  const std::map<std::string, std::string> before = Tree(root);
+  WriteFile(root + "/Gallery/tv.jpg", "edited since");
+  const Outcome refused = RunProcess({"restore", archive, "--to", root}, dir);
   EXPECT_EQ(refused.status, 1);
   EXPECT_THAT(refused.err, HasSubstr("give --force to replace them\n  Files/Home.sif\n  Gallery/tv.jpg\n"));
-  EXPECT_EQ(ReadFile((app.root / "Gallery/tv.jpg").string()), "edited since");
-
-  const Outcome forced = RunProcess({"restore", archive, "--to", app.root.string(), "--force"}, app.dir);
+  EXPECT_EQ(ReadFile(root + "/Gallery/tv.jpg"), "edited since");
+  const Outcome forced = RunProcess({"restore", archive, "--to", root, "--force"}, dir);
   EXPECT_EQ(forced.status, 0) << forced.err;
-  EXPECT_EQ(Tree(app.root), before);
+  EXPECT_EQ(Tree(root), before);
+
+  const std::string bytes = ReadFile(archive);
+  std::string flipped = bytes;
+  flipped[bytes.size() / 2] = static_cast<char>(flipped[bytes.size() / 2] ^ 0x5A);
+  const std::pair<const char*, std::string> damages[] = {
+      {"a flipped byte", flipped}, {"cut in half", bytes.substr(0, bytes.size() / 2)}, {"not an archive", "hello"}};
+  for (const auto& [name, damaged] : damages) {
+    SCOPED_TRACE(name);
+    WriteFile(archive, damaged);
+    const Outcome d = RunProcess({"restore", archive, "--to", dir / "damaged"}, dir);
+    EXPECT_EQ(d.status, 1);
+    EXPECT_THAT(d.err, StartsWith("chattelbook-sif: " + archive + ": "));
+    EXPECT_FALSE(fs::exists(dir / "damaged"));
+  }
 }
 
 struct TarEntry {
@@ -95,8 +96,10 @@ void WriteTar(const std::string& path, const std::vector<TarEntry>& entries) {
     archive_entry_set_pathname(e, t.name.c_str());
     archive_entry_set_filetype(e, t.type);
     archive_entry_set_perm(e, 0644);
-    if (t.hard) archive_entry_set_hardlink(e, t.link.c_str());
-    else if (!t.link.empty()) archive_entry_set_symlink(e, t.link.c_str());
+    if (t.hard)
+      archive_entry_set_hardlink(e, t.link.c_str());
+    else if (!t.link.empty())
+      archive_entry_set_symlink(e, t.link.c_str());
     archive_entry_set_size(e, t.type == AE_IFREG && !t.hard ? static_cast<la_int64_t>(t.bytes.size()) : 0);
     archive_write_header(a, e);
     if (t.type == AE_IFREG && !t.hard) archive_write_data(a, t.bytes.data(), t.bytes.size());
@@ -123,8 +126,10 @@ TEST(Backup, RestoreRefusesBadArchivesAndWritesNothing) {
   };
   const Case cases[] = {
       {"a hash that does not match",
-       {sif, picture, {std::string(kManifestName), Sha256Hex("slides") + "  Files/Home.sif\n" +
-                                                       Sha256Hex("another picture") + "  Gallery/tv.jpg\n"}},
+       {sif,
+        picture,
+        {std::string(kManifestName),
+         Sha256Hex("slides") + "  Files/Home.sif\n" + Sha256Hex("another picture") + "  Gallery/tv.jpg\n"}},
        "\"Gallery/tv.jpg\" does not match its SHA-256"},
       {"a file the manifest does not name", {sif, picture, ManifestOf({sif})}, "is not in the manifest"},
       {"a named file the archive lacks", {sif, ManifestOf({sif, picture})}, "in the manifest but not in the archive"},
@@ -134,8 +139,7 @@ TEST(Backup, RestoreRefusesBadArchivesAndWritesNothing) {
       {"a climb out", {sif, {"../evil.jpg", "x"}, ManifestOf({sif})}, "would leave the application directory"},
       {"a climb out of a folder", {sif, {"Gallery/../../evil.jpg", "x"}, ManifestOf({sif})}, "would leave"},
       {"a symbolic link", {sif, {"Gallery/tv.jpg", "", AE_IFLNK, "/etc/passwd"}, ManifestOf({sif})}, "is a link"},
-      {"a hard link", {sif, {"Gallery/tv.jpg", "", AE_IFREG, "Files/Home.sif", true}, ManifestOf({sif})},
-       "is a link"},
+      {"a hard link", {sif, {"Gallery/tv.jpg", "", AE_IFREG, "Files/Home.sif", true}, ManifestOf({sif})}, "is a link"},
       {"a folder outside the backup's", {sif, {"Reports/Report1.htm", "x"}, ManifestOf({sif})}, "no part of a backup"},
       {"a directory", {sif, {"Gallery/sub", "", AE_IFDIR}, ManifestOf({sif})}, "not a regular file"},
   };
@@ -149,27 +153,6 @@ TEST(Backup, RestoreRefusesBadArchivesAndWritesNothing) {
     EXPECT_THAT(r.err, HasSubstr(c.complaint));
     EXPECT_THAT(r.err, HasSubstr("nothing was written"));
     EXPECT_EQ(Names(dir), std::vector<std::string>{"bad.tar.gz"});
-  }
-}
-
-TEST(Backup, RestoreRefusesADamagedArchive) {
-  App app;
-  const std::string good = app.dir / "home.tar.gz";
-  ASSERT_EQ(RunProcess({"backup", app.sif, "-o", good}, app.dir).status, 0);
-  const std::string bytes = ReadFile(good);
-  std::string flipped = bytes;
-  flipped[bytes.size() / 2] = static_cast<char>(flipped[bytes.size() / 2] ^ 0x5A);
-  const std::pair<const char*, std::string> damages[] = {
-      {"a flipped byte", flipped}, {"cut in half", bytes.substr(0, bytes.size() / 2)}, {"not an archive", "hello"}};
-  for (const auto& [name, damaged] : damages) {
-    SCOPED_TRACE(name);
-    const std::string archive = app.dir / "damaged.tar.gz";
-    WriteFile(archive, damaged);
-    const fs::path to = fs::path(app.dir.str()) / "restored";
-    const Outcome r = RunProcess({"restore", archive, "--to", to.string()}, app.dir);
-    EXPECT_EQ(r.status, 1);
-    EXPECT_THAT(r.err, StartsWith("chattelbook-sif: " + archive + ": "));
-    EXPECT_FALSE(fs::exists(to));
   }
 }
 

@@ -1,5 +1,5 @@
 // The program as users run it: exit statuses, what goes to which stream,
-// and the listing of show.
+// what is left on the disk, and the listing of show.
 
 #include <gmock/gmock.h>
 
@@ -15,7 +15,7 @@ struct ExitCase {
   const char* name;
   std::vector<std::string> args;  // "@" stands for the scratch directory
   int status;
-  const char* err;  // the start of standard error; "" for none
+  const char* err;  // the start of standard error, "@" expanded too; "" for none
 };
 
 const ExitCase kExitCases[] = {
@@ -24,7 +24,6 @@ const ExitCase kExitCases[] = {
     {"version", {"--version"}, 0, ""},
     {"show", {"show", "@/good.sif"}, 0, ""},
     {"export", {"export", "@/good.sif", "--format", "json"}, 0, ""},
-    {"check of a clean file", {"check", "@/good.sif"}, 0, ""},
     {"report", {"report", "@/good.sif", "--by", "location", "-o", "@/r.htm"}, 0, ""},
     {"no command", {}, 2, "chattelbook-sif: a command is missing\n\nUsage:"},
     {"unknown command", {"list", "@/good.sif"}, 2, "chattelbook-sif: unknown command \"list\"\n\nUsage:"},
@@ -33,18 +32,28 @@ const ExitCase kExitCases[] = {
     {"two files", {"show", "@/good.sif", "@/good.sif"}, 2, "chattelbook-sif: too many files"},
     {"bad format", {"export", "@/good.sif", "--format", "xml"}, 2, "chattelbook-sif: --format takes csv or json"},
     {"import without -o", {"import", "@/in.csv"}, 2, "chattelbook-sif: import needs -o FILE.sif"},
-    {"bad template", {"import", "@/in.csv", "-o", "@/x.sif", "--template", "4"}, 2,
+    {"bad template",
+     {"import", "@/in.csv", "-o", "@/x.sif", "--template", "4"},
+     2,
      "chattelbook-sif: --template takes 1, 2 or 3"},
     {"report without --by", {"report", "@/good.sif"}, 2, "chattelbook-sif: report needs --by"},
     {"no such file", {"show", "@/absent.sif"}, 1, "chattelbook-sif: "},
     {"a load would fail", {"export", "@/huge.sif"}, 1, "chattelbook-sif: "},
-    {"check with findings", {"check", "@/huge.sif"}, 1, ""},
     {"check of no file", {"check", "@/absent.sif"}, 1, "chattelbook-sif: "},
     {"refused import", {"import", "@/bad.csv", "-o", "@/x.sif"}, 1, "chattelbook-sif: "},
+    {"import onto a file",
+     {"import", "@/in.csv", "-o", "@/good.sif"},
+     1,
+     "chattelbook-sif: @/good.sif: already exists"},
+    {"import forced onto a file", {"import", "@/in.csv", "-o", "@/forced.sif", "--force"}, 0, ""},
     {"claim without -o", {"claim", "@/good.sif"}, 2, "chattelbook-sif: claim needs -o CLAIM.pdf"},
-    {"claim on A5", {"claim", "@/good.sif", "--page", "a5", "-o", "@/x.pdf"}, 2,
+    {"claim on A5",
+     {"claim", "@/good.sif", "--page", "a5", "-o", "@/x.pdf"},
+     2,
      "chattelbook-sif: --page takes a4 or letter"},
-    {"claim without a gallery", {"claim", "@/good.sif", "--gallery", "@/none", "-o", "@/x.pdf"}, 1,
+    {"claim without a gallery",
+     {"claim", "@/good.sif", "--gallery", "@/none", "-o", "@/x.pdf"},
+     1,
      "chattelbook-sif: "},
 };
 
@@ -54,13 +63,18 @@ TEST(Commands, ExitStatusesAndStreams) {
   WriteFile(dir / "huge.sif", WithHeader(good, "50000", "1"));
   WriteFile(dir / "in.csv", "PictureFile\r\na.jpg\r\n");
   WriteFile(dir / "bad.csv", "Value\r\n123456789012\r\n");
+  WriteFile(dir / "forced.sif", "precious");
+  const auto expand = [&dir](std::string a) {
+    if (const auto at = a.find('@'); at != std::string::npos) a.replace(at, 1, dir.str());
+    return a;
+  };
   for (const auto& c : kExitCases) {
     SCOPED_TRACE(c.name);
     std::vector<std::string> args;
-    for (std::string a : c.args) args.push_back(a.starts_with("@") ? dir.str() + a.substr(1) : a);
+    for (const auto& a : c.args) args.push_back(expand(a));
     const Outcome r = RunProcess(args, dir);
     EXPECT_EQ(r.status, c.status) << r.err;
-    EXPECT_THAT(r.err, StartsWith(c.err));
+    EXPECT_THAT(r.err, StartsWith(expand(c.err)));
     if (*c.err == '\0') {
       EXPECT_EQ(r.err, "");
     }
@@ -68,8 +82,10 @@ TEST(Commands, ExitStatusesAndStreams) {
       EXPECT_EQ(r.out, "");
     }
   }
-  EXPECT_FALSE(fs::exists(dir / "x.sif"));
-  EXPECT_FALSE(fs::exists(dir / "x.pdf"));
+  EXPECT_EQ(ReadFile(dir / "good.sif"), good);
+  EXPECT_EQ(ReadFile(dir / "forced.sif").size(), 2 * kRecordLength);
+  EXPECT_THAT(Names(dir),
+              ::testing::UnorderedElementsAre("good.sif", "huge.sif", "in.csv", "bad.csv", "forced.sif", "r.htm"));
 }
 
 TEST(Commands, ShowLabelsFieldsAsTheTemplatesEditorDoes) {

@@ -1,8 +1,11 @@
-// Export then import must give back the file the program wrote, and import
-// must refuse what the file cannot hold without writing anything.
+// The two interchange formats: export then import gives back the file the
+// program wrote, and what a file cannot hold, or malformed input, is refused
+// with a message that finds the spot and nothing is written.
 
 #include <gmock/gmock.h>
 
+#include "Csv.h"
+#include "Formats.h"
 #include "SifTools.h"
 
 namespace cb::sif::testing {
@@ -54,40 +57,47 @@ TEST(Import, ExportThenImportGivesBackTheFile) {
     }
 }
 
-TEST(Import, FieldsAreMeasuredInWindows1252Characters) {
+// Columns are found by name in any case and order; fields are measured in
+// Windows-1252 characters, and trailing blanks are padding, not text.
+TEST(Import, CsvColumnsByNameAndFieldsInWindows1252Characters) {
   Scratch dir;
-  // 26 characters, 29 bytes in UTF-8; trailing blanks are padding, not text.
-  const std::string name = "é€" + std::string(23, 'x') + "é";
-  const Outcome r = RunInProcess({"import", "-", "-o", dir / "a.sif"}, "PictureFile,Value\r\n" + name + ",12   " +
-                                                                         std::string(20, ' ') + "\r\n");
+  const std::string name = "é€" + std::string(23, 'x') + "é";  // 26 characters, 29 bytes in UTF-8
+  const Outcome r = RunInProcess({"import", "-", "-o", dir / "a.sif"},
+                                 "value,PictureFile\r\n12" + std::string(23, ' ') + "," + name + "\r\n");
   ASSERT_EQ(r.status, 0) << r.err;
   const Outcome back = RunInProcess({"export", dir / "a.sif", "--format", "json"});
-  EXPECT_THAT(back.out, HasSubstr("\"pictureFile\": \"" + name + "\""));
+  EXPECT_THAT(back.out, HasSubstr("\"template\": 1,"));
+  EXPECT_THAT(back.out, HasSubstr("\"pictureFile\": \"" + name + "\",\n      \"slideText\": \"\""));
   EXPECT_THAT(back.out, HasSubstr("\"value\": \"12\""));
 }
 
-struct Refusal {
-  const char* name;
-  const char* format;
-  std::string input;
-  const char* message;
-};
-
-const Refusal kRefusals[] = {
-    {"text too long", "csv", "SlideText\r\nok\r\n" + std::string(101, 't') + "\r\n",
-     "row 2, SlideText: 101 characters, longer than the 100 the field holds"},
-    {"value too long", "csv", "Value\r\n123456789012\r\n", "row 1, Value: 12 characters, longer than the 11"},
-    {"no Windows-1252 form", "csv", "Make,Model\r\nok,ok\r\nok,ok\r\nTick \xE2\x9C\x93,ok\r\n",
-     "row 3, Make: U+2713 is a character Windows-1252 cannot hold"},
-    {"slide too long in JSON", "json", "{\"slides\": [{\"serial\": \"" + std::string(27, 's') + "\"}]}",
-     "row 1, Serial: 27 characters, longer than the 26"},
-    {"setting too long", "json", "{\"reportFont\": \"" + std::string(27, 'f') + "\"}",
-     "reportFont: 27 characters, longer than the 26"},
-    {"template outside 1 to 3", "json", "{\"template\": 4}", "template 4 is outside 1 to 3"},
-};
-
 TEST(Import, RefusesWithRowAndFieldAndWritesNothing) {
-  for (const auto& c : kRefusals) {
+  const struct {
+    const char* name;
+    const char* format;
+    std::string input;
+    const char* message;
+  } refusals[] = {
+      {"text too long", "csv", "SlideText\r\nok\r\n" + std::string(101, 't') + "\r\n",
+       "row 2, SlideText: 101 characters, longer than the 100 the field holds"},
+      {"value too long", "csv", "Value\r\n123456789012\r\n", "row 1, Value: 12 characters, longer than the 11"},
+      {"no Windows-1252 form", "csv", "Make,Model\r\nok,ok\r\nok,ok\r\nTick \xE2\x9C\x93,ok\r\n",
+       "row 3, Make: U+2713 is a character Windows-1252 cannot hold"},
+      {"slide too long in JSON", "json", "{\"slides\": [{\"serial\": \"" + std::string(27, 's') + "\"}]}",
+       "row 1, Serial: 27 characters, longer than the 26"},
+      {"setting too long", "json", "{\"reportFont\": \"" + std::string(27, 'f') + "\"}",
+       "reportFont: 27 characters, longer than the 26"},
+      {"template outside 1 to 3", "json", "{\"template\": 4}", "template 4 is outside 1 to 3"},
+      {"not JSON", "json", "{\"slides\": [", "not JSON: "},
+      {"unknown setting", "json", "{\"font\": \"Arial\"}", "unknown key \"font\""},
+      {"template a fraction", "json", "{\"template\": 1.5}", "template: not a whole number"},
+      {"slide no object", "json", "{\"slides\": [{}, 7]}", "row 2: not an object"},
+      {"unknown slide key", "json", "{\"slides\": [{\"PictureFile\": \"a\"}]}", "row 1: unknown key \"PictureFile\""},
+      {"field no text", "json", "{\"slides\": [{}, {\"value\": 150}]}", "row 2, Value: not a text"},
+      {"quote not closed", "csv", "a\r\nb,\"open\r\nstill open", "line 2: a quoted field is not closed"},
+      {"text after a quote", "csv", "\"multi\nline\",ok\n\"bad\"x", "line 3: text after the closing quote of a field"},
+  };
+  for (const auto& c : refusals) {
     SCOPED_TRACE(c.name);
     Scratch dir;
     const Outcome r = RunInProcess({"import", "-", "--format", c.format, "-o", dir / "out.sif"}, c.input);
@@ -97,22 +107,34 @@ TEST(Import, RefusesWithRowAndFieldAndWritesNothing) {
   }
 }
 
-TEST(Import, KeepsAnExistingFileUnlessForced) {
-  Scratch dir;
-  WriteFile(dir / "in.csv", "PictureFile\r\na.jpg\r\n");
-  WriteFile(dir / "out.sif", "precious");
-  const std::vector<std::string> args{"import", dir / "in.csv", "-o", dir / "out.sif"};
-
-  const Outcome refused = RunInProcess(args);
-  EXPECT_EQ(refused.status, 1);
-  EXPECT_THAT(refused.err, HasSubstr("already exists"));
-  EXPECT_EQ(ReadFile(dir / "out.sif"), "precious");
-
-  auto forced = args;
-  forced.push_back("--force");
-  ASSERT_EQ(RunInProcess(forced).status, 0);
-  EXPECT_EQ(ReadFile(dir / "out.sif").size(), 2 * kRecordLength);
-  EXPECT_THAT(Names(dir), ::testing::UnorderedElementsAre("in.csv", "out.sif"));
+// Reading also takes what spreadsheets write, which a write never makes.
+TEST(Csv, WritesAndReadsBack) {
+  const struct {
+    const char* name;
+    std::vector<CsvRow> rows;
+    std::string text;
+    bool written = true;
+  } cases[] = {
+      {"plain", {{"a", "b"}, {"", "c"}}, "a,b\r\n,c\r\n"},
+      {"comma", {{"1,500", "x"}}, "\"1,500\",x\r\n"},
+      {"quotes doubled", {{"Ring \"gold\""}}, "\"Ring \"\"gold\"\"\"\r\n"},
+      {"line breaks kept as written", {{"two\r\nlines", "lf\nonly"}}, "\"two\r\nlines\",\"lf\nonly\"\r\n"},
+      {"blanks at either end", {{" lead", "trail "}}, "\" lead\",\"trail \"\r\n"},
+      {"non-ASCII untouched", {{"Café €5"}}, "Café €5\r\n"},
+      {"LF line ends, none at the end", {{"a", "b"}, {"c", "d"}}, "a,b\nc,\"d\"", false},
+      {"byte-order mark, empty lines", {{"a", ""}, {"b"}}, "\uFEFFa,\r\n\r\n\nb\r\n", false},
+      {"a quote inside a bare field", {{"5\" screen", "x"}}, "5\" screen,x", false},
+  };
+  for (const auto& c : cases) {
+    SCOPED_TRACE(c.name);
+    if (c.written) {
+      EXPECT_EQ(WriteCsv(c.rows), c.text);
+    }
+    std::vector<CsvRow> back;
+    std::string message;
+    ASSERT_TRUE(ParseCsv(c.text, back, message)) << message;
+    EXPECT_EQ(back, c.rows);
+  }
 }
 
 }  // namespace
