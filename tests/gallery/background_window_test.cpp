@@ -175,44 +175,33 @@ class WallpaperTest : public BackgroundTest {
   const QImage& Shown() { return TheMDIMain().MdiArea()->Picture(); }
 };
 
-TEST_F(WallpaperTest, EveryCallerSetsItAtOnceAndStoresTheBareName) {
+// Every caller sets it at once and stores the bare name; Cancel changes nothing,
+// and a broken picture is stored yet the old one stays on show.
+TEST_F(WallpaperTest, EachCallerAndAnswerInTurn) {
   Start(1);
-  const std::function<void()> callers[] = {
-      [] { TheMDIMain().Item(MenuId::FileWallpaper)->trigger(); },
-      [] { TheMDIMain().fGallery()->Item(MenuId::FileWallpaper)->trigger(); },
-      [] { TheMDIMain().Item(MenuId::Popup2SetWallpaper)->trigger(); },
+  const struct {
+    std::function<void()> caller;
+    const char *file, *button, *stored;
+    bool red;  // dawn on show, else dusk
+  } steps[] = {
+      {[] { TheMDIMain().Item(MenuId::FileWallpaper)->trigger(); }, "dawn.jpg", "cmdOK", "dawn.jpg", true},
+      {[] { TheMDIMain().fGallery()->Item(MenuId::FileWallpaper)->trigger(); }, "dusk.jpg", "cmdOK", "dusk.jpg", false},
+      {[] { TheMDIMain().Item(MenuId::Popup2SetWallpaper)->trigger(); }, "dawn.jpg", "cmdOK", "dawn.jpg", true},
+      {[] { TheMDIMain().mnuFileWallpaper_Click(); }, "dusk.jpg", "cmdCancel", "dawn.jpg", true},
+      {[] { TheMDIMain().mnuFileWallpaper_Click(); }, "broken.jpg", "cmdOK", "broken.jpg", true},
   };
-  const char* files[] = {"dawn.jpg", "dusk.jpg", "dawn.jpg"};
-  for (int k = 0; k < 3; ++k) {
+  for (const auto& step : steps) {
+    SCOPED_TRACE(std::string(step.file) + " " + step.button);
     const std::string before = Header();
-    Answer(files[k], "cmdOK");
-    callers[k]();
+    Answer(step.file, step.button);
+    step.caller();
     QCoreApplication::processEvents();  // the gallery's menu hands its command on after the click
-    ASSERT_FALSE(Shown().isNull()) << k;
-    EXPECT_EQ(qRed(Shown().pixel(1, 1)) > 200, std::string(files[k]) == "dawn.jpg") << k;
-    EXPECT_EQ(Mc().Wallpaper(), files[k]);
-    EXPECT_EQ(Header().substr(37, 100), Stored(files[k], 100)) << k;
-    EXPECT_EQ(Header().substr(0, 37), before.substr(0, 37)) << k;
+    ASSERT_FALSE(Shown().isNull());
+    EXPECT_EQ(qRed(Shown().pixel(1, 1)) > 200, step.red);
+    EXPECT_EQ(Mc().Wallpaper(), step.stored);
+    EXPECT_EQ(Header().substr(37, 100), Stored(step.stored, 100));
+    EXPECT_EQ(Header().substr(0, 37) + Header().substr(137), before.substr(0, 37) + before.substr(137));
   }
-}
-
-TEST_F(WallpaperTest, CancelChangesNothingAndABrokenPictureKeepsTheOldOne) {
-  Start(1);
-  Answer("dusk.jpg", "cmdOK");
-  TheMDIMain().mnuFileWallpaper_Click();
-  const QImage dusk = Shown();
-  const std::string before = Header();
-
-  Answer("dawn.jpg", "cmdCancel");
-  TheMDIMain().mnuFileWallpaper_Click();
-  EXPECT_EQ(Shown(), dusk);
-  EXPECT_EQ(Mc().Wallpaper(), "dusk.jpg");
-  EXPECT_EQ(Header(), before);
-
-  Answer("broken.jpg", "cmdOK");
-  TheMDIMain().mnuFileWallpaper_Click();
-  EXPECT_EQ(Shown(), dusk);
-  EXPECT_EQ(Header().substr(37, 100), Stored("broken.jpg", 100));
   EXPECT_TRUE(messages.isEmpty());
 }
 
