@@ -1,17 +1,13 @@
-#include <QContextMenuEvent>
 #include <QMdiSubWindow>
 #include <QMenu>
 #include <QMenuBar>
-#include <QProgressBar>
 #include <QPushButton>
 #include <QScrollBar>
 #include <QTest>
 
 #include "dialogs/HelpRoutine.h"
-#include "dialogs/frmLoading.h"
 #include "gallery/dlgRemoveSlide.h"
 #include "qt/OpenForms.h"
-#include "qt/StretchImage.h"
 #include "slide/frmSlide.h"
 #include "support/GalleryFixture.h"
 #include "support/RowName.h"

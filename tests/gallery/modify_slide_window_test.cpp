@@ -1,15 +1,12 @@
 #include <QApplication>
-#include <QCheckBox>
 #include <QLabel>
 #include <QListWidget>
-#include <QMdiSubWindow>
 #include <QProgressBar>
 #include <QPushButton>
 #include <QTest>
 #include <QTimer>
 #include <functional>
 
-#include "dialogs/frmCommonDialog.h"
 #include "dialogs/frmDirectory.h"
 #include "dialogs/frmLoading.h"
 #include "frame/Forms.h"

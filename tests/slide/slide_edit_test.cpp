@@ -1,9 +1,7 @@
 #include <gtest/gtest.h>
 
-#include "model/SlideTemplates.h"
 #include "slide/SlideEdits.h"
 #include "slide/UIEditSlideController.h"
-#include "state/modGlobal.h"
 #include "support/RowName.h"
 #include "support/SifFixture.h"
 

@@ -17,25 +17,6 @@ using testing::RowName;
 
 class SlideEditorTest : public testing::EditorFixture {};
 
-TEST_F(SlideEditorTest, EditTypedAndEnterIsOnDiskAtOnce) {
-  Start(3);
-  QPointer<frmEditSlide> e = OpenEditor(2);
-  ASSERT_TRUE(e);
-  // A temporary directory makes the path longer than 50: its first folder, then the picture.
-  EXPECT_TRUE(e->txtFilename->text().endsWith("/.../P2.PNG")) << e->txtFilename->text().toStdString();
-  e->txtEditText->selectAll();
-  QTest::keyClicks(e->txtEditText, "Pearl necklace");
-  QTest::keyClicks(e->cboLocation->lineEdit(), "Main bedroom");
-  QTest::keyClicks(e->txtValue, "1,500");
-  QTest::keyClick(e->txtValue, Qt::Key_Return);
-  EXPECT_TRUE(Gone(e));
-  const Disk disk = OnDisk();
-  EXPECT_EQ(disk.Get(2, Field::SlideText), "Pearl necklace");
-  EXPECT_EQ(disk.Get(2, Field::Location), "Main_bedroom");
-  EXPECT_EQ(disk.Get(2, Field::Value), "1");
-  EXPECT_EQ(TheMDIMain().StatusText(), "Slide: 2 (Pearl necklace)");
-}
-
 // The slide window may be gone by then: OK still reports on the slide current now.
 TEST_F(SlideEditorTest, OkWritesToTheSlideCurrentAtOkNotAtOpening) {
   Start(4);
@@ -66,7 +47,8 @@ TEST_F(SlideEditorTest, OkWithNothingTypedStillRewritesTheFile) {
   EXPECT_EQ(OnDisk().Get(1, Field::SlideText), "Slide 1");
 }
 
-TEST_F(SlideEditorTest, CombosListTheValuesInFirstAppearanceAndTakeTypedText) {
+// The combos list the values in first appearance; Enter in a box or a combo is OK.
+TEST_F(SlideEditorTest, EditTypedAndEnterIsOnDiskAtOnce) {
   Start(5);
   const char* categories[] = {"Chairs", "", "Art", "Chairs", "Beds"};
   for (int i = 1; i <= 5; ++i) Globals().Slides[static_cast<std::size_t>(i)].Set(Field::Category, categories[i - 1]);
@@ -79,16 +61,31 @@ TEST_F(SlideEditorTest, CombosListTheValuesInFirstAppearanceAndTakeTypedText) {
   };
   EXPECT_EQ(listed(), QStringList({"Chairs", "Art", "Beds"}));
   EXPECT_EQ(e->cboCategory->currentText(), "Art");
+  // A temporary directory makes the path longer than 50: its first folder, then the picture.
+  EXPECT_TRUE(e->txtFilename->text().endsWith("/.../P3.PNG")) << e->txtFilename->text().toStdString();
+  e->txtEditText->selectAll();
+  QTest::keyClicks(e->txtEditText, "Pearl necklace");
+  QTest::keyClicks(e->cboLocation->lineEdit(), "Main bedroom");
+  QTest::keyClicks(e->txtValue, "1,500");
   e->cboCategory->lineEdit()->selectAll();
   QTest::keyClicks(e->cboCategory->lineEdit(), "Sculpture");
-  QTest::keyClick(e->cboCategory->lineEdit(), Qt::Key_Return);  // Enter in a combo is OK too
+  QTest::keyClick(e->cboCategory->lineEdit(), Qt::Key_Return);
   EXPECT_TRUE(Gone(e));
-  EXPECT_EQ(OnDisk().Get(3, Field::Category), "Sculpture");
+  const Disk disk = OnDisk();
+  EXPECT_EQ(disk.Get(3, Field::SlideText), "Pearl necklace");
+  EXPECT_EQ(disk.Get(3, Field::Location), "Main_bedroom");
+  EXPECT_EQ(disk.Get(3, Field::Value), "1");
+  EXPECT_EQ(disk.Get(3, Field::Category), "Sculpture");
+  EXPECT_EQ(TheMDIMain().StatusText(), "Slide: 3 (Pearl necklace)");
   // A value typed on OK reaches the list at the next opening; one no slide holds has left it.
   Globals().Slides[5].Set(Field::Category, "Chairs");
   e = OpenEditor(2);
   ASSERT_TRUE(e);
   EXPECT_EQ(listed(), QStringList({"Chairs", "Sculpture"}));
+  e->txtEditText->setText("Chair");
+  QTest::keyClick(e->txtValue, Qt::Key_Return);
+  EXPECT_TRUE(Gone(e));
+  EXPECT_EQ(OnDisk().Get(2, Field::SlideText), "Chair");
 }
 
 struct TemplateRow {
