@@ -82,6 +82,7 @@ TEST_P(SetTemplateLoad, ShowsTheTemplateInForceAndLeavingChangesNothing) {
     if (std::string(row.end) == "cmdOK") return d->cmdOK->click();
     d->optVEH->setChecked(true);
     if (std::string(row.end) == "cmdCancel") return d->cmdCancel->click();
+    EXPECT_TRUE(QTest::qWaitForWindowActive(d));  // F1 is the active window's
     QTest::keyClick(d->optVEH, Qt::Key_F1);
     if (d->isVisible()) d->cmdCancel->click();  // F1 went nowhere
   });
