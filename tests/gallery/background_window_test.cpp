@@ -55,9 +55,12 @@ struct SampleRow {
 
 class BackgroundSampleTest : public BackgroundTest, public ::testing::WithParamInterface<SampleRow> {};
 
+// The samples take no keyboard: F1 reaches the chooser as soon as it is up and
+// closes it on its help page, changing nothing.
 TEST_P(BackgroundSampleTest, OffersTheFirstFifteenFramesColumnByColumn) {
   Start(1);
   Frames(GetParam().frames);
+  const std::string before = Header();
   TheMDIMain().Menu(MenuId::Window)->menuAction()->setEnabled(false);
   WhenShown("frmBackground", [](QWidget& w) {
     auto& chooser = static_cast<frmBackground&>(w);
@@ -69,11 +72,15 @@ TEST_P(BackgroundSampleTest, OffersTheFirstFifteenFramesColumnByColumn) {
     // Column by column, as the gallery's cells: the fourth sample heads the second column.
     EXPECT_EQ(chooser.Image1(4)->geometry().top(), chooser.Image1(1)->geometry().top());
     EXPECT_GT(chooser.Image1(4)->geometry().left(), chooser.Image1(3)->geometry().right());
-    chooser.close();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(&w));
+    QTest::keyClick(QApplication::focusWidget(), Qt::Key_F1);
+    if (w.isVisible()) w.close();  // F1 went nowhere
   });
   TheMDIMain().SetBackground();
   EXPECT_EQ(TheMDIMain().Menu(MenuId::Window)->menuAction()->isEnabled(), GetParam().windowMenuEnabled);
   EXPECT_EQ(Mc().BackgroundImage(), "oak.jpg");
+  EXPECT_EQ(HelpPage(), "help014.htm");
+  EXPECT_EQ(Header(), before);
 }
 
 const SampleRow kSamples[] = {
@@ -137,21 +144,6 @@ TEST_P(BackgroundChoiceTest, ClickOnASampleChoosesIt) {
 
 INSTANTIATE_TEST_SUITE_P(Rows, BackgroundChoiceTest, ::testing::ValuesIn(kChoices), testing::RowName());
 
-// The samples take no keyboard: F1 reaches the chooser as soon as it is up.
-TEST_F(BackgroundTest, F1ClosesTheChooserOnItsHelpPage) {
-  Frames(2);
-  Start(1);
-  const std::string before = Header();
-  WhenShown("frmBackground", [](QWidget& w) {
-    ASSERT_TRUE(QTest::qWaitForWindowActive(&w));
-    QTest::keyClick(QApplication::focusWidget(), Qt::Key_F1);
-    if (w.isVisible()) w.close();  // F1 went nowhere
-  });
-  TheMDIMain().SetBackground();
-  EXPECT_EQ(HelpPage(), "help014.htm");
-  EXPECT_EQ(Header(), before);
-}
-
 class WallpaperTest : public BackgroundTest {
  protected:
   WallpaperTest() {
@@ -175,44 +167,33 @@ class WallpaperTest : public BackgroundTest {
   const QImage& Shown() { return TheMDIMain().MdiArea()->Picture(); }
 };
 
-TEST_F(WallpaperTest, EveryCallerSetsItAtOnceAndStoresTheBareName) {
+// Every caller sets it at once and stores the bare name; Cancel changes nothing,
+// and a broken picture is stored yet the old one stays on show.
+TEST_F(WallpaperTest, EachCallerAndAnswerInTurn) {
   Start(1);
-  const std::function<void()> callers[] = {
-      [] { TheMDIMain().Item(MenuId::FileWallpaper)->trigger(); },
-      [] { TheMDIMain().fGallery()->Item(MenuId::FileWallpaper)->trigger(); },
-      [] { TheMDIMain().Item(MenuId::Popup2SetWallpaper)->trigger(); },
+  const struct {
+    std::function<void()> caller;
+    const char *file, *button, *stored;
+    bool red;  // dawn on show, else dusk
+  } steps[] = {
+      {[] { TheMDIMain().Item(MenuId::FileWallpaper)->trigger(); }, "dawn.jpg", "cmdOK", "dawn.jpg", true},
+      {[] { TheMDIMain().fGallery()->Item(MenuId::FileWallpaper)->trigger(); }, "dusk.jpg", "cmdOK", "dusk.jpg", false},
+      {[] { TheMDIMain().Item(MenuId::Popup2SetWallpaper)->trigger(); }, "dawn.jpg", "cmdOK", "dawn.jpg", true},
+      {[] { TheMDIMain().mnuFileWallpaper_Click(); }, "dusk.jpg", "cmdCancel", "dawn.jpg", true},
+      {[] { TheMDIMain().mnuFileWallpaper_Click(); }, "broken.jpg", "cmdOK", "broken.jpg", true},
   };
-  const char* files[] = {"dawn.jpg", "dusk.jpg", "dawn.jpg"};
-  for (int k = 0; k < 3; ++k) {
+  for (const auto& step : steps) {
+    SCOPED_TRACE(std::string(step.file) + " " + step.button);
     const std::string before = Header();
-    Answer(files[k], "cmdOK");
-    callers[k]();
+    Answer(step.file, step.button);
+    step.caller();
     QCoreApplication::processEvents();  // the gallery's menu hands its command on after the click
-    ASSERT_FALSE(Shown().isNull()) << k;
-    EXPECT_EQ(qRed(Shown().pixel(1, 1)) > 200, std::string(files[k]) == "dawn.jpg") << k;
-    EXPECT_EQ(Mc().Wallpaper(), files[k]);
-    EXPECT_EQ(Header().substr(37, 100), Stored(files[k], 100)) << k;
-    EXPECT_EQ(Header().substr(0, 37), before.substr(0, 37)) << k;
+    ASSERT_FALSE(Shown().isNull());
+    EXPECT_EQ(qRed(Shown().pixel(1, 1)) > 200, step.red);
+    EXPECT_EQ(Mc().Wallpaper(), step.stored);
+    EXPECT_EQ(Header().substr(37, 100), Stored(step.stored, 100));
+    EXPECT_EQ(Header().substr(0, 37) + Header().substr(137), before.substr(0, 37) + before.substr(137));
   }
-}
-
-TEST_F(WallpaperTest, CancelChangesNothingAndABrokenPictureKeepsTheOldOne) {
-  Start(1);
-  Answer("dusk.jpg", "cmdOK");
-  TheMDIMain().mnuFileWallpaper_Click();
-  const QImage dusk = Shown();
-  const std::string before = Header();
-
-  Answer("dawn.jpg", "cmdCancel");
-  TheMDIMain().mnuFileWallpaper_Click();
-  EXPECT_EQ(Shown(), dusk);
-  EXPECT_EQ(Mc().Wallpaper(), "dusk.jpg");
-  EXPECT_EQ(Header(), before);
-
-  Answer("broken.jpg", "cmdOK");
-  TheMDIMain().mnuFileWallpaper_Click();
-  EXPECT_EQ(Shown(), dusk);
-  EXPECT_EQ(Header().substr(37, 100), Stored("broken.jpg", 100));
   EXPECT_TRUE(messages.isEmpty());
 }
 

@@ -51,8 +51,7 @@ TEST_P(DeleteSlideTest, RemovesTheRecordOfTheCell) {
   EXPECT_EQ(mc.NumberOfRecords(), row.result ? 4 : 5);
 }
 
-INSTANTIATE_TEST_SUITE_P(Rows, DeleteSlideTest, ::testing::ValuesIn(kDeletes),
-                         cb::testing::RowName());
+INSTANTIATE_TEST_SUITE_P(Rows, DeleteSlideTest, ::testing::ValuesIn(kDeletes), cb::testing::RowName());
 
 TEST_F(DeleteSlideTest, ByFileNameDropsTheLastWhenNoneMatches) {
   UIMainController& mc = Start();

@@ -1,10 +1,6 @@
 #include <gtest/gtest.h>
 
-#include <climits>
-
 #include "gallery/GalleryLayout.h"
-#include "model/SlideNames.h"
-#include "state/UIGlobalController.h"
 
 namespace cb {
 namespace {
@@ -29,12 +25,7 @@ const RectRow kRectRows[] = {
 TEST(GalleryLayoutTest, PlacesEveryElementFromTheClientSize) {
   for (const auto& row : kRectRows) {
     const auto layout = LayOutGallery(row.clientWidth, row.clientHeight, kScrollBarHeight);
-    const ElementRect& r = layout.Image1(row.index);
-    SCOPED_TRACE(testing::Message() << row.clientWidth << "x" << row.clientHeight << " #" << row.index);
-    EXPECT_FLOAT_EQ(r.Left, row.expected.Left);
-    EXPECT_FLOAT_EQ(r.Top, row.expected.Top);
-    EXPECT_FLOAT_EQ(r.Width, row.expected.Width);
-    EXPECT_FLOAT_EQ(r.Height, row.expected.Height);
+    EXPECT_EQ(layout.Image1(row.index), row.expected) << row.clientWidth << " wide, #" << row.index;
     EXPECT_EQ(layout.refusedAt, WriteOrder().size());
   }
   const auto opening = LayOutGallery(kOpeningClientWidth, kOpeningClientHeight, kScrollBarHeight);

@@ -1,17 +1,13 @@
-#include <QContextMenuEvent>
 #include <QMdiSubWindow>
 #include <QMenu>
 #include <QMenuBar>
-#include <QProgressBar>
 #include <QPushButton>
 #include <QScrollBar>
 #include <QTest>
 
 #include "dialogs/HelpRoutine.h"
-#include "dialogs/frmLoading.h"
 #include "gallery/dlgRemoveSlide.h"
 #include "qt/OpenForms.h"
-#include "qt/StretchImage.h"
 #include "slide/frmSlide.h"
 #include "support/GalleryFixture.h"
 #include "support/RowName.h"
@@ -92,26 +88,22 @@ TEST_F(GalleryWindowTest, MissingFileWithNoWarnsOnceAndRemovesTheSlide) {
   EXPECT_EQ(fresh.NumberOfRecords(), 15);  // saved at once
 }
 
-TEST_F(GalleryWindowTest, RightClickOffersRemovalAndSkipsTheClick) {
-  Start(4);
+// Removal is offered on filled cells only, the right-click opens no slide,
+// and the cell counts from the page's first record.
+TEST_F(GalleryWindowTest, RightClickOnCellThreeOfThePageFromSixteenRemovesEighteen) {
+  Start(20);
+  Gallery().FlatScrollBar1->setValue(16);  // records 16 to 20 in cells 1 to 5
   QTest::mouseClick(Gallery().Image1(9), Qt::RightButton);
   EXPECT_FALSE(Gallery().Item(MenuId::Popup1Delete)->isEnabled());
   Gallery().Menu(MenuId::Popup1)->hide();
-  QTest::mouseClick(Gallery().Image1(2), Qt::RightButton);
-  EXPECT_TRUE(Gallery().Item(MenuId::Popup1Delete)->isEnabled());
-  EXPECT_EQ(Gallery().PopupSlideIndex, 2);
-  Gallery().Menu(MenuId::Popup1)->hide();
-  EXPECT_EQ(FindOpenForm("frmSlide"), nullptr);
-}
-
-TEST_F(GalleryWindowTest, RemovingCellThreeOnThePageFromSixteenRemovesEighteen) {
-  Start(20);
-  Gallery().FlatScrollBar1->setValue(16);  // the page starting at record 16
   QTimer::singleShot(0, [] {
     if (auto* q = qobject_cast<dlgRemoveSlide*>(QApplication::activeModalWidget())) q->cmdOK->click();
   });
   QTest::mouseClick(Gallery().Image1(3), Qt::RightButton);
+  EXPECT_TRUE(Gallery().Item(MenuId::Popup1Delete)->isEnabled());
+  EXPECT_EQ(Gallery().PopupSlideIndex, 3);
   Gallery().Menu(MenuId::Popup1)->hide();
+  EXPECT_EQ(FindOpenForm("frmSlide"), nullptr);
   const QPointer<frmGallery> before = &Gallery();
   Gallery().Item(MenuId::Popup1Delete)->trigger();
   // The popup is still handling its click here: its gallery goes only once events run.
@@ -124,11 +116,24 @@ TEST_F(GalleryWindowTest, RemovingCellThreeOnThePageFromSixteenRemovesEighteen) 
   EXPECT_EQ(Mc().CurrentlyActiveBase(), 1);  // a new gallery on the first page
 }
 
-TEST_F(GalleryWindowTest, F1OpensEachWindowsOwnPage) {
-  Start(3);
-  QTest::mouseClick(Gallery().Image1(1), Qt::LeftButton);  // a slide window beside the gallery
+// A slide window beside the gallery: names, menu bars, help pages and cascading each its own.
+TEST_F(GalleryWindowTest, SlideWindowBesideTheGallery) {
+  Start(17);
+  Globals().Slides[3].Set(Field::SlideText, "Television");
+  Gallery().FlatScrollBar1->setValue(2);  // out and back: the cells show the records anew
+  Gallery().FlatScrollBar1->setValue(1);
+  EXPECT_EQ(Gallery().Image1(3)->accessibleName(), "Slide 3: Television");
+  QMenuBar* bar = TheMDIMain().menuBar();
+  TheMDIMain().MdiArea()->setActiveSubWindow(qobject_cast<QMdiSubWindow*>(Gallery().parentWidget()));
+  EXPECT_EQ(bar->actions().value(0), Gallery().Menu(MenuId::File)->menuAction());
+  QTest::mouseClick(Gallery().Image1(3), Qt::LeftButton);  // a slide window comes to the front
   auto* slide = qobject_cast<frmSlide*>(FindOpenForm("frmSlide"));
   ASSERT_NE(slide, nullptr);
+  EXPECT_EQ(slide->Image1->accessibleName(), "Slide 3: Television");
+  EXPECT_EQ(bar->actions().value(0), TheMDIMain().Menu(MenuId::File)->menuAction());
+  EXPECT_TRUE(Gallery().Item(MenuId::FileSaveAs)->isEnabled());
+  EXPECT_FALSE(TheMDIMain().Item(MenuId::FileSaveAs)->isEnabled());
+
   QApplication::setActiveWindow(&TheMDIMain());
   TheMDIMain().MdiArea()->setActiveSubWindow(qobject_cast<QMdiSubWindow*>(slide->parentWidget()));
   slide->setFocus();
@@ -138,17 +143,27 @@ TEST_F(GalleryWindowTest, F1OpensEachWindowsOwnPage) {
   Gallery().setFocus();
   QTest::keyClick(&Gallery(), Qt::Key_F1);
   EXPECT_EQ(HelpPage(), "help011.htm");
-}
 
-TEST_F(GalleryWindowTest, ActiveGalleryBringsItsOwnMenuBar) {
-  Start(3);
-  QMenuBar* bar = TheMDIMain().menuBar();
-  TheMDIMain().MdiArea()->setActiveSubWindow(qobject_cast<QMdiSubWindow*>(Gallery().parentWidget()));
-  EXPECT_EQ(bar->actions().value(0), Gallery().Menu(MenuId::File)->menuAction());
-  QTest::mouseClick(Gallery().Image1(1), Qt::LeftButton);  // a slide window comes to the front
-  EXPECT_EQ(bar->actions().value(0), TheMDIMain().Menu(MenuId::File)->menuAction());
-  EXPECT_TRUE(Gallery().Item(MenuId::FileSaveAs)->isEnabled());
-  EXPECT_FALSE(TheMDIMain().Item(MenuId::FileSaveAs)->isEnabled());
+  // Cascading keeps each child usable at its own size, not bare title bars.
+  TheMDIMain().resize(1200, 900);
+  for (const char* how : {"menu", "button"}) {
+    if (std::string(how) == "menu") TheMDIMain().Item(MenuId::WindowCascade)->trigger();
+    else TheMDIMain().Arrange(Arrangement::Cascade);
+    EXPECT_EQ(Gallery().size(), Gallery().sizeHint()) << how;
+    EXPECT_EQ(slide->size(), slide->sizeHint()) << how;
+    EXPECT_NE(Gallery().parentWidget()->pos(), slide->parentWidget()->pos()) << how;
+  }
+
+  // A double-click is one click, as on the platform the program comes from: what the toolkit
+  // delivers (press, release, press, double-click, release) zooms one step.
+  const ElementRect before = slide->ImageRect();
+  const QPoint at(10, 10);
+  QTest::mouseClick(slide->Image1, Qt::LeftButton, {}, at);
+  QTest::mousePress(slide->Image1, Qt::LeftButton, {}, at);
+  QMouseEvent twice(QEvent::MouseButtonDblClick, at, slide->Image1->mapToGlobal(at), Qt::LeftButton, Qt::LeftButton, {});
+  QApplication::sendEvent(slide->Image1, &twice);
+  QTest::mouseRelease(slide->Image1, Qt::LeftButton, {}, at);
+  EXPECT_FLOAT_EQ(slide->ImageRect().Width, static_cast<float>(before.Width * 1.2));
 }
 
 TEST_F(GalleryWindowTest, LargestCollectionOpensAndScrollsToTheEnd) {
@@ -173,9 +188,13 @@ TEST_F(GalleryWindowTest, LargestCollectionOpensAndScrollsToTheEnd) {
 }
 
 // The thumb dragged to the far left: the first page, and the header record
-// (element 0) never reaches a cell.
-TEST_F(GalleryWindowTest, ThumbDraggedToTheLeftEndShowsTheFirstPage) {
+// (element 0) never reaches a cell. From there a jump right, a column right and
+// back leave Base at -1; a column step right then finds record 2's picture gone
+// and the cell names record 0, which is not removed: the retry ends with the
+// cell empty and the header intact.
+TEST_F(GalleryWindowTest, ThumbToTheLeftEndAndASlideThatCannotBeRemoved) {
   Start(40);
+  const SlideRecord header = Globals().Slides[0];
   QScrollBar* bar = Gallery().FlatScrollBar1;
   bar->setValue(16);
   bar->setValue(31);
@@ -186,73 +205,15 @@ TEST_F(GalleryWindowTest, ThumbDraggedToTheLeftEndShowsTheFirstPage) {
   EXPECT_EQ(Shown(), Range(1, 15));
   EXPECT_EQ(Mc().CurrentlyActiveBase(), 1);
   EXPECT_TRUE(messages.isEmpty());
-  EXPECT_EQ(Mc().NumberOfRecords(), 40);
-}
-
-// From Base -1 a column step right finds record 2's picture gone; the cell
-// number then names record 0, the header, which is not removed: the retry
-// ends with the cell empty and the file's header intact.
-TEST_F(GalleryWindowTest, SlideThatCannotBeRemovedEndsTheRetry) {
-  Start(40);
-  const SlideRecord header = Globals().Slides[0];
-  for (int v : {20, 2, 1}) Gallery().FlatScrollBar1->setValue(v);
+  for (int v : {20, 2, 1}) bar->setValue(v);
   ASSERT_EQ(Mc().CurrentlyActiveBase(), -1);
   std::filesystem::remove(app / "Gallery/p2.png");
-  Gallery().FlatScrollBar1->setValue(2);
+  bar->setValue(2);
   EXPECT_EQ(messages.size(), 1);
   EXPECT_EQ(Mc().NumberOfRecords(), 40);
   EXPECT_EQ(Globals().Slides[0], header);
   EXPECT_FALSE(Gallery().Image1(1)->HasPicture());
-  std::vector<int> shown = Range(2, 16);
-  EXPECT_EQ(Shown(), shown);  // the tool tip follows the record all the same
-}
-
-TEST_F(GalleryWindowTest, CellsAndTheSlidePictureCarryTheSlidesName) {
-  Start(17);
-  Globals().Slides[3].Set(Field::SlideText, "Television");
-  Gallery().FlatScrollBar1->setValue(2);  // out and back: the cells show the records anew
-  Gallery().FlatScrollBar1->setValue(1);
-  EXPECT_EQ(Gallery().Image1(3)->accessibleName(), "Slide 3: Television");
-  QTest::mouseClick(Gallery().Image1(3), Qt::LeftButton);
-  auto* slide = qobject_cast<frmSlide*>(FindOpenForm("frmSlide"));
-  ASSERT_NE(slide, nullptr);
-  EXPECT_EQ(slide->Image1->accessibleName(), "Slide 3: Television");
-}
-
-// A double-click is one click, as on the platform the program comes from:
-// the second press of the pair gives no click of its own.
-TEST_F(GalleryWindowTest, DoubleClickOnTheSlideZoomsOneStep) {
-  Start(4);
-  QTest::mouseClick(Gallery().Image1(2), Qt::LeftButton);
-  auto* slide = qobject_cast<frmSlide*>(FindOpenForm("frmSlide"));
-  ASSERT_NE(slide, nullptr);
-  const ElementRect before = slide->ImageRect();
-  // What the toolkit delivers for a double-click: press, release, press,
-  // double-click, release.
-  const QPoint at(10, 10);
-  QTest::mouseClick(slide->Image1, Qt::LeftButton, {}, at);
-  QTest::mousePress(slide->Image1, Qt::LeftButton, {}, at);
-  QMouseEvent twice(QEvent::MouseButtonDblClick, at, slide->Image1->mapToGlobal(at), Qt::LeftButton, Qt::LeftButton, {});
-  QApplication::sendEvent(slide->Image1, &twice);
-  QTest::mouseRelease(slide->Image1, Qt::LeftButton, {}, at);
-  EXPECT_FLOAT_EQ(slide->ImageRect().Width, static_cast<float>(before.Width * 1.2));
-}
-
-// Cascading keeps each child usable: the gallery at its layout's size, the
-// slide window at its design size, not bare title bars.
-TEST_F(GalleryWindowTest, CascadeKeepsTheChildrensSizes) {
-  Start(3);
-  TheMDIMain().resize(1200, 900);
-  QTest::mouseClick(Gallery().Image1(1), Qt::LeftButton);
-  auto* slide = qobject_cast<frmSlide*>(FindOpenForm("frmSlide"));
-  ASSERT_NE(slide, nullptr);
-  for (const char* how : {"menu", "button"}) {
-    if (std::string(how) == "menu") TheMDIMain().Item(MenuId::WindowCascade)->trigger();
-    else TheMDIMain().Arrange(Arrangement::Cascade);
-    EXPECT_EQ(Gallery().size(), Gallery().sizeHint()) << how;
-    EXPECT_EQ(slide->size(), slide->sizeHint()) << how;
-    EXPECT_NE(Gallery().parentWidget()->pos(), slide->parentWidget()->pos()) << how;
-  }
+  EXPECT_EQ(Shown(), Range(2, 16));  // the tool tip follows the record all the same
 }
 
 }  // namespace

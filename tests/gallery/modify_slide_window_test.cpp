@@ -1,15 +1,12 @@
 #include <QApplication>
-#include <QCheckBox>
 #include <QLabel>
 #include <QListWidget>
-#include <QMdiSubWindow>
 #include <QProgressBar>
 #include <QPushButton>
 #include <QTest>
 #include <QTimer>
 #include <functional>
 
-#include "dialogs/frmCommonDialog.h"
 #include "dialogs/frmDirectory.h"
 #include "dialogs/frmLoading.h"
 #include "frame/Forms.h"
@@ -73,29 +70,14 @@ class ModifySlideWindowTest : public testing::GalleryFixture {
   }
 };
 
-TEST_F(ModifySlideWindowTest, AllOfACameraFolderJoinsTheCollectionAndTheEditorStays) {
+// Moves that cancel out, or no folder chosen, leave the gallery alone; all of
+// a camera folder joins the collection, the gallery is rebuilt and the editor stays.
+TEST_F(ModifySlideWindowTest, NothingToApplyThenAllOfACameraFolder) {
   Start(2);
   Camera(3);
+  std::filesystem::create_directories(app / "Empty");
   QPointer<frmGallery> before = &Gallery();  // null once that gallery is gone
   before->parentWidget()->showMaximized();
-  Modify("Camera", [&](frmModifySlide& editor) {
-    EXPECT_EQ(Items(*editor.lstAvailable), QStringList({"IMG_1.JPG", "IMG_2.JPG", "IMG_3.JPG"}));
-    EXPECT_EQ(Items(*editor.lstSelected), QStringList({"p1.png", "p2.png"}));
-    editor.cmdAddAll->click();
-    editor.cmdOK->click();
-    EXPECT_TRUE(editor.isVisible());
-    EXPECT_TRUE(before.isNull());                                         // built anew...
-    EXPECT_TRUE(TheMDIMain().fGallery()->parentWidget()->isMaximized());  // ...in the state it had
-  });
-  EXPECT_TRUE(messages.isEmpty()) << messages.join("; ").toStdString();
-  for (int i = 1; i <= 15; ++i) EXPECT_EQ(Gallery().Image1(i)->HasPicture(), i <= 5) << i;
-  EXPECT_EQ(OnDisk(), "p1.png p2.png IMG_1.JPG IMG_2.JPG IMG_3.JPG ");
-}
-
-TEST_F(ModifySlideWindowTest, NothingToApplyLeavesTheGalleryAlone) {
-  Start(2);
-  std::filesystem::create_directories(app / "Empty");
-  QPointer<frmGallery> before = &Gallery();
   Modify("Empty", [&](frmModifySlide& editor) {
     EXPECT_EQ(editor.lstAvailable->count(), 0);
     EXPECT_EQ(Items(*editor.lstSelected), QStringList({"p1.png", "p2.png"}));
@@ -112,7 +94,18 @@ TEST_F(ModifySlideWindowTest, NothingToApplyLeavesTheGalleryAlone) {
   EXPECT_EQ(TheMDIMain().fGallery(), before.data());
   Modify("", [](frmModifySlide&) { ADD_FAILURE() << "the editor showed without a folder"; });
   EXPECT_EQ(TheMDIMain().fGallery(), before.data());
-  EXPECT_EQ(OnDisk(), "p1.png p2.png ");
+  Modify("Camera", [&](frmModifySlide& editor) {
+    EXPECT_EQ(Items(*editor.lstAvailable), QStringList({"IMG_1.JPG", "IMG_2.JPG", "IMG_3.JPG"}));
+    EXPECT_EQ(Items(*editor.lstSelected), QStringList({"p1.png", "p2.png"}));
+    editor.cmdAddAll->click();
+    editor.cmdOK->click();
+    EXPECT_TRUE(editor.isVisible());
+    EXPECT_TRUE(before.isNull());                                         // built anew...
+    EXPECT_TRUE(TheMDIMain().fGallery()->parentWidget()->isMaximized());  // ...in the state it had
+  });
+  EXPECT_TRUE(messages.isEmpty()) << messages.join("; ").toStdString();
+  for (int i = 1; i <= 15; ++i) EXPECT_EQ(Gallery().Image1(i)->HasPicture(), i <= 5) << i;
+  EXPECT_EQ(OnDisk(), "p1.png p2.png IMG_1.JPG IMG_2.JPG IMG_3.JPG ");
 }
 
 TEST_F(ModifySlideWindowTest, OkShowsProgressAndKeepsEventsRunningWhileItCopies) {

@@ -6,7 +6,6 @@
 #include <QApplication>
 #include <QPointer>
 #include <QTest>
-#include <functional>
 
 #include "slide/frmEditSlide.h"
 #include "support/GalleryFixture.h"

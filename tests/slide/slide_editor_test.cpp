@@ -17,30 +17,27 @@ using testing::RowName;
 
 class SlideEditorTest : public testing::EditorFixture {};
 
-TEST_F(SlideEditorTest, EditTypedAndEnterIsOnDiskAtOnce) {
-  Start(3);
-  QPointer<frmEditSlide> e = OpenEditor(2);
-  ASSERT_TRUE(e);
-  // A temporary directory makes the path longer than 50: its first folder, then the picture.
-  EXPECT_TRUE(e->txtFilename->text().endsWith("/.../P2.PNG")) << e->txtFilename->text().toStdString();
-  e->txtEditText->selectAll();
-  QTest::keyClicks(e->txtEditText, "Pearl necklace");
-  QTest::keyClicks(e->cboLocation->lineEdit(), "Main bedroom");
-  QTest::keyClicks(e->txtValue, "1,500");
-  QTest::keyClick(e->txtValue, Qt::Key_Return);
-  EXPECT_TRUE(Gone(e));
-  const Disk disk = OnDisk();
-  EXPECT_EQ(disk.Get(2, Field::SlideText), "Pearl necklace");
-  EXPECT_EQ(disk.Get(2, Field::Location), "Main_bedroom");
-  EXPECT_EQ(disk.Get(2, Field::Value), "1");
-  EXPECT_EQ(TheMDIMain().StatusText(), "Slide: 2 (Pearl necklace)");
-}
-
+// Help closes a second editor alone; the slide window may be gone by then: OK still
+// reports on the slide current now.
 TEST_F(SlideEditorTest, OkWritesToTheSlideCurrentAtOkNotAtOpening) {
   Start(4);
   QPointer<frmEditSlide> e = OpenEditor(2);
   ASSERT_TRUE(e);
   QTest::mouseClick(Gallery().Image1(3), Qt::LeftButton);  // the user opens another slide meanwhile
+  QPointer<frmEditSlide> second = PressEdit();             // modeless: a second editor beside the first
+  ASSERT_TRUE(second);
+  EXPECT_NE(e, second);
+  OpenHelp("help001.htm");
+  second->cmdHelp->click();  // closes on its page, the first editor stays
+  EXPECT_TRUE(Gone(second));
+  EXPECT_FALSE(Gone(e));
+  EXPECT_EQ(HelpPage(), "help011.htm");
+  QPointer<QWidget> slide = FindOpenForm("frmSlide");
+  ASSERT_TRUE(slide);
+  slide->parentWidget()->close();  // its sub-window
+  QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+  ASSERT_FALSE(slide);
+  ASSERT_FALSE(Gone(e));
   e->txtEditText->setText("Edited while slide 2 was open");
   e->cmdOK->click();
   const Disk disk = OnDisk();
@@ -49,55 +46,46 @@ TEST_F(SlideEditorTest, OkWritesToTheSlideCurrentAtOkNotAtOpening) {
   EXPECT_EQ(TheMDIMain().StatusText(), "Slide: 3 (Edited while slide 2 was open)");
 }
 
-TEST_F(SlideEditorTest, OkWithNothingTypedStillRewritesTheFile) {
-  Start(2);
-  Globals().Slides[1].Set(Field::Category, " Hi Fi");  // in memory only, not yet on disk
-  QPointer<frmEditSlide> e = OpenEditor(1);
-  ASSERT_TRUE(e);
-  e->cmdOK->click();
-  const Disk disk = OnDisk();
-  EXPECT_EQ(disk.Get(1, Field::Category), "Hi_Fi");
-  EXPECT_EQ(disk.Get(1, Field::SlideText), "Slide 1");
-}
-
-TEST_F(SlideEditorTest, EditorOutlivesItsSlideWindowAndStillReports) {
-  Start(2);
-  QPointer<frmEditSlide> e = OpenEditor(2);
-  ASSERT_TRUE(e);
-  QPointer<QWidget> slide = FindOpenForm("frmSlide");
-  ASSERT_TRUE(slide);
-  slide->parentWidget()->close();  // its sub-window
-  QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
-  ASSERT_FALSE(slide);
-  ASSERT_FALSE(Gone(e));
-  e->txtEditText->setText("Kept");
-  e->cmdOK->click();
-  EXPECT_EQ(OnDisk().Get(2, Field::SlideText), "Kept");
-  EXPECT_EQ(TheMDIMain().StatusText(), "Slide: 2 (Kept)");
-}
-
-TEST_F(SlideEditorTest, CombosListTheValuesInFirstAppearanceAndTakeTypedText) {
+// The combos list the values in first appearance; Enter in a box or a combo is OK.
+TEST_F(SlideEditorTest, EditTypedAndEnterIsOnDiskAtOnce) {
   Start(5);
   const char* categories[] = {"Chairs", "", "Art", "Chairs", "Beds"};
   for (int i = 1; i <= 5; ++i) Globals().Slides[static_cast<std::size_t>(i)].Set(Field::Category, categories[i - 1]);
   QPointer<frmEditSlide> e = OpenEditor(3);
   ASSERT_TRUE(e);
-  QStringList listed;
-  for (int i = 0; i < e->cboCategory->count(); ++i) listed << e->cboCategory->itemText(i);
-  EXPECT_EQ(listed, QStringList({"Chairs", "Art", "Beds"}));
+  const auto listed = [&e] {
+    QStringList items;
+    for (int i = 0; i < e->cboCategory->count(); ++i) items << e->cboCategory->itemText(i);
+    return items;
+  };
+  EXPECT_EQ(listed(), QStringList({"Chairs", "Art", "Beds"}));
   EXPECT_EQ(e->cboCategory->currentText(), "Art");
+  // A temporary directory makes the path longer than 50: its first folder, then the picture.
+  EXPECT_TRUE(e->txtFilename->text().endsWith("/.../P3.PNG")) << e->txtFilename->text().toStdString();
+  e->txtEditText->selectAll();
+  QTest::keyClicks(e->txtEditText, "Pearl necklace");
+  QTest::keyClicks(e->cboLocation->lineEdit(), "Main bedroom");
+  QTest::keyClicks(e->txtValue, "1,500");
   e->cboCategory->lineEdit()->selectAll();
   QTest::keyClicks(e->cboCategory->lineEdit(), "Sculpture");
-  QTest::keyClick(e->cboCategory->lineEdit(), Qt::Key_Return);  // Enter in a combo is OK too
+  QTest::keyClick(e->cboCategory->lineEdit(), Qt::Key_Return);
   EXPECT_TRUE(Gone(e));
-  EXPECT_EQ(OnDisk().Get(3, Field::Category), "Sculpture");
+  const Disk disk = OnDisk();
+  EXPECT_EQ(disk.Get(3, Field::SlideText), "Pearl necklace");
+  EXPECT_EQ(disk.Get(3, Field::Location), "Main_bedroom");
+  EXPECT_EQ(disk.Get(3, Field::Value), "1");
+  EXPECT_EQ(disk.Get(3, Field::Category), "Sculpture");
+  EXPECT_EQ(TheMDIMain().StatusText(), "Slide: 3 (Pearl necklace)");
   // A value typed on OK reaches the list at the next opening; one no slide holds has left it.
   Globals().Slides[5].Set(Field::Category, "Chairs");
+  Globals().Slides[2].Set(Field::Category, " Hi Fi");  // in memory only, not yet on disk
   e = OpenEditor(2);
   ASSERT_TRUE(e);
-  listed.clear();
-  for (int i = 0; i < e->cboCategory->count(); ++i) listed << e->cboCategory->itemText(i);
-  EXPECT_EQ(listed, QStringList({"Chairs", "Sculpture"}));
+  EXPECT_EQ(listed(), QStringList({"Chairs", "Hi Fi", "Sculpture"}));
+  QTest::keyClick(e->txtValue, Qt::Key_Return);  // nothing typed: the file is rewritten all the same
+  EXPECT_TRUE(Gone(e));
+  EXPECT_EQ(OnDisk().Get(2, Field::Category), "Hi_Fi");
+  EXPECT_EQ(OnDisk().Get(2, Field::SlideText), "Slide 2");
 }
 
 struct TemplateRow {
@@ -142,10 +130,19 @@ QString Focused() {
   return w ? w->objectName() : QString();
 }
 
-TEST_P(EditorTemplate, LabelsSizeAndTabOrder) {
+// Texts longer than their boxes open at their start, as a text box shows a text set into it.
+TEST_P(EditorTemplate, LabelsSizeLongTextsAndTabOrder) {
   const TemplateRow& row = GetParam();
   Start(2);
   Mc().SlideTemplate(row.code);
+  // As long as the field holds, in wide letters: the shortened path is wider than its box.
+  const std::string picture = "wwwwwwwwwwwwwwwwwwwwww.png";
+  ASSERT_TRUE(QFile::copy(QString::fromStdString(app / "Gallery/p1.png"),
+                          QString::fromStdString(app / ("Gallery/" + picture))));
+  Globals().Slides[1].Set(Field::PictureFile, picture);
+  Globals().Slides[1].Set(Field::SlideText,
+                          "Walnut sideboard with two cabinets, bought in 2004 at the Wilson estate sale, "
+                          "with its receipt and photos");
   QPointer<frmEditSlide> e = OpenEditor(1);
   ASSERT_TRUE(e);
   EXPECT_EQ(e->objectName(), row.editor);
@@ -160,38 +157,19 @@ TEST_P(EditorTemplate, LabelsSizeAndTabOrder) {
     EXPECT_EQ(box->accessibleName(), caption) << control;
   }
   QApplication::setActiveWindow(e);
+  for (const QLineEdit* box : {e->txtEditText, e->txtFilename}) {
+    ASSERT_GT(box->fontMetrics().horizontalAdvance(box->text()), box->width()) << box->objectName().toStdString();
+    EXPECT_EQ(box->cursorPosition(), 0) << box->objectName().toStdString();
+  }
   EXPECT_EQ(Focused(), "txtEditText");
-  QStringList visited;
+  QStringList visited, expected;
   for (std::size_t i = 0; i <= row.tabs.size(); ++i) {
     visited << Focused();
     QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab);
   }
-  QStringList expected;
   for (const char* name : row.tabs) expected << name;
   expected << row.tabs.front();  // round again
   EXPECT_EQ(visited, expected);
-}
-
-// A text longer than its box opens at its start, as a text box shows a text set into it.
-TEST_P(EditorTemplate, LongTextsOpenAtTheirStart) {
-  Start(2);
-  Mc().SlideTemplate(GetParam().code);
-  // As long as the field holds, in wide letters: the shortened path is wider than its box.
-  const std::string picture = "wwwwwwwwwwwwwwwwwwwwww.png";
-  ASSERT_TRUE(QFile::copy(QString::fromStdString(app / "Gallery/p1.png"),
-                          QString::fromStdString(app / ("Gallery/" + picture))));
-  Globals().Slides[1].Set(Field::PictureFile, picture);
-  Globals().Slides[1].Set(Field::SlideText,
-                          "Walnut sideboard with two cabinets, bought in 2004 at the Wilson estate sale, "
-                          "with its receipt and photos");
-  QPointer<frmEditSlide> e = OpenEditor(1);
-  ASSERT_TRUE(e);
-  QApplication::setActiveWindow(e);
-  for (const QLineEdit* box : {e->txtEditText, e->txtFilename}) {
-    const std::string name = box->objectName().toStdString();
-    ASSERT_GT(box->fontMetrics().horizontalAdvance(box->text()), box->width()) << name;
-    EXPECT_EQ(box->cursorPosition(), 0) << name;
-  }
 }
 
 INSTANTIATE_TEST_SUITE_P(Rows, EditorTemplate, ::testing::ValuesIn(kTemplates), RowName());
@@ -241,19 +219,6 @@ TEST_P(EditorKeys, ClosesOrStaysByTemplateAndDropsTheEdit) {
 }
 
 INSTANTIATE_TEST_SUITE_P(Rows, EditorKeys, ::testing::ValuesIn(kKeyRows), RowName());
-
-TEST_F(SlideEditorTest, HelpButtonClosesOnThePageAndEditorsAreIndependent) {
-  Start(3);
-  QPointer<frmEditSlide> first = OpenEditor(1);
-  QPointer<frmEditSlide> second = PressEdit();  // modeless: a second editor beside the first
-  ASSERT_TRUE(first && second);
-  EXPECT_NE(first, second);
-  OpenHelp("help001.htm");
-  second->cmdHelp->click();
-  EXPECT_TRUE(Gone(second));
-  EXPECT_FALSE(Gone(first));
-  EXPECT_EQ(HelpPage(), "help011.htm");
-}
 
 }  // namespace
 }  // namespace cb
