@@ -16,8 +16,11 @@
 
 namespace cb {
 
-// Bytes of decoded pixels that one picture element holds at most.
-inline constexpr double kPictureBudget = 64.0 * 1024 * 1024;
+// Bytes of decoded pixels that one picture element holds at most, counting
+// the picture it shows and a finer one being decoded to replace it.
+inline constexpr double kPictureBudget = 96.0 * 1024 * 1024;
+// Pixels of one decode, four bytes each, so that two fit the budget.
+inline constexpr double kDecodePixels = kPictureBudget / 2 / 4;
 
 class PictureSource {
  public:

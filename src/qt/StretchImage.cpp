@@ -40,7 +40,7 @@ DecodePlan StretchImage::Wanted(const PictureSource& source) const {
   QRect shown = rect();
   if (parentWidget()) shown &= QRect(-pos(), parentWidget()->size());
   return PlanDecode(source.Size().width(), source.Size().height(), width() * r, height() * r,
-                    {shown.x() * r, shown.y() * r, shown.width() * r, shown.height() * r}, kPictureBudget / 4);
+                    {shown.x() * r, shown.y() * r, shown.width() * r, shown.height() * r}, kDecodePixels);
 }
 
 bool StretchImage::Decode(const std::shared_ptr<const PictureSource>& source, const DecodePlan& plan) {

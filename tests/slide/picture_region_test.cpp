@@ -86,21 +86,19 @@ TEST(PictureRegionTest, OrientationsTurnBoxes) {
 TEST(PictureRegionTest, PartToDraw) {
   const struct {
     const char* name;
-    PixelBox paint;
-    double ew, eh;
-    PixelBox region;
-    double iw, ih;
+    PixelBox paint, region;  // region: what the image holds of the 8000 x 6000 picture
+    double ew, eh, iw, ih;   // element and image sizes
     DrawnPart part;
   } rows[] = {
-      // A whole picture of 8000 x 6000 decoded at a quarter onto a 1000 x 750 element.
-      {"whole_picture", {0, 0, 1000, 750}, 1000, 750, {0, 0, 8000, 6000}, 2000, 1500,
+      // The whole picture decoded at a quarter onto a 1000 x 750 element.
+      {"whole_picture", {0, 0, 1000, 750}, {0, 0, 8000, 6000}, 1000, 750, 2000, 1500,
        {{0, 0, 1000, 750}, {0, 0, 2000, 1500}}},
-      {"part_of_the_paint", {100, 50, 10, 10}, 1000, 750, {0, 0, 8000, 6000}, 2000, 1500,
+      {"part_of_the_paint", {100, 50, 10, 10}, {0, 0, 8000, 6000}, 1000, 750, 2000, 1500,
        {{100, 50, 10, 10}, {200, 100, 20, 20}}},
-      // Element at 4 element pixels a picture pixel; the image holds pixels 1000..1100 at full scale.
-      {"region_inside_a_zoomed_element", {3900, 4000, 800, 100}, 32000, 24000, {1000, 1000, 100, 50}, 100, 50,
+      // Four element pixels a picture pixel; the image holds pixels 1000..1100 at full scale.
+      {"region_inside_a_zoomed_element", {3900, 4000, 800, 100}, {1000, 1000, 100, 50}, 32000, 24000, 100, 50,
        {{4000, 4000, 400, 100}, {0, 0, 100, 25}}},
-      {"paint_beside_the_region", {0, 0, 100, 100}, 32000, 24000, {1000, 1000, 100, 50}, 100, 50, {}},
+      {"paint_beside_the_region", {0, 0, 100, 100}, {1000, 1000, 100, 50}, 32000, 24000, 100, 50, {}},
   };
   for (const auto& r : rows) {
     SCOPED_TRACE(r.name);
