@@ -6,7 +6,7 @@ set -euo pipefail
 cd "$(dirname "$0")/.."
 
 packages=(cmake ninja-build g++ pkg-config qt6-base-dev libgl-dev libgtest-dev libgmock-dev
-          libbenchmark-dev fonts-dejavu-core libvips-tools libturbojpeg0-dev libarchive-dev poppler-utils
+          libbenchmark-dev fonts-dejavu-core libvips-tools libturbojpeg0-dev libjpeg62-turbo-dev libarchive-dev poppler-utils
           desktop-file-utils appstream dpkg-dev file librsvg2-bin fonts-liberation help2man lintian)
 missing=()
 for p in "${packages[@]}"; do

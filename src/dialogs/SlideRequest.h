@@ -2,13 +2,15 @@
 // What the gallery asks of the slide window, by way of the frame: open it on
 // a picture, or bring the open one to it.
 
-#include <QImage>
 #include <QString>
+#include <memory>
 
 namespace cb {
 
+class PictureSource;
+
 struct SlideRequest {
-  QImage picture;          // null: an open window keeps the picture it shows
+  std::shared_ptr<const PictureSource> picture;  // null: an open window keeps the picture it shows
   QString toolTip;
   QString accessibleName;  // set once the window is in place; empty leaves the window's own
   bool fromReport = false; // a report's link: no caption and no focus for an open window

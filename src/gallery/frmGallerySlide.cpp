@@ -4,7 +4,7 @@
 
 #include "gallery/frmGallery.h"
 #include "model/SlideNames.h"
-#include "qt/LoadPicture.h"
+#include "qt/PictureSource.h"
 #include "qt/StretchImage.h"
 #include "qt/Twips.h"
 #include "state/modGlobal.h"
@@ -12,13 +12,13 @@
 namespace cb {
 namespace {
 
-// The picture of record `record` by the slide window's file-name rule; a name
-// without a "." gives no picture.
-QImage SlidePicture(std::int32_t record) {
+// The picture file of record `record` by the slide window's file-name rule;
+// a name without a "." or a file no decoder reads gives no picture, silently.
+std::shared_ptr<const PictureSource> SlidePicture(std::int32_t record) {
   const UIMainController& mc = *Globals().MainController;
   const auto name = SlidePictureName(Trim(Globals().Slides[static_cast<std::size_t>(record)].Get(Field::PictureFile)));
-  QImage picture;
-  if (name) LoadPicture(FilePath(mc.AppPath() + mc.GetGalleryDirectory(), *name), picture);
+  std::shared_ptr<const PictureSource> picture;
+  if (name) PictureSource::Open(FilePath(mc.AppPath() + mc.GetGalleryDirectory(), *name), picture);
   return picture;
 }
 

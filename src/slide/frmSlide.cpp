@@ -57,19 +57,20 @@ void frmSlide::SetCaption() {
 
 void frmSlide::Take(const SlideRequest& r, bool opened) {
   if (opened) {
-    Image1->SetPicture(r.picture);
+    // Decoded when first drawn, at the size the window then has.
+    if (r.picture) Image1->SetSource(r.picture);
     Image1->setToolTip(r.toolTip);
     return;
   }
   if (r.fromReport) {
-    if (!r.picture.isNull()) Image1->SetPicture(r.picture);
+    if (r.picture) Image1->ReplaceSource(r.picture);
     Image1->setToolTip(r.toolTip);
     update();
     return;
   }
   {
     const DrawingLock lock(this);
-    if (!r.picture.isNull()) Image1->SetPicture(r.picture);
+    if (r.picture) Image1->ReplaceSource(r.picture);
     Image1->setToolTip(r.toolTip);
     SetCaption();
   }
