@@ -1,6 +1,7 @@
 #pragma once
 // The gallery's decoded pictures, kept between pages: a bounded memory cache
-// in front of the desktop's thumbnail cache in front of the decoder. Each
+// in front of the picture's own embedded thumbnail (where it serves the cell),
+// the desktop's thumbnail cache and the decoder. Each
 // picture is known by its file as it is now (path, size, modification time)
 // and the cell bound it was decoded for, so a picture changed on disk is
 // decoded afresh and one deleted is still found missing.

@@ -95,18 +95,13 @@ struct ServeRow {
 
 const ServeRow kServes[] = {
     {"covers_a_small_cell", {160, 120}, {4000, 3000}, 1, {88, 90}, true},
-    {"exactly_the_cell", {160, 120}, {4000, 3000}, 1, {160, 120}, true},
-    {"one_pixel_short", {160, 120}, {4000, 3000}, 1, {160, 121}, false},
     {"large_cell", {160, 120}, {4000, 3000}, 1, {370, 340}, false},
     {"turned_covers_a_tall_cell", {160, 120}, {4000, 3000}, 6, {100, 150}, true},
     {"unturned_misses_a_tall_cell", {160, 120}, {4000, 3000}, 1, {100, 150}, false},
-    {"turned_misses_a_wide_cell", {160, 120}, {4000, 3000}, 8, {150, 100}, false},
     {"shape_within_one_percent", {160, 120}, {4032, 3000}, 1, {80, 60}, true},
     {"shape_off_by_two_percent", {160, 120}, {4080, 3000}, 1, {80, 60}, false},
     {"cropped_square", {160, 120}, {3000, 3000}, 1, {80, 60}, false},
-    {"wide_picture_barred_thumbnail", {160, 120}, {4000, 2250}, 1, {80, 60}, false},
     {"empty_thumbnail", {0, 0}, {4000, 3000}, 1, {0, 0}, false},
-    {"unknown_picture", {160, 120}, {0, 0}, 1, {0, 0}, false},
 };
 
 class ServeTest : public ::testing::TestWithParam<ServeRow> {};
