@@ -1,6 +1,7 @@
 // The gallery's page fill with camera pictures, driven through the real
 // frmGallery offscreen on a 1920x1080 screen: a first visit with every cache
-// empty, a revisit, a one-column step once the look-ahead has settled, a new
+// empty, with the gallery filling the screen and at its opening size (where
+// the pictures' embedded thumbnails serve), a revisit, a one-column step once the look-ahead has settled, a new
 // session that finds the thumbnails on disk; beside them the decode floor
 // (fifteen reduced decodes straight through TurboJPEG on two threads) and
 // the peer vipsthumbnail on two processes. All are wall-clock times.
@@ -10,9 +11,11 @@
 #include <turbojpeg.h>
 
 #include <QApplication>
+#include <QBuffer>
 #include <QDir>
 #include <QFile>
 #include <QImageReader>
+#include <QMdiSubWindow>
 #include <QPainter>
 #include <QProcess>
 #include <QRadialGradient>
@@ -27,6 +30,7 @@
 #include "frame/Forms.h"
 #include "frame/MDIMain.h"
 #include "gallery/frmGallery.h"
+#include "qt/ExifThumbnail.h"
 #include "qt/GalleryPictures.h"
 #include "qt/StretchImage.h"
 #include "state/SettingsStore.h"
@@ -38,11 +42,13 @@ constexpr int kPictures = 30;
 constexpr int kPage = 15;
 constexpr QSize kPictureSize{4000, 3000};
 constexpr int kQuality = 90;
+// The thumbnail cameras embed in the EXIF segment.
+constexpr QSize kThumbnailSize{160, 120};
 // 1920x1080 split five across and three down.
 constexpr QSize kCellBound{384, 360};
 
 // Bump the folder's version when the pictures change, so a stale set is not measured.
-QString PictureDir() { return QDir::tempPath() + "/chattelbook-bench-gallery-v2"; }
+QString PictureDir() { return QDir::tempPath() + "/chattelbook-bench-gallery-v3"; }
 
 // Gradients, soft blobs and per-pixel sensor noise: enough detail that the
 // JPEG is the size a camera writes, not a few kilobytes of flat colour.
@@ -85,6 +91,22 @@ QImage CameraLikePicture(int seed) {
   return img;
 }
 
+QByteArray JpegBytes(const QImage& image, int quality) {
+  QBuffer out;
+  out.open(QIODevice::WriteOnly);
+  image.save(&out, "JPEG", quality);
+  return out.data();
+}
+
+// The picture as a camera writes it: the EXIF segment with its thumbnail
+// straight after the start marker.
+QByteArray CameraJpeg(const QImage& picture) {
+  const QByteArray thumbnail = JpegBytes(picture.scaled(kThumbnailSize, Qt::IgnoreAspectRatio, Qt::SmoothTransformation), 85);
+  const std::string exif = cb::ExifSegment(1, {thumbnail.constData(), std::size_t(thumbnail.size())});
+  const QByteArray jpeg = JpegBytes(picture, kQuality);
+  return jpeg.left(2) + QByteArray::fromStdString(exif) + jpeg.mid(2);
+}
+
 // The pictures, written once and kept in the temporary folder; a file is
 // only ever seen complete, so an interrupted run leaves no half picture.
 QStringList CameraPictures() {
@@ -97,7 +119,10 @@ QStringList CameraPictures() {
     const QString path = QString("%1/picture%2.jpg").arg(dir).arg(i + 1, 2, 10, QChar('0'));
     if (QImageReader(path).size() != kPictureSize) {
       const QString part = path + ".part";
-      if (!CameraLikePicture(i).save(part, "JPEG", kQuality)) return {};
+      const QByteArray bytes = CameraJpeg(CameraLikePicture(i));
+      QFile out(part);
+      if (!out.open(QIODevice::WriteOnly) || out.write(bytes) != bytes.size()) return {};
+      out.close();
       QFile::remove(path);
       if (!QFile::rename(part, path)) return {};
     }
@@ -148,24 +173,32 @@ void EmptyCaches() {
 }
 
 // The gallery made anew on its first page, as every command that changes the
-// collection does; false when a cell came up empty.
-bool LoadFirstPage() {
+// collection does, filling the main window or at its opening size; false
+// when a cell came up empty.
+bool LoadFirstPage(bool fillTheScreen = true) {
   cb::TheMDIMain().RebuildGallery();
   cb::frmGallery* gallery = cb::TheMDIMain().fGallery();
   if (!gallery) return false;
+  gallery->parentWidget()->setWindowState(fillTheScreen ? Qt::WindowMaximized : Qt::WindowNoState);
   for (int i = 1; i <= kPage; ++i)
     if (!gallery->Image1(i)->HasPicture()) return false;
   return true;
 }
 
-void BM_FirstVisit(benchmark::State& state) {
+void FirstVisit(benchmark::State& state, bool fillTheScreen) {
   for (auto _ : state) {
     state.PauseTiming();
     EmptyCaches();
     state.ResumeTiming();
-    if (!LoadFirstPage()) return state.SkipWithError("a cell stayed empty");
+    if (!LoadFirstPage(fillTheScreen)) return state.SkipWithError("a cell stayed empty");
   }
+  const QSize cell = cb::TheMDIMain().fGallery()->Image1(1)->size();
+  state.SetLabel(QString("cells %1x%2").arg(cell.width()).arg(cell.height()).toStdString());
 }
+
+void BM_FirstVisit(benchmark::State& state) { FirstVisit(state, true); }
+// Cells smaller than the thumbnails: no picture is decoded.
+void BM_FirstVisitSmallCells(benchmark::State& state) { FirstVisit(state, false); }
 
 void BM_Revisit(benchmark::State& state) {
   LoadFirstPage();
@@ -265,6 +298,7 @@ void BM_Vipsthumbnail2(benchmark::State& state) {
 }
 
 BENCHMARK(BM_FirstVisit)->Unit(benchmark::kMillisecond)->UseRealTime()->MinTime(2.0);
+BENCHMARK(BM_FirstVisitSmallCells)->Unit(benchmark::kMillisecond)->UseRealTime()->MinTime(2.0);
 BENCHMARK(BM_Revisit)->Unit(benchmark::kMillisecond)->UseRealTime()->MinTime(1.0);
 BENCHMARK(BM_ScrollStep)->Unit(benchmark::kMillisecond)->UseRealTime()->MinTime(2.0);
 BENCHMARK(BM_NewSession)->Unit(benchmark::kMillisecond)->UseRealTime()->MinTime(2.0);
@@ -311,6 +345,7 @@ int main(int argc, char** argv) {
             cb::GalleryCellBound().height());
     return 1;
   }
+  cb::TheMDIMain().resize(1920, 1080);
   cb::TheMDIMain().show();
   benchmark::RunSpecifiedBenchmarks();
   benchmark::Shutdown();

@@ -119,6 +119,7 @@ void frmGallery::LayOut() {
     const ElementRect& r = placed_[static_cast<std::size_t>(i - 1)];
     Image1(i)->setGeometry(TwipsRect(r));
   }
+  SharpenCells();
 }
 
 void frmGallery::Image1_MouseUp(int index, Qt::MouseButton button, QPointF pos) {

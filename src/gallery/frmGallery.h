@@ -117,11 +117,17 @@ class frmGallery : public QWidget {
   // The missing-file protocol for record `record`; false when the slide
   // could not be removed, which ends the retry.
   bool MissingSlide(std::int32_t record);
-  RtError Picture(const QString& path, QImage& out);
+  // The picture at `path` for slide cell `cell`, remembered as the cell's.
+  RtError Picture(int cell, const QString& path, QImage& out);
+  // The slide cells' size now, in device pixels.
+  QSize CellPixels() const;
+  // Cells shown from a thumbnail that they have outgrown get the decode.
+  void SharpenCells();
   // Decodes, on a worker, the columns a one-column step either way will show.
   void LookAround();
 
   std::array<StretchImage*, 30> images_{};
+  std::array<QString, kGalleryCells> cellPaths_;  // the picture file each slide cell last took
   // Where the elements stand, in twips: the design's until the first resize.
   std::array<ElementRect, 30> placed_ = DesignLayout().elements;
   BuiltMenus menus_;

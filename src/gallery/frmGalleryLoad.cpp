@@ -48,8 +48,30 @@ QString GalleryPicturePath(std::int32_t record) {
                   Trim(Globals().Slides[static_cast<std::size_t>(record)].Get(Field::PictureFile)));
 }
 
-RtError frmGallery::Picture(const QString& path, QImage& out) {
-  return GalleryPictures::Instance().Get(path, out, GalleryCellBound());
+RtError frmGallery::Picture(int cell, const QString& path, QImage& out) {
+  const RtError e = GalleryPictures::Instance().Get(path, out, GalleryCellBound(), CellPixels());
+  if (e == RtError::None) cellPaths_[std::size_t(cell - 1)] = path;
+  return e;
+}
+
+QSize frmGallery::CellPixels() const {
+  const StretchImage* cell = Image1(1);
+  return cell->size() * cell->devicePixelRatio();
+}
+
+void frmGallery::SharpenCells() {
+  const QSize size = CellPixels();
+  QStringList paths;
+  for (int i = 1; i <= kGalleryCells; ++i)
+    if (Image1(i)->HasPicture() && !Covers(Image1(i)->Picture().size(), size)) paths << cellPaths_[std::size_t(i - 1)];
+  if (paths.isEmpty()) return;
+  GalleryPictures::Instance().Fill(paths, GalleryCellBound(), size);
+  for (int i = 1; i <= kGalleryCells; ++i) {
+    QImage sharper;
+    if (Image1(i)->HasPicture() && !Covers(Image1(i)->Picture().size(), size) &&
+        Picture(i, cellPaths_[std::size_t(i - 1)], sharper) == RtError::None)
+      Image1(i)->SetPicture(std::move(sharper));
+  }
 }
 
 void frmGallery::LookAround() {
@@ -59,7 +81,7 @@ void frmGallery::LookAround() {
     paths << GalleryPicturePath(r);
   for (std::int32_t r = std::max(1, mc.CurrentlyActiveBase() - 3); r < mc.CurrentlyActiveBase(); ++r)
     paths << GalleryPicturePath(r);
-  GalleryPictures::Instance().LookAhead(paths, GalleryCellBound());
+  GalleryPictures::Instance().LookAhead(paths, GalleryCellBound(), CellPixels());
 }
 
 void frmGallery::Load() {
@@ -87,7 +109,7 @@ void frmGallery::Load() {
   // The page's pictures decode together ahead of the loop, which keeps its order.
   QStringList paths;
   for (std::int32_t i = 1; i <= n && i <= kGalleryCells; ++i) paths << GalleryPicturePath(i);
-  GalleryPictures::Instance().Fill(paths, GalleryCellBound());
+  GalleryPictures::Instance().Fill(paths, GalleryCellBound(), CellPixels());
 
   for (std::int32_t i = 1; i <= n && i <= kGalleryCells; ++i) {
     if (!LoadCell(i, i) || RecordInCell(mc.CurrentlyActiveBase(), i) > UpperBound()) {
@@ -128,7 +150,7 @@ bool frmGallery::LoadCell(int cell, std::int32_t record) {
   for (;;) {
     if (record > UpperBound()) return false;  // the collection shrank under the loop
     QImage picture;
-    const RtError e = Picture(GalleryPicturePath(record), picture);
+    const RtError e = Picture(cell, GalleryPicturePath(record), picture);
     if (e == RtError::None) {
       Image1(cell)->SetPicture(std::move(picture));
       return true;

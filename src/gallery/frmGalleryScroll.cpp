@@ -65,7 +65,7 @@ void frmGallery::RefillCells(const ScrollStep& step) {
     const std::int32_t r = step.refill.RecordFor(c);
     if (FillFor(step.refill, r, UpperBound()) == CellFill::Load) paths << GalleryPicturePath(r);
   }
-  GalleryPictures::Instance().Fill(paths, GalleryCellBound());
+  GalleryPictures::Instance().Fill(paths, GalleryCellBound(), CellPixels());
   std::int32_t cell = 1;
   for (; cell <= step.refill.Cells() && cell <= kGalleryCells; ++cell) {
     const std::int32_t r = step.refill.RecordFor(cell);
@@ -73,7 +73,7 @@ void frmGallery::RefillCells(const ScrollStep& step) {
     if (fill == CellFill::Load) {
       for (;;) {
         QImage picture;
-        const RtError e = Picture(GalleryPicturePath(r), picture);
+        const RtError e = Picture(cell, GalleryPicturePath(r), picture);
         if (e == RtError::FileNotFound && r <= UpperBound()) {
           if (!MissingSlide(r)) break;  // nothing was removed: the cell stays empty
           if (r > UpperBound()) break;

@@ -41,7 +41,7 @@ GalleryPictures& GalleryPictures::Instance() {
   return pictures;
 }
 
-RtError GalleryPictures::Get(const QString& path, QImage& out, QSize bound) {
+RtError GalleryPictures::Get(const QString& path, QImage& out, QSize bound, QSize cell) {
   if (const RtError e = PictureFileError(path); e != RtError::None) return e;
   const QString key = KeyOf(QFileInfo(path), bound);
   {
@@ -49,45 +49,58 @@ RtError GalleryPictures::Get(const QString& path, QImage& out, QSize bound) {
     // A picture another thread is decoding is waited for, not decoded twice.
     done_.wait(lock, [&] { return !inFlight_.count(key); });
     if (const auto it = index_.find(key); it != index_.end()) {
-      lru_.splice(lru_.begin(), lru_, it->second);
-      out = it->second->image;
-      return RtError::None;
+      if (!it->second->standIn || Covers(it->second->image.size(), cell)) {
+        lru_.splice(lru_.begin(), lru_, it->second);
+        out = it->second->image;
+        return RtError::None;
+      }
     }
     inFlight_.insert(key);
   }
-  QImage image;
-  const RtError e = Produce(path, bound, image);
+  Entry entry{key, {}, false};
+  const RtError e = Produce(path, bound, cell, entry);
   {
     const std::lock_guard lock(mutex_);
     inFlight_.erase(key);
-    if (e == RtError::None) Store(key, image);
+    if (e == RtError::None) Store(entry);
   }
   done_.notify_all();
-  if (e == RtError::None) out = std::move(image);
+  if (e == RtError::None) out = std::move(entry.image);
   return e;
 }
 
-RtError GalleryPictures::Produce(const QString& path, QSize bound, QImage& out) {
+RtError GalleryPictures::Produce(const QString& path, QSize bound, QSize cell, Entry& out) {
+  if (cell.isValid()) {
+    out.image = LoadEmbeddedThumbnail(path, cell);
+    out.standIn = !out.image.isNull();
+    if (out.standIn) return RtError::None;
+  }
   const QFileInfo info(path);
   if (QImage stored = thumbnails_.Read(info, bound); !stored.isNull()) {
-    out = std::move(stored);
+    out.image = std::move(stored);
     return RtError::None;
   }
-  const RtError e = LoadPicture(path, out, bound);
+  const RtError e = LoadPicture(path, out.image, bound);
   if (e != RtError::None) return e;
   {
     const std::lock_guard lock(mutex_);
     ++decodes_;
   }
-  writer_.start([this, info, bound, image = out] { thumbnails_.Write(info, bound, image); });
+  writer_.start([this, info, bound, image = out.image] { thumbnails_.Write(info, bound, image); });
   return RtError::None;
 }
 
-void GalleryPictures::Store(const QString& key, const QImage& image) {
-  if (Bytes(image) > limit_) return;
-  lru_.push_front({key, image});
-  index_[key] = lru_.begin();
-  used_ += Bytes(image);
+void GalleryPictures::Store(Entry entry) {
+  // A sharper picture replaces the thumbnail held under the same key.
+  if (const auto old = index_.find(entry.key); old != index_.end()) {
+    used_ -= Bytes(old->second->image);
+    lru_.erase(old->second);
+    index_.erase(old);
+  }
+  if (Bytes(entry.image) > limit_) return;
+  used_ += Bytes(entry.image);
+  lru_.push_front(std::move(entry));
+  index_[lru_.front().key] = lru_.begin();
   while (used_ > limit_) {
     used_ -= Bytes(lru_.back().image);
     index_.erase(lru_.back().key);
@@ -95,19 +108,19 @@ void GalleryPictures::Store(const QString& key, const QImage& image) {
   }
 }
 
-void GalleryPictures::Fill(const QStringList& paths, QSize bound) {
-  QtConcurrent::blockingMap(paths, [this, bound](const QString& path) {
+void GalleryPictures::Fill(const QStringList& paths, QSize bound, QSize cell) {
+  QtConcurrent::blockingMap(paths, [this, bound, cell](const QString& path) {
     QImage image;
-    Get(path, image, bound);
+    Get(path, image, bound, cell);
   });
 }
 
-void GalleryPictures::LookAhead(const QStringList& paths, QSize bound) {
+void GalleryPictures::LookAhead(const QStringList& paths, QSize bound, QSize cell) {
   ahead_.clear();
   for (const QString& path : paths)
-    ahead_.start([this, path, bound] {
+    ahead_.start([this, path, bound, cell] {
       QImage image;
-      Get(path, image, bound);
+      Get(path, image, bound, cell);
     });
 }
 

@@ -1,6 +1,7 @@
 #pragma once
 // The gallery's decoded pictures, kept between pages: a bounded memory cache
-// in front of the desktop's thumbnail cache in front of the decoder. Each
+// in front of the picture's own embedded thumbnail (where it serves the cell),
+// the desktop's thumbnail cache and the decoder. Each
 // picture is known by its file as it is now (path, size, modification time)
 // and the cell bound it was decoded for, so a picture changed on disk is
 // decoded afresh and one deleted is still found missing.
@@ -31,13 +32,15 @@ class GalleryPictures {
   static GalleryPictures& Instance();
 
   // Loads `path` as LoadPicture does for a cell of `bound`, with the same
-  // failures, from memory when it can. Safe from any thread.
-  RtError Get(const QString& path, QImage& out, QSize bound);
+  // failures, from memory when it can. Where the picture's embedded thumbnail
+  // serves a cell of `cell` (its size now) it stands in for the decode, and
+  // gives way to the decode once `cell` outgrows it. Safe from any thread.
+  RtError Get(const QString& path, QImage& out, QSize bound, QSize cell = {});
   // Brings `paths` into memory on every core; returns when all are there.
-  void Fill(const QStringList& paths, QSize bound);
+  void Fill(const QStringList& paths, QSize bound, QSize cell = {});
   // Brings `paths` into memory on a worker thread and returns at once; a
   // later call drops what an earlier one has not started.
-  void LookAhead(const QStringList& paths, QSize bound);
+  void LookAhead(const QStringList& paths, QSize bound, QSize cell = {});
   // Waits until the look-ahead and the thumbnail writes are done.
   void WaitForIdle();
 
@@ -52,10 +55,12 @@ class GalleryPictures {
   struct Entry {
     QString key;
     QImage image;
+    bool standIn;  // the embedded thumbnail, not the decode
   };
-  // From a valid thumbnail, else decoded (and a thumbnail written behind).
-  RtError Produce(const QString& path, QSize bound, QImage& out);
-  void Store(const QString& key, const QImage& image);
+  // From the embedded thumbnail when it serves `cell`, else from a valid
+  // desktop thumbnail, else decoded (and a desktop thumbnail written behind).
+  RtError Produce(const QString& path, QSize bound, QSize cell, Entry& out);
+  void Store(Entry entry);
 
   const std::size_t limit_;
   const Thumbnails thumbnails_;
@@ -69,6 +74,12 @@ class GalleryPictures {
   QThreadPool ahead_;   // one worker: the look-ahead never takes both cores
   QThreadPool writer_;  // thumbnail writes
 };
+
+// True when `picture` is at least `cell` in both directions; any picture
+// covers an invalid cell.
+inline bool Covers(QSize picture, QSize cell) {
+  return picture.width() >= cell.width() && picture.height() >= cell.height();
+}
 
 // The largest a gallery cell can be on this screen: a fifth of its width and
 // a third of its height, in device pixels.

@@ -1,9 +1,12 @@
 #include "qt/JpegDecode.h"
 
-#include <QBuffer>
-#include <QImageReader>
+#include <QImageIOHandler>
+#include <QTransform>
 #include <memory>
+#include <span>
 #include <turbojpeg.h>
+
+#include "qt/ExifThumbnail.h"
 
 namespace cb {
 namespace {
@@ -28,12 +31,43 @@ tjscalingfactor CoveringScale(int width, int height, QSize bound) {
   return best;
 }
 
-// The EXIF orientation, read from the headers alone.
-QImageIOHandler::Transformations Orientation(const QByteArray& data) {
-  QBuffer buffer;
-  buffer.setData(data);
-  QImageReader reader(&buffer, "jpeg");
-  return reader.transformation();
+// EXIF orientations 1 to 8 as the toolkit's turns.
+constexpr QImageIOHandler::Transformations kTurns[] = {
+    QImageIOHandler::TransformationNone,          QImageIOHandler::TransformationNone,
+    QImageIOHandler::TransformationMirror,        QImageIOHandler::TransformationRotate180,
+    QImageIOHandler::TransformationFlip,          QImageIOHandler::TransformationFlipAndRotate90,
+    QImageIOHandler::TransformationRotate90,      QImageIOHandler::TransformationMirrorAndRotate90,
+    QImageIOHandler::TransformationRotate270};
+
+std::span<const std::uint8_t> Span(const QByteArray& data) {
+  return {reinterpret_cast<const std::uint8_t*>(data.constData()), static_cast<std::size_t>(data.size())};
+}
+
+// Decodes `jpeg` at the scale that covers `bound` once turned by `orientation`.
+QImage Decode(std::span<const std::uint8_t> jpeg, QSize bound, int orientation) {
+  const Decompressor tj(tjInitDecompress(), tjDestroy);
+  if (!tj) return {};
+  const auto size = static_cast<unsigned long>(jpeg.size());
+  int width = 0, height = 0, subsampling = 0, colourspace = 0;
+  if (tjDecompressHeader3(tj.get(), jpeg.data(), size, &width, &height, &subsampling, &colourspace) != 0) return {};
+  // CMYK pictures take the toolkit's own path, which converts their colours.
+  if (colourspace == TJCS_CMYK || colourspace == TJCS_YCCK) return {};
+  const QImageIOHandler::Transformations turn = kTurns[orientation];
+  // A picture turned on its side covers the cell with its other side.
+  const QSize need = TurnsOnSide(orientation) ? bound.transposed() : bound;
+  const tjscalingfactor scale = CoveringScale(width, height, need);
+  QImage out(TJSCALED(width, scale), TJSCALED(height, scale), QImage::Format_RGB32);
+  if (out.isNull()) return {};
+  if (tjDecompress2(tj.get(), jpeg.data(), size, out.bits(), out.width(), int(out.bytesPerLine()), out.height(),
+                    TJPF_BGRX, 0) != 0 &&
+      tjGetErrorCode(tj.get()) == TJERR_FATAL)
+    return {};
+  // Mirror and flip first, then the quarter turn, as the toolkit's readers do.
+  if (turn & (QImageIOHandler::TransformationMirror | QImageIOHandler::TransformationFlip))
+    out = std::move(out).mirrored(turn & QImageIOHandler::TransformationMirror,
+                                  turn & QImageIOHandler::TransformationFlip);
+  if (turn & QImageIOHandler::TransformationRotate90) out = out.transformed(QTransform().rotate(90));
+  return out;
 }
 
 }  // namespace
@@ -44,30 +78,16 @@ bool LooksLikeJpeg(const QByteArray& data) {
 
 QImage DecodeJpegCovering(const QByteArray& data, QSize bound) {
   if (!LooksLikeJpeg(data)) return {};
-  const Decompressor tj(tjInitDecompress(), tjDestroy);
-  if (!tj) return {};
-  const auto* bytes = reinterpret_cast<const unsigned char*>(data.constData());
-  const auto size = static_cast<unsigned long>(data.size());
-  int width = 0, height = 0, subsampling = 0, colourspace = 0;
-  if (tjDecompressHeader3(tj.get(), bytes, size, &width, &height, &subsampling, &colourspace) != 0) return {};
-  // CMYK pictures take the toolkit's own path, which converts their colours.
-  if (colourspace == TJCS_CMYK || colourspace == TJCS_YCCK) return {};
-  const QImageIOHandler::Transformations turn = Orientation(data);
-  // A picture turned on its side covers the cell with its other side.
-  const QSize need = turn & QImageIOHandler::TransformationRotate90 ? bound.transposed() : bound;
-  const tjscalingfactor scale = CoveringScale(width, height, need);
-  QImage out(TJSCALED(width, scale), TJSCALED(height, scale), QImage::Format_RGB32);
-  if (out.isNull()) return {};
-  if (tjDecompress2(tj.get(), bytes, size, out.bits(), out.width(), int(out.bytesPerLine()), out.height(), TJPF_BGRX,
-                    0) != 0 &&
-      tjGetErrorCode(tj.get()) == TJERR_FATAL)
-    return {};
-  // Mirror and flip first, then the quarter turn, as the toolkit's readers do.
-  if (turn & (QImageIOHandler::TransformationMirror | QImageIOHandler::TransformationFlip))
-    out = std::move(out).mirrored(turn & QImageIOHandler::TransformationMirror,
-                                  turn & QImageIOHandler::TransformationFlip);
-  if (turn & QImageIOHandler::TransformationRotate90) out = out.transformed(QTransform().rotate(90));
-  return out;
+  return Decode(Span(data), bound, ReadJpegHead(Span(data)).orientation);
+}
+
+QImage DecodeEmbeddedThumbnail(const QByteArray& head, QSize cell) {
+  const JpegHead picture = ReadJpegHead(Span(head));
+  if (picture.thumbnailLength == 0) return {};
+  const auto thumbnail = Span(head).subspan(picture.thumbnailAt, picture.thumbnailLength);
+  const PixelSize cellSize{cell.width(), cell.height()};
+  if (!ThumbnailServes(ReadJpegHead(thumbnail).size, picture.size, picture.orientation, cellSize)) return {};
+  return Decode(thumbnail, cell, picture.orientation);
 }
 
 }  // namespace cb

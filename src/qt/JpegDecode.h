@@ -13,6 +13,11 @@ namespace cb {
 // orientation. A null image when `data` is not a JPEG the decoder reads.
 QImage DecodeJpegCovering(const QByteArray& data, QSize bound);
 
+// The embedded EXIF thumbnail of the JPEG whose head is `head`, turned
+// upright, when it stands for the picture in a cell of `cell` (ThumbnailServes);
+// null otherwise.
+QImage DecodeEmbeddedThumbnail(const QByteArray& head, QSize cell);
+
 // True when `data` starts like a JPEG file.
 bool LooksLikeJpeg(const QByteArray& data);
 

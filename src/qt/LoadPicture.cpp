@@ -9,6 +9,13 @@
 #include "qt/JpegDecode.h"
 
 namespace cb {
+namespace {
+
+// The EXIF segment holds at most 64 KiB and comes first: a head of twice
+// that reaches the frame header of nearly every camera's file.
+constexpr qint64 kHeadBytes = 128 << 10;
+
+}  // namespace
 
 RtError PictureFileError(const QString& path) {
   const QFileInfo info(path);
@@ -16,6 +23,12 @@ RtError PictureFileError(const QString& path) {
   if (!info.exists()) return info.dir().exists() ? RtError::FileNotFound : RtError::PathNotFound;
   if (info.isDir() || !info.isReadable()) return RtError::PathFileAccess;
   return RtError::None;
+}
+
+QImage LoadEmbeddedThumbnail(const QString& path, QSize cell) {
+  QFile file(path);
+  if (!file.open(QIODevice::ReadOnly)) return {};
+  return DecodeEmbeddedThumbnail(file.read(kHeadBytes), cell);
 }
 
 RtError LoadPicture(const QString& path, QImage& out, QSize bound) {

@@ -14,6 +14,11 @@ namespace cb {
 // With a valid `bound` the decoder may reduce the picture to about that size.
 RtError LoadPicture(const QString& path, QImage& out, QSize bound = {});
 
+// The embedded EXIF thumbnail of the JPEG at `path`, turned upright, when it
+// stands for the picture in a cell of `cell`; null otherwise. Reads only the
+// head of the file, where cameras write it.
+QImage LoadEmbeddedThumbnail(const QString& path, QSize cell);
+
 // The failure that loading `path` meets before any decoding: None when the
 // file is there to be read.
 RtError PictureFileError(const QString& path);

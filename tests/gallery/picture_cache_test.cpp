@@ -2,15 +2,20 @@
 // and the desktop's thumbnails kept honest.
 #include <gtest/gtest.h>
 
+#include <QBuffer>
 #include <QCryptographicHash>
 #include <QDateTime>
 #include <QFile>
+#include <QMdiSubWindow>
 #include <QScrollBar>
 #include <QUrl>
+
+#include "qt/ExifThumbnail.h"
 
 #include "qt/GalleryPictures.h"
 #include "qt/Thumbnails.h"
 #include "support/GalleryFixture.h"
+#include "support/RowName.h"
 #include "support/TempDir.h"
 
 namespace cb {
@@ -34,6 +39,28 @@ void Touch(const QString& path, int seconds) {
   QFile f(path);
   ASSERT_TRUE(f.open(QIODevice::ReadWrite));
   ASSERT_TRUE(f.setFileTime(QDateTime::currentDateTime().addSecs(seconds), QFileDevice::FileModificationTime));
+}
+
+QByteArray Jpeg(QSize size, QColor colour) {
+  QImage picture(size, QImage::Format_RGB32);
+  picture.fill(colour);
+  QBuffer out;
+  out.open(QIODevice::WriteOnly);
+  picture.save(&out, "jpg", 95);
+  return out.data();
+}
+
+// Which of the two a JPEG's colour came from.
+const char* RedOrBlue(QColor c) { return c.red() > 200 && c.blue() < 60 ? "red" : c.blue() > 200 && c.red() < 60 ? "blue" : "other"; }
+
+// A red picture of `size` carrying, as cameras do, a blue 160x120 thumbnail.
+QString WriteCameraPicture(const std::string& path, QSize size, int orientation = 1) {
+  const QByteArray thumbnail = Jpeg({160, 120}, Qt::blue);
+  const QByteArray picture = Jpeg(size, Qt::red);
+  testing::WriteFile(path, picture.left(2).toStdString() +
+                               ExifSegment(orientation, {thumbnail.constData(), std::size_t(thumbnail.size())}) +
+                               picture.mid(2).toStdString());
+  return QString::fromStdString(path);
 }
 
 QColor Centre(const QImage& image) { return image.pixelColor(image.width() / 2, image.height() / 2); }
@@ -95,7 +122,63 @@ TEST_F(PictureCacheTest, HoldsPicturesButNotFailuresAndWritesThumbnails) {
   EXPECT_EQ(QFile::permissions(thumb) & (QFileDevice::ReadOther | QFileDevice::ReadGroup), 0);
 }
 
+struct CameraRow {
+  const char* name;
+  QSize picture;  // a size other than 4:3 leaves the thumbnail stale, as a crop does
+  int orientation;
+  QSize cell;
+  bool fromThumbnail, upright;
+};
+
+const CameraRow kCameraRows[] = {
+    {"small_cell", {800, 600}, 1, {80, 60}, true, false},
+    {"cell_as_large_as_the_thumbnail", {800, 600}, 1, {160, 120}, true, false},
+    {"cell_larger_than_the_thumbnail", {800, 600}, 1, {161, 120}, false, false},
+    {"cropped_picture_stale_thumbnail", {600, 600}, 1, {80, 60}, false, false},
+    {"turned_thumbnail", {800, 600}, 6, {60, 80}, true, true},
+    {"turned_decode", {800, 600}, 6, {300, 400}, false, true},
+};
+
+class CameraPictureTest : public PictureCacheTest, public ::testing::WithParamInterface<CameraRow> {};
+
+TEST_P(CameraPictureTest, ThumbnailOnlyWhereItServes) {
+  const CameraRow& row = GetParam();
+  GalleryPictures pictures(1 << 20, store);
+  const QString path = WriteCameraPicture(files / "camera.jpg", row.picture, row.orientation);
+  QImage out;
+  ASSERT_EQ(pictures.Get(path, out, {400, 400}, row.cell), RtError::None);
+  EXPECT_STREQ(RedOrBlue(Centre(out)), row.fromThumbnail ? "blue" : "red");
+  EXPECT_EQ(pictures.Decodes(), row.fromThumbnail ? 0 : 1);
+  EXPECT_EQ(out.height() > out.width(), row.upright) << out.width() << "x" << out.height();
+  EXPECT_TRUE(Covers(out.size(), row.cell));
+}
+
+INSTANTIATE_TEST_SUITE_P(Cells, CameraPictureTest, ::testing::ValuesIn(kCameraRows), testing::RowName());
+
 class GalleryCacheTest : public GalleryFixture {};
+
+// A cell first shown from the thumbnail keeps it while the window grows
+// within it, and takes the decode once the cell is larger.
+TEST_F(GalleryCacheTest, CellTakesTheDecodeOnlyWhenItOutgrowsTheThumbnail) {
+  Start(1);
+  WriteCameraPicture(app / "Gallery/p1.png", {1600, 1200});
+  Touch(QString::fromStdString(app / "Gallery/p1.png"), 10);
+  TheMDIMain().resize(1600, 1000);
+  TheMDIMain().RebuildGallery();
+  QWidget* frame = Gallery().parentWidget();
+  const int decodes = GalleryPictures::Instance().Decodes();
+  const auto cell = [&] { return Gallery().Image1(1)->size(); };
+  const QSize first = cell();
+  EXPECT_STREQ(RedOrBlue(Centre(Gallery().Image1(1)->Picture())), "blue");
+  frame->resize(frame->width() + 5 * (155 - first.width()), frame->height());
+  ASSERT_GT(cell().width(), first.width());
+  ASSERT_TRUE(Covers({160, 120}, cell())) << cell().width() << "x" << cell().height();
+  EXPECT_STREQ(RedOrBlue(Centre(Gallery().Image1(1)->Picture())), "blue");
+  frame->resize(1500, 900);
+  ASSERT_GT(cell().width(), 160);
+  EXPECT_STREQ(RedOrBlue(Centre(Gallery().Image1(1)->Picture())), "red");
+  EXPECT_EQ(GalleryPictures::Instance().Decodes(), decodes + 1);
+}
 
 // The load decodes the next column ahead; a step then finds it in memory,
 // yet a file deleted or replaced meanwhile is seen as it is now.
