@@ -19,9 +19,11 @@ std::string Trim(std::string_view s) {
   return std::string(s.substr(first, last - first + 1));
 }
 
-std::string RTrim(std::string_view s) {
+std::string RTrim(std::string_view s) { return std::string(RTrimView(s)); }
+
+std::string_view RTrimView(std::string_view s) {
   const auto last = s.find_last_not_of(' ');
-  return last == std::string_view::npos ? std::string() : std::string(s.substr(0, last + 1));
+  return last == std::string_view::npos ? std::string_view() : s.substr(0, last + 1);
 }
 
 std::string StripAtNul(std::string_view s) {
