@@ -179,7 +179,8 @@ void BM_ScrollStep(benchmark::State& state) {
     LoadFirstPage();
     cb::GalleryPictures::Instance().WaitForIdle();
     state.ResumeTiming();
-    cb::TheMDIMain().fGallery()->FlatScrollBar1->setValue(1);
+    QScrollBar* bar = cb::TheMDIMain().fGallery()->FlatScrollBar1;
+    bar->setValue(bar->minimum() + bar->singleStep());  // one column right of the fresh bar
     state.PauseTiming();
     const bool shifted = cb::Globals().MainController->CurrentlyActiveBase() == 4;
     state.ResumeTiming();
