@@ -1,7 +1,10 @@
 #include "base/Cp1252.h"
 
+#include "base/Words.h"
+
 #include <algorithm>
 #include <array>
+#include <cstddef>
 
 namespace cb {
 namespace {
@@ -65,11 +68,21 @@ std::string Cp1252ToUtf8(std::string_view bytes) {
   return out;
 }
 
+// ASCII, most of any text, goes a word at a time.
 char* Cp1252ToUtf8(std::string_view bytes, char* out) {
-  for (char b : bytes) {
-    const auto code = static_cast<unsigned char>(b);
+  using namespace words;
+  const char* in = bytes.data();
+  const char* const end = in + bytes.size();
+  while (in < end) {
+    if (end - in >= static_cast<std::ptrdiff_t>(kSize) && AllAscii(Load(in))) {
+      Store(out, Load(in));
+      in += kSize;
+      out += kSize;
+      continue;
+    }
+    const auto code = static_cast<unsigned char>(*in++);
     if (code < 0x80) {
-      *out++ = b;
+      *out++ = static_cast<char>(code);
       continue;
     }
     const Utf8Form& f = kHighUtf8[code - 0x80];

@@ -2,9 +2,9 @@
 
 #include <algorithm>
 #include <cstdint>
-#include <cstring>
 
 #include "base/Text.h"
+#include "base/Words.h"
 
 namespace cb {
 namespace {
@@ -17,30 +17,14 @@ bool Flip(char c, char& out) {
   return true;
 }
 
-// The word tricks below look at eight bytes at once; the byte order of the
-// load does not matter, since each works on every byte alike.
-constexpr std::uint64_t kOnes = 0x0101010101010101u;
-constexpr std::uint64_t kHighBits = 0x8080808080808080u;
-constexpr std::uint64_t kBlanks = kOnes * ' ';
-
-std::uint64_t Word(const char* p) {
-  std::uint64_t w;
-  std::memcpy(&w, p, sizeof w);
-  return w;
+// 256 - c in every byte of a word, without carries between them.
+std::uint64_t Complement(std::uint64_t w) {
+  using namespace words;
+  return ((~w & ~kHighBits) + kOnes) ^ (~w & kHighBits);
 }
 
-void PutWord(char* p, std::uint64_t w) { std::memcpy(p, &w, sizeof w); }
-
-bool HasZeroByte(std::uint64_t w) { return ((w - kOnes) & ~w & kHighBits) != 0; }
-
-// Whether a byte of `w` is a blank or a NUL: what unscrambling skips.
-bool HasPaddingByte(std::uint64_t w) { return HasZeroByte(w) || HasZeroByte(w ^ kBlanks); }
-
-// Whether every byte of `w` is a blank or a NUL.
-bool AllPadding(std::uint64_t w) { return (w & ~kBlanks) == 0; }
-
-// 256 - c in every byte, without carries between them.
-std::uint64_t Complement(std::uint64_t w) { return ((~w & ~kHighBits) + kOnes) ^ (~w & kHighBits); }
+// Whether no byte of `w` is a blank or a NUL, so that all of it unscrambles.
+bool AllText(std::uint64_t w) { return !words::HasByte(w, ' ') && !words::HasByte(w, '\0'); }
 
 }  // namespace
 
@@ -76,21 +60,29 @@ void ScrambleInPlace(std::span<char> field, bool trimFirst) {
   std::fill(field.begin() + static_cast<std::ptrdiff_t>(out), field.end(), ' ');
 }
 
-// Eight bytes at a time: a stored field is mostly its text, then padding.
+// A stored field is mostly its text, then blanks: both go a word at a time,
+// and blanks that stay where they are are not written again.
 void UnscrambleInPlace(std::span<char> field) {
+  using namespace words;
   const std::size_t size = field.size();
   char* const f = field.data();
   std::size_t i = 0;
-  for (; i + 8 <= size && !HasPaddingByte(Word(f + i)); i += 8) PutWord(f + i, Complement(Word(f + i)));
+  for (; i + kSize <= size && AllText(Load(f + i)); i += kSize) Store(f + i, Complement(Load(f + i)));
+  for (; i < size && f[i] != ' ' && f[i] != '\0'; ++i) f[i] = static_cast<char>(-f[i]);
   std::size_t out = i;
-  for (;;) {
-    for (; i + 8 <= size && AllPadding(Word(f + i)); i += 8) {
-    }
+  std::size_t dirty = i;  // the end of what is no blank yet, behind `out`
+  while (i < size) {
+    while (i + kSize <= size && Load(f + i) == Repeated(' ')) i += kSize;
+    // The last word, when blank, covers whatever is left.
+    if (size >= kSize && i + kSize > size && Load(f + size - kSize) == Repeated(' ')) break;
     if (i == size) break;
-    if (char c; f[i] != ' ' && Flip(f[i], c)) f[out++] = c;
+    if (f[i] != ' ') {
+      dirty = i + 1;
+      if (f[i] != '\0') f[out++] = static_cast<char>(-f[i]);
+    }
     ++i;
   }
-  std::fill(f + out, f + size, ' ');
+  if (dirty > out) std::fill(f + out, f + dirty, ' ');
 }
 
 }  // namespace cb

@@ -1,13 +1,24 @@
 #include "Csv.h"
 
+#include <cstdint>
+
 #include "base/Cp1252.h"
+#include "base/Words.h"
 
 namespace cb::sif {
 namespace {
 
+bool IsSpecial(char c) { return c == ',' || c == '"' || c == '\r' || c == '\n'; }
+
 bool NeedsQuotes(std::string_view f) {
-  for (char c : f)
-    if (c == ',' || c == '"' || c == '\r' || c == '\n') return true;
+  using namespace words;
+  std::size_t i = 0;
+  for (; i + kSize <= f.size(); i += kSize) {
+    const std::uint64_t w = Load(f.data() + i);
+    if (HasByte(w, ',') || HasByte(w, '"') || HasByte(w, '\r') || HasByte(w, '\n')) return true;
+  }
+  for (; i < f.size(); ++i)
+    if (IsSpecial(f[i])) return true;
   return !f.empty() && (f.front() == ' ' || f.back() == ' ');
 }
 
