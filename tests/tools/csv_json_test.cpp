@@ -24,6 +24,8 @@ const CsvCase kCsvCases[] = {
     {"quotes doubled", {{"Ring \"gold\""}}, "\"Ring \"\"gold\"\"\"\r\n"},
     {"line breaks kept as written", {{"two\r\nlines", "lf\nonly"}}, "\"two\r\nlines\",\"lf\nonly\"\r\n"},
     {"blanks at either end", {{" lead", "trail "}}, "\" lead\",\"trail \"\r\n"},
+    {"specials among the first eight bytes", {{"5\" screen wide", "1,500 dollars", "lf\nonly, more"}},
+     "\"5\"\" screen wide\",\"1,500 dollars\",\"lf\nonly, more\"\r\n"},
     {"beyond ASCII", {{"Caf\xE9 \x80" "5", "\x99\"\x80\""}}, "Café €5,\"™\"\"€\"\"\"\r\n"},
 };
 
