@@ -111,6 +111,7 @@ BENCHMARK(BM_LoadExportCsv)->Unit(benchmark::kMillisecond)->UseRealTime();
 // The console's table, then each benchmark's time as a multiple of the floor's.
 class RatioReporter : public benchmark::ConsoleReporter {
  public:
+  RatioReporter() : ConsoleReporter(OO_Tabular) {}  // no colours: the figures go into logs
   void ReportRuns(const std::vector<Run>& runs) override {
     for (const Run& r : runs)
       if (!r.error_occurred && r.run_type == Run::RT_Iteration) times_[r.benchmark_name()] = r.GetAdjustedRealTime();
