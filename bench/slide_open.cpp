@@ -20,7 +20,8 @@
 #include <fstream>
 #include <string>
 
-#include "../tests/support/LargeJpeg.h"
+#include "Smoke.h"
+#include "support/LargeJpeg.h"
 #include "frame/Forms.h"
 #include "frame/MDIMain.h"
 #include "gallery/frmGallery.h"
@@ -168,8 +169,8 @@ void BM_OpenSlide200MP(benchmark::State& state) {
   }
 }
 
-BENCHMARK(BM_OpenSlide48MP)->Unit(benchmark::kMillisecond)->UseRealTime()->MinTime(2.0);
-BENCHMARK(BM_OpenSlide48MPFloor)->Unit(benchmark::kMillisecond)->UseRealTime()->MinTime(2.0);
+BENCHMARK(BM_OpenSlide48MP)->Unit(benchmark::kMillisecond)->UseRealTime()->MinTime(cb::bench::MinTime(2.0));
+BENCHMARK(BM_OpenSlide48MPFloor)->Unit(benchmark::kMillisecond)->UseRealTime()->MinTime(cb::bench::MinTime(2.0));
 BENCHMARK(BM_OpenSlide200MP)->Unit(benchmark::kMillisecond)->UseRealTime()->Iterations(1);
 
 }  // namespace

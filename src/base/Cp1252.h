@@ -1,6 +1,7 @@
 #pragma once
 // Windows-1252, the code page of the data files, to and from UTF-8.
 
+#include <cstddef>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -9,6 +10,11 @@ namespace cb {
 
 // Every byte has a character; the five unassigned codes map to the C1 controls.
 std::string Cp1252ToUtf8(std::string_view bytes);
+
+// The same written at `out`, which has room for kMaxUtf8PerCp1252 bytes for
+// each of `bytes`; returns the end of what was written.
+inline constexpr std::size_t kMaxUtf8PerCp1252 = 3;
+char* Cp1252ToUtf8(std::string_view bytes, char* out);
 
 // The bytes of `utf8` in Windows-1252, or nothing when a character has none
 // there (or the text is no valid UTF-8). `bad` receives the offending code point.

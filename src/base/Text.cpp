@@ -1,5 +1,7 @@
 #include "base/Text.h"
 
+#include "base/Words.h"
+
 #include <cmath>
 #include <limits>
 
@@ -19,9 +21,15 @@ std::string Trim(std::string_view s) {
   return std::string(s.substr(first, last - first + 1));
 }
 
-std::string RTrim(std::string_view s) {
-  const auto last = s.find_last_not_of(' ');
-  return last == std::string_view::npos ? std::string() : std::string(s.substr(0, last + 1));
+std::string RTrim(std::string_view s) { return std::string(RTrimView(s)); }
+
+// A word at a time: fixed-width fields are mostly padding.
+std::string_view RTrimView(std::string_view s) {
+  using namespace words;
+  std::size_t n = s.size();
+  while (n >= kSize && Load(s.data() + n - kSize) == Repeated(' ')) n -= kSize;
+  while (n > 0 && s[n - 1] == ' ') --n;
+  return s.substr(0, n);
 }
 
 std::string StripAtNul(std::string_view s) {

@@ -20,6 +20,8 @@ bool SameName(std::string_view a, std::string_view b);
 // Removes blanks (32 only) from both ends; NULs and tabs stay.
 std::string Trim(std::string_view s);
 std::string RTrim(std::string_view s);
+// The same as a view into `s`.
+std::string_view RTrimView(std::string_view s);
 
 // The text up to, not including, its first NUL; the whole text without one.
 std::string StripAtNul(std::string_view s);

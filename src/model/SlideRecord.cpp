@@ -4,9 +4,11 @@
 
 namespace cb {
 
-std::string SlideRecord::Get(Field f) const {
+std::string SlideRecord::Get(Field f) const { return std::string(View(f)); }
+
+std::string_view SlideRecord::View(Field f) const {
   const auto& s = LayoutOf(f);
-  return std::string(bytes_.data() + s.offset, s.width);
+  return std::string_view(bytes_.data() + s.offset, s.width);
 }
 
 void SlideRecord::Set(Field f, std::string_view text) {

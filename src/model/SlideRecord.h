@@ -45,6 +45,8 @@ class SlideRecord {
 
   // The whole fixed-width field, padding included.
   std::string Get(Field f) const;
+  // The same without a copy.
+  std::string_view View(Field f) const;
   // Assigns as a fixed-length field does: cut to the width or padded with blanks.
   void Set(Field f, std::string_view text);
 

@@ -10,12 +10,15 @@ class MemoryFile final : public RecordFile {
   MemoryFile(std::string& bytes, std::size_t length) : bytes_(bytes), length_(length) {}
 
   RtError Get(long n, std::span<char> record) override {
-    std::fill(record.begin(), record.end(), '\0');
-    if (n < 1) return RtError::BadFileNameOrNumber;
+    if (n < 1) {
+      std::fill(record.begin(), record.end(), '\0');
+      return RtError::BadFileNameOrNumber;
+    }
     const std::size_t at = static_cast<std::size_t>(n - 1) * length_;
-    if (at >= bytes_.size()) return RtError::None;
-    const std::size_t count = std::min(record.size(), bytes_.size() - at);
-    std::copy_n(bytes_.begin() + static_cast<std::ptrdiff_t>(at), count, record.begin());
+    const std::size_t count = at >= bytes_.size() ? 0 : std::min(record.size(), bytes_.size() - at);
+    std::copy_n(bytes_.begin() + static_cast<std::ptrdiff_t>(std::min(at, bytes_.size())), count, record.begin());
+    // Past the end the record reads as NUL.
+    std::fill(record.begin() + static_cast<std::ptrdiff_t>(count), record.end(), '\0');
     return RtError::None;
   }
 

@@ -44,20 +44,26 @@ long long RandomFile::Size() {
 }
 
 RtError RandomFile::Get(long n, std::span<char> record) {
-  std::fill(record.begin(), record.end(), '\0');
-  if (fd_ < 0 || n < 1) return RtError::BadFileNameOrNumber;
+  if (fd_ < 0 || n < 1) {
+    std::fill(record.begin(), record.end(), '\0');
+    return RtError::BadFileNameOrNumber;
+  }
   const off_t at = static_cast<off_t>(n - 1) * static_cast<off_t>(length_);
   std::size_t done = 0;
+  RtError e = RtError::None;
   while (done < record.size()) {
     const ssize_t got = ::pread(fd_, record.data() + done, record.size() - done, at + static_cast<off_t>(done));
-    if (got == 0) break;  // end of file: the rest stays NUL
+    if (got == 0) break;  // end of file
     if (got < 0) {
       if (errno == EINTR) continue;
-      return FromErrno(errno);
+      e = FromErrno(errno);
+      break;
     }
     done += static_cast<std::size_t>(got);
   }
-  return RtError::None;
+  // What was not read reads as NUL.
+  std::fill(record.begin() + static_cast<std::ptrdiff_t>(done), record.end(), '\0');
+  return e;
 }
 
 RtError RandomFile::Put(long n, std::span<const char> record) {

@@ -6,6 +6,10 @@ namespace cb {
 namespace {
 
 constexpr std::string_view kSource = "DataAccess";
+// Records read in one call: 71 KB, well inside the cache.
+constexpr long kBlockRecords = 256;
+// A block of records is read as one run of bytes.
+static_assert(sizeof(SlideRecord) == kRecordLength);
 
 }  // namespace
 
@@ -41,17 +45,26 @@ Status ReadSif(RecordFile& file, SifRead& read) {
   // Never allocate from a count the loop could not reach.
   const long upper = h.NumberOfRecords.value;
   if (upper > kMaxRecords) return {RtError::Overflow, kSource};
+  const long last = std::min(upper, RecordsHeld(file.Size()));
+  read.Slides.reserve(static_cast<std::size_t>(upper) + 1);
+  // A block of records at a time, each decoded as it joins the slides: the
+  // bytes are read once and decoded while still in the cache.
+  SlideArray block(static_cast<std::size_t>(std::min(last, kBlockRecords)));
+  Status status;
+  for (long first = 1; first <= last; first += kBlockRecords) {
+    const auto count = static_cast<std::size_t>(std::min(kBlockRecords, last - first + 1));
+    const std::span<char> bytes(reinterpret_cast<char*>(block.data()), count * kRecordLength);
+    if (auto e = file.Get(first + 1, bytes); e != RtError::None) {
+      status = {e, kSource};
+      break;
+    }
+    for (std::size_t k = 0; k < count; ++k) DecodeSlide(read.Slides.emplace_back(block[k]));
+  }
   // Records past the end of the file read as NUL and all decode alike.
   SlideRecord empty;
   DecodeSlide(empty);
   read.Slides.resize(static_cast<std::size_t>(upper) + 1, empty);
-  const long last = std::min(upper, RecordsHeld(file.Size()));
-  for (long i = 1; i <= last; ++i) {
-    SlideRecord& r = read.Slides[static_cast<std::size_t>(i)];
-    if (auto e = file.Get(i + 1, r.bytes()); e != RtError::None) return {e, kSource};
-    DecodeSlide(r);
-  }
-  return {};
+  return status;
 }
 
 }  // namespace cb

@@ -1,5 +1,8 @@
 #include <gtest/gtest.h>
 
+#include <string>
+#include <vector>
+
 #include "storage/Scramble.h"
 
 #include "base/Text.h"
@@ -52,6 +55,30 @@ TEST(Scramble, UnscrambleSkipsPaddingAndNul) {
     std::string expected = plain;
     expected.resize(field.size(), ' ');
     EXPECT_EQ(field, expected);
+  }
+}
+
+
+// The in-place form takes eight bytes at a time where it can: every code, a
+// blank or NUL at every place in a run of text, and text at every place in a
+// run of padding come out as the text form gives them.
+TEST(UnscrambleInPlace, AgreesWithTheTextFormAtEveryPlace) {
+  std::string everyCode;
+  for (int c = 1; c < 256; ++c) everyCode += static_cast<char>(c);
+  std::vector<std::string> fields{everyCode};
+  for (std::size_t at = 0; at < 24; ++at)
+    for (char gap : {' ', '\0'}) {
+      std::string text = "ABCDEFGHIJKLMNOPQRSTUVWX", padding(24, gap);
+      text[at] = gap;
+      padding[at] = 'Q';
+      fields.insert(fields.end(), {text, padding});
+    }
+  for (const std::string& stored : fields) {
+    std::string field = stored;
+    UnscrambleInPlace(field);
+    std::string expected = UnscrambleField(stored);
+    expected.resize(stored.size(), ' ');
+    EXPECT_EQ(field, expected) << ::testing::PrintToString(stored);
   }
 }
 

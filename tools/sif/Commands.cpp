@@ -146,8 +146,7 @@ int RunExport(const QStringList& args, Io& io) {
   SifDocument doc;
   std::string message;
   if (!ReadSif(S(p.positionalArguments()[0]), doc, message)) return Fail(io, message);
-  const Inventory inv = ToInventory(doc);
-  return Emit(io, *format == Format::Json ? ExportJson(inv) : ExportCsv(inv), p.value(kOutput));
+  return Emit(io, *format == Format::Json ? ExportJson(ToInventory(doc)) : ExportCsv(doc), p.value(kOutput));
 }
 
 int RunImport(const QStringList& args, Io& io) {

@@ -1,23 +1,41 @@
 #include "Csv.h"
 
+#include <cstdint>
+
+#include "base/Cp1252.h"
+#include "base/Words.h"
+
 namespace cb::sif {
 namespace {
 
+bool IsSpecial(char c) { return c == ',' || c == '"' || c == '\r' || c == '\n'; }
+
 bool NeedsQuotes(std::string_view f) {
-  return f.find_first_of(",\"\r\n") != std::string_view::npos || (!f.empty() && (f.front() == ' ' || f.back() == ' '));
+  using namespace words;
+  std::size_t i = 0;
+  for (; i + kSize <= f.size(); i += kSize) {
+    const std::uint64_t w = Load(f.data() + i);
+    if (HasByte(w, ',') || HasByte(w, '"') || HasByte(w, '\r') || HasByte(w, '\n')) return true;
+  }
+  for (; i < f.size(); ++i)
+    if (IsSpecial(f[i])) return true;
+  return !f.empty() && (f.front() == ' ' || f.back() == ' ');
 }
 
-void AppendField(std::string& out, std::string_view f) {
-  if (!NeedsQuotes(f)) {
-    out += f;
-    return;
+// Writes one field at `out`; the characters that decide its quoting are
+// ASCII, the same in Windows-1252 and UTF-8.
+char* PutField(char* out, std::string_view f) {
+  if (!NeedsQuotes(f)) return Cp1252ToUtf8(f, out);
+  *out++ = '"';
+  for (auto quote = f.find('"'); quote != std::string_view::npos; quote = f.find('"')) {
+    out = Cp1252ToUtf8(f.substr(0, quote), out);
+    *out++ = '"';
+    *out++ = '"';
+    f.remove_prefix(quote + 1);
   }
-  out += '"';
-  for (char c : f) {
-    if (c == '"') out += '"';
-    out += c;
-  }
-  out += '"';
+  out = Cp1252ToUtf8(f, out);
+  *out++ = '"';
+  return out;
 }
 
 bool IsLineEnd(char c) { return c == '\r' || c == '\n'; }
@@ -30,16 +48,20 @@ void SkipLineEnd(std::string_view t, std::size_t& i) {
 
 }  // namespace
 
-std::string WriteCsv(const std::vector<CsvRow>& rows) {
-  std::string out;
-  for (const auto& row : rows) {
-    for (std::size_t c = 0; c < row.size(); ++c) {
-      if (c) out += ',';
-      AppendField(out, row[c]);
-    }
-    out += "\r\n";
+void AppendCsvRecord(std::string& out, std::span<const std::string_view> cp1252Fields) {
+  // Room for the worst case: every byte three in UTF-8, quotes, commas, CR LF.
+  std::size_t room = 2;
+  for (auto f : cp1252Fields) room += f.size() * kMaxUtf8PerCp1252 + 3;
+  const std::size_t at = out.size();
+  out.resize(at + room);
+  char* p = out.data() + at;
+  for (std::size_t c = 0; c < cp1252Fields.size(); ++c) {
+    if (c) *p++ = ',';
+    p = PutField(p, cp1252Fields[c]);
   }
-  return out;
+  *p++ = '\r';
+  *p++ = '\n';
+  out.resize(static_cast<std::size_t>(p - out.data()));
 }
 
 bool ParseCsv(std::string_view text, std::vector<CsvRow>& rows, std::string& message) {

@@ -1,6 +1,7 @@
 #pragma once
 // Comma-separated values after RFC 4180.
 
+#include <span>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -9,9 +10,10 @@ namespace cb::sif {
 
 using CsvRow = std::vector<std::string>;
 
-// Records end in CR LF. A field is quoted, with its quotes doubled, when it
-// holds a comma, quote, CR or LF, or begins or ends with a blank.
-std::string WriteCsv(const std::vector<CsvRow>& rows);
+// Appends one record of Windows-1252 fields to `out` in UTF-8, ending in
+// CR LF. A field is quoted, with its quotes doubled, when it holds a comma,
+// quote, CR or LF, or begins or ends with a blank.
+void AppendCsvRecord(std::string& out, std::span<const std::string_view> cp1252Fields);
 
 // Reads RFC 4180 text, also with LF or CR line ends and behind a UTF-8
 // byte-order mark. Empty lines are skipped; a quoted field keeps its line

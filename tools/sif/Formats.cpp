@@ -122,14 +122,18 @@ bool ReadSlide(const QJsonValue& v, const std::string& row, SlideRow& slide, std
 
 }  // namespace
 
-std::string ExportCsv(const Inventory& inv) {
-  std::vector<CsvRow> rows;
-  rows.reserve(inv.Slides.size() + 1);
-  CsvRow header;
-  for (const auto& f : kFields) header.emplace_back(f.name);
-  rows.push_back(std::move(header));
-  for (const auto& slide : inv.Slides) rows.emplace_back(slide.begin(), slide.end());
-  return WriteCsv(rows);
+// Straight from the records: no text of its own for any field.
+std::string ExportCsv(const SifDocument& doc) {
+  std::string out;
+  out.reserve(doc.Slides.size() * kRecordLength);  // enough for most; it grows beyond
+  std::array<std::string_view, kFields.size()> row;
+  for (std::size_t c = 0; c < row.size(); ++c) row[c] = kFields[c].name;
+  AppendCsvRecord(out, row);
+  for (std::size_t i = 1; i < doc.Slides.size(); ++i) {
+    for (std::size_t c = 0; c < row.size(); ++c) row[c] = RTrimView(doc.Slides[i].View(kFields[c].field));
+    AppendCsvRecord(out, row);
+  }
+  return out;
 }
 
 bool ImportCsv(std::string_view text, Inventory& inv, std::string& message) {

@@ -11,8 +11,9 @@ namespace cb::sif {
 
 enum class Format { Csv, Json };
 
-// A header row of the field names in record order, then one row per slide.
-std::string ExportCsv(const Inventory& inv);
+// A header row of the field names in record order, then one row per slide,
+// each field as text (see FieldToUtf8).
+std::string ExportCsv(const SifDocument& doc);
 
 // Reads slides from CSV whose first row names the columns: any of the nine
 // fields, in any order and letter case; a field without a column is empty.
