@@ -1,5 +1,4 @@
 #include <QMdiSubWindow>
-#include <QMenu>
 #include <QMenuBar>
 #include <QPushButton>
 #include <QScrollBar>
