@@ -4,7 +4,6 @@
 
 #include <QImage>
 
-
 namespace cb {
 namespace {
 

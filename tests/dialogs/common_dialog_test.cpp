@@ -3,7 +3,6 @@
 #include <QLineEdit>
 #include <QPushButton>
 #include <QTest>
-#include <QTimer>
 #include <functional>
 
 #include "dialogs/HelpRoutine.h"
@@ -12,6 +11,7 @@
 #include "state/modGlobal.h"
 #include "support/RowName.h"
 #include "support/TempDir.h"
+#include "support/WhenShown.h"
 
 namespace cb {
 namespace {
@@ -44,14 +44,9 @@ void Pick(QComboBox* box, int index) {
 
 // Runs `d` modally while `act` plays the user; returns exec()'s result.
 int RunModal(QDialog& d, std::function<void()> act) {
-  QTimer::singleShot(0, &d, [&d, act] {
-    EXPECT_TRUE(QTest::qWaitForWindowActive(&d));  // shortcuts reach the active window only
+  testing::WhenModal<QDialog>([act](QDialog* shown) {
+    EXPECT_TRUE(QTest::qWaitForWindowActive(shown));  // shortcuts reach the active window only
     act();
-  });
-  QTimer::singleShot(5000, &d, [&d] {
-    if (!d.isVisible()) return;
-    ADD_FAILURE() << "the dialog did not close";
-    d.done(-1);
   });
   return d.exec();
 }

@@ -10,9 +10,7 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QProgressBar>
-#include <QPushButton>
 #include <QRadioButton>
-#include <QStyleOption>
 #include <QTest>
 #include <QTextEdit>
 #include <QToolBar>

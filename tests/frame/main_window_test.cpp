@@ -2,7 +2,6 @@
 
 #include <QAction>
 #include <QLineEdit>
-#include <QListWidget>
 #include <QMdiSubWindow>
 #include <QMenu>
 #include <QMenuBar>
@@ -150,15 +149,12 @@ TEST_F(MainWindowTest, EmptyHistoryShowsTwoSeparatorsAndNoEntries) {
   EXPECT_FALSE(std::filesystem::exists(app / "fhistlst.dat"));
 }
 
-TEST_F(MainWindowTest, WallpaperNoteOpensAtTheLastPress) {
-  Globals().MouseX = 1500;
-  Globals().MouseY = 3000;
+TEST_F(MainWindowTest, WallpaperNoteTellsWhatTheWallpaperIs) {
   TheMDIMain().Item(MenuId::Popup2What)->trigger();
   auto* what = qobject_cast<dlgWhat*>(FindOpenForm("dlgWhat"));
   ASSERT_NE(what, nullptr);
   EXPECT_EQ(what->WhatText,
             "The wallpaper or background image.\nUse the 'Set Wallpaper' option to change the background.");
-  EXPECT_EQ(what->pos(), QPoint(100, 200));  // twips from the screen's corner at 96 dpi
   what->close();
 }
 

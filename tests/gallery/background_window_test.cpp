@@ -1,5 +1,4 @@
 #include <QCoreApplication>
-#include <QListWidget>
 #include <QMenu>
 #include <QPushButton>
 #include <QTest>
@@ -10,7 +9,6 @@
 #include "gallery/frmBackground.h"
 #include "support/GalleryFixture.h"
 #include "support/RowName.h"
-#include "support/WhenShown.h"
 
 namespace cb {
 namespace {

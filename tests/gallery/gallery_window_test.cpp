@@ -1,5 +1,4 @@
 #include <QMdiSubWindow>
-#include <QMenu>
 #include <QMenuBar>
 #include <QPushButton>
 #include <QScrollBar>
@@ -116,7 +115,7 @@ TEST_F(GalleryWindowTest, RightClickOnCellThreeOfThePageFromSixteenRemovesEighte
   EXPECT_EQ(Mc().CurrentlyActiveBase(), 1);  // a new gallery on the first page
 }
 
-// A slide window beside the gallery: names, menu bars, help pages and cascading each its own.
+// A slide window beside the gallery: names, menu bars, its help page and cascading each its own.
 TEST_F(GalleryWindowTest, SlideWindowBesideTheGallery) {
   Start(17);
   Globals().Slides[3].Set(Field::SlideText, "Television");
@@ -139,10 +138,6 @@ TEST_F(GalleryWindowTest, SlideWindowBesideTheGallery) {
   slide->setFocus();
   QTest::keyClick(slide, Qt::Key_F1);
   EXPECT_EQ(HelpPage(), "help009.htm");
-  TheMDIMain().MdiArea()->setActiveSubWindow(qobject_cast<QMdiSubWindow*>(Gallery().parentWidget()));
-  Gallery().setFocus();
-  QTest::keyClick(&Gallery(), Qt::Key_F1);
-  EXPECT_EQ(HelpPage(), "help011.htm");
 
   // Cascading keeps each child usable at its own size, not bare title bars.
   TheMDIMain().resize(1200, 900);

@@ -1,19 +1,15 @@
-#include <QApplication>
 #include <QLabel>
 #include <QListWidget>
 #include <QProgressBar>
 #include <QPushButton>
-#include <QTest>
 #include <QTimer>
 #include <functional>
 
 #include "dialogs/frmDirectory.h"
 #include "dialogs/frmLoading.h"
-#include "frame/Forms.h"
 #include "gallery/frmModifySlide.h"
 #include "qt/OpenForms.h"
 #include "support/GalleryFixture.h"
-#include "support/WhenShown.h"
 
 namespace cb {
 namespace {

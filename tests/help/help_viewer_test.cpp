@@ -1,12 +1,10 @@
 #include <gtest/gtest.h>
 
-#include <QAction>
 #include <QLineEdit>
 #include <QMdiSubWindow>
 #include <QPushButton>
 #include <QTest>
 #include <QTextBrowser>
-#include <QTextDocument>
 #include <functional>
 #include <memory>
 

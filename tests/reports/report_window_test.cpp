@@ -16,10 +16,8 @@
 #include <QTextBrowser>
 
 #include "dialogs/HelpRoutine.h"
-#include "dialogs/PagePrint.h"
 #include "help/frmHelp.h"
 #include "qt/OpenForms.h"
-#include "qt/StretchImage.h"
 #include "qt/SystemLocale.h"
 #include "reports/ReportBrowser.h"
 #include "reports/frmReport.h"

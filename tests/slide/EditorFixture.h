@@ -2,7 +2,6 @@
 // The main window on a small collection, with the slide editor opened the
 // way a user opens it: a click on a thumbnail, then the toolbar's Edit.
 
-#include <QAction>
 #include <QApplication>
 #include <QPointer>
 #include <QTest>

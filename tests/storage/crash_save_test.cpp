@@ -5,6 +5,7 @@
 #include "storage/DataAccess.h"
 #include "support/FaultEnv.h"
 #include "support/RowName.h"
+#include "support/SifFixture.h"
 
 namespace cb {
 namespace {
@@ -12,11 +13,7 @@ namespace {
 const std::string kPath = "/app/Files/big.sif";
 const SifSettings kSettings{0, "frame.jpg", "wall.jpg", 1, "Arial"};
 
-SlideArray Collection(char mark, int n) {
-  SlideArray s(static_cast<std::size_t>(n) + 1);
-  for (int i = 1; i <= n; ++i) s[static_cast<std::size_t>(i)].Set(Field::SlideText, std::string(90, mark) + std::to_string(i));
-  return s;
-}
+SlideArray Collection(char mark, int n) { return testing::Numbered(n, std::string(90, mark)); }
 
 struct Disk {
   const char* name;

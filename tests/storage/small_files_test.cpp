@@ -15,6 +15,7 @@
 namespace cb {
 namespace {
 
+using testing::Numbered;
 using testing::ReadFile;
 using testing::TempDir;
 using testing::WriteFile;
@@ -65,12 +66,6 @@ class Refusing : public Base {
   };
 };
 
-SlideArray Slides(int n, const std::string& text) {
-  SlideArray s(static_cast<std::size_t>(n) + 1);
-  for (int i = 1; i <= n; ++i) s[static_cast<std::size_t>(i)].Set(Field::SlideText, text + std::to_string(i));
-  return s;
-}
-
 const SifSettings kSettings{0, "frame.jpg", "wall.jpg", 2, "Arial"};
 
 // The slide file keeps the failure's own number; the small files tell a full
@@ -82,14 +77,14 @@ TEST(AtomicSave, AFailedStepLeavesTheOldFilesAndNothingBeside) {
     SCOPED_TRACE(step);
     TempDir dir;
     const std::string path = dir / "a.sif", page = dir / "Reports/Report1.htm";
-    ASSERT_TRUE(DataAccess().SaveSettings(path, kSettings, Slides(3, "old")).ok());
+    ASSERT_TRUE(DataAccess().SaveSettings(path, kSettings, Numbered(3, "old")).ok());
     const std::string before = ReadFile(path);
     WriteFile(page, "old page");
     WriteFile(dir / "fhistlst.dat", "old list");
     Refusing<DiskEnv> disk(step);
     DataAccess data(disk);
     ErrorArray errors;
-    EXPECT_FALSE(Report(data.SaveSettings(path, kSettings, Slides(50, "new")), errors));
+    EXPECT_FALSE(Report(data.SaveSettings(path, kSettings, Numbered(50, "new")), errors));
     EXPECT_EQ(errors[0], number);
     EXPECT_EQ(errors[1], "DataAccess");
     EXPECT_FALSE(Report(data.SaveReport(dir / "Reports/", page, "<html></html>"), errors));
@@ -112,7 +107,7 @@ TEST(AtomicSave, EqualsTheInPlaceWriteAndKeepsLinkAndMode) {
   ::chmod(real.c_str(), 0640);
   std::filesystem::create_symlink("real.sif", link);
 
-  const SlideArray slides = Slides(2, "s");
+  const SlideArray slides = Numbered(2, "s");
   MemoryEnv memory;
   memory.Files()["/m.sif"] = tail;
   ASSERT_TRUE(DataAccess(memory).SaveSettings("/m.sif", kSettings, slides).ok());

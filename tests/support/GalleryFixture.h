@@ -4,9 +4,7 @@
 
 #include <gtest/gtest.h>
 
-#include <QApplication>
 #include <QImage>
-#include <QTimer>
 
 #include "frame/Forms.h"
 #include "frame/MDIMain.h"

@@ -20,6 +20,13 @@ inline SlideRecord Slide(std::initializer_list<std::pair<Field, std::string>> fi
   return r;
 }
 
+// `n` slides behind an empty header, slide i's text being `text` followed by i.
+inline SlideArray Numbered(int n, const std::string& text) {
+  SlideArray s(static_cast<std::size_t>(n) + 1);
+  for (int i = 1; i <= n; ++i) s[static_cast<std::size_t>(i)].Set(Field::SlideText, text + std::to_string(i));
+  return s;
+}
+
 class SifFixture : public ::testing::Test {
  protected:
   SifFixture() { std::filesystem::create_directories(app / "Files"); }
