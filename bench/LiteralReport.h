@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // The summary report computed the slow, literal way: a search per slide for
 // the key lists, three nested loops (groups x entries x slides) for the

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The gallery's page fill with camera pictures, driven through the real
 // frmGallery offscreen on a 1920x1080 screen: a first visit with every cache
 // empty, with the gallery filling the screen and at its opening size (where

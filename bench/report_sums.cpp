@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The summary report's sums and page. The program makes them in one pass
 // over the slides; the peer is the literal triple loop (groups x entries x
 // slides) with a search per slide for the key lists, from the tests.

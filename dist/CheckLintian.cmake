@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: GPL-3.0-or-later
 # Builds the Debian package into OUT and fails on any error or warning that
 # lintian finds in it; informational tags pass.
 include(${CMAKE_CURRENT_LIST_DIR}/BuildDeb.cmake)

@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: GPL-3.0-or-later
 # Builds the Debian package into OUT and checks what apt will see: the
 # libraries found by dpkg-shlibdeps, the commands, the desktop's files.
 include(${CMAKE_CURRENT_LIST_DIR}/BuildDeb.cmake)

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Writes the program's icon into a hicolor tree: the scalable SVG and the
 // usual PNG sizes, all from the one table of shapes.
 

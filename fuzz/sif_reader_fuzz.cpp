@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Feeds arbitrary bytes to the Slide Information File load, held in memory:
 // every input must end in a load or a failure that names its error, never a
 // crash or an allocation from an unchecked count.

@@ -1,4 +1,5 @@
 #!/usr/bin/env bash
+# SPDX-License-Identifier: GPL-3.0-or-later
 # Installs what is missing from Debian's packages, then configures and builds
 # the program, its tests and benchmarks into build/ (the program in build/app).
 # Arguments are passed on to CMake's configure step.

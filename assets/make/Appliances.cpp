@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Kitchen and laundry appliances, and the tools of the garage.
 
 #include <QRadialGradient>

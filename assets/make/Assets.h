@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // The installation's pictures and template files. Each writer fills one
 // folder of the application directory and reports a failure on stderr.

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Dwellings that share walls: a row of terraces, townhouses, a duplex, a
 // block of units and an apartment building.
 

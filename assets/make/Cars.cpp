@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Cars on the yard, in side view with the front to the left. Each body is a
 // row of the table: its outline, its glass, its wheels and what it carries.
 

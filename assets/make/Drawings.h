@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // The sample gallery's drawings. Each paints a whole picture of
 // kPictureWidth by kPictureHeight on an antialiased painter.

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // Parts of the houses and flats of the sample gallery, all in front
 // elevation: walls, roofs, windows, doors and what grows and stands around.

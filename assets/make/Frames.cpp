@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The gallery's frames: mitred mouldings around a mat. The slide picture
 // covers the middle, so only the rails and a few pixels of mat show around
 // a slide; an empty cell shows the whole frame. The pixel size keeps the

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The sample gallery: the pictures that the template files name. They are
 // drawn on all cores; each picture is independent of the others.
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Furniture and the things of the lounge and dining room.
 
 #include <QLinearGradient>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Detached houses, each a row of a style table, drawn in front elevation on
 // its block; and the lookup from a picture's name to its drawing.
 

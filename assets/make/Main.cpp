@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // chattelbook-assets APPDIR DATADIR: draws the frames, wallpapers and sample
 // gallery into the application directory and writes the template files.
 // Run with QT_QPA_PLATFORM=offscreen; it needs no display.

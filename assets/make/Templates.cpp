@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The template files are written through the program's own storage code, so
 // their bytes are exactly what the program itself would save.
 

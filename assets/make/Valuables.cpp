@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Small valuables, the guitar and the bicycle.
 
 #include <QConicalGradient>

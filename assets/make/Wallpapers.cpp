@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The main window's wallpapers: quiet, even patterns that sit behind the
 // gallery without competing with its pictures. The main window repeats a
 // wallpaper from its top left to fill a large screen, so each one tiles

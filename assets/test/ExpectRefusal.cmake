@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: GPL-3.0-or-later
 # Runs the asset generator on a bad table and expects it to refuse: a
 # failing exit, the complaint on stderr, and nothing drawn or written.
 # -DGENERATOR=... -DDATA=... -DWORK=... -DCOMPLAINT=<regex>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The installation's template files, read back through the program's own
 // loader, and the pictures they and the chooser windows depend on.
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // Drawing helpers shared by the installation's pictures: seeded noise and
 // textures, shading, rounded outlines and the backdrops things stand on.

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // The program's icon: a framed picture with a price tag, kept as a table of
 // flat shapes so that the window icon, the PNG sizes and the scalable SVG

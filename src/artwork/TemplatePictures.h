@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // The small pictures beside the three slide templates in the template
 // dialog, drawn in code: a house behind a padlock (Home Security), a house

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // The pictures of the main window's and the viewers' toolbars, drawn in code at whatever size is asked.
 

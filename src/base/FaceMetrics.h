@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // Faces that the program's notes and pages name and that a free system does
 // not ship, with their advance widths, so that an installed face can be

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // The rules of what the open and save dialog lists: files by wildcard
 // pattern, folders of a directory list, and the roots that stand in for

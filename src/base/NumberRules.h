@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // How report pages read and print numbers. A Value field is free text:
 // LeadingNumber reads what it can from its front, NumberText and AmountText

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // The run-time errors the program reacts to, with the numbers and
 // descriptions users see in messages and in an error array.

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // The one shape of a failure in the core: the run-time error and where it
 // was raised. Every core operation that can fail returns one; a window or

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // Small text rules shared across the program. Text is single-byte
 // Windows-1252 held in std::string; "blank" means the character 32 only.

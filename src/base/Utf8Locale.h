@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // File names are UTF-8 bytes to Qt and to the pictures' records, whatever the
 // environment says. Under a C locale (no LANG: cron, systemd units, many

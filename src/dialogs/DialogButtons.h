@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // The OK, Cancel and Help buttons that the small dialogs share.
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // The help conventions shared by every window: F1, the Help buttons and the
 // Help menu items open the help viewer on the page the window help table

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // Printing a viewer's page: the print dialog, which on Linux also prints to
 // a PDF file, then the document laid out on the printer's pages.

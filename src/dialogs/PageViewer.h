@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // The frame of both page viewers, help and reports: a toolbar of captioned
 // buttons over a browser that fills the rest of the window.

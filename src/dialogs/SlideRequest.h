@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // What the gallery asks of the slide window, by way of the frame: open it on
 // a picture, or bring the open one to it.

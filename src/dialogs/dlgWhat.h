@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // A borderless what's-this note, placed from the screen's top left corner
 // at the caller's twips. A click on it, a click anywhere else, or the note

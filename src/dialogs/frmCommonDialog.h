@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // The program's own open and save dialog. A caller sets DialogTitle, then
 // Dir1's path (the first touch, which loads the dialog), the file list's

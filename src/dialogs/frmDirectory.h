@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // The modal folder chooser of the collection editor. It is one instance for
 // the whole run: after OK it stays loaded and hidden, so the next use opens

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // The default instances of the windows, created on first reference, and the
 // search of the open forms by name.

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // The frame window: a multiple-document parent whose children are the
 // gallery, slide windows, reports and help. Its background is the wallpaper.

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // What dresses the program: the frame behind every gallery slide and the
 // wallpaper behind the main window's children.
 #include <QImage>

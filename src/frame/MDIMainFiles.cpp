@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // New, Open, Save As and the history entries: ask for a file, point the settings at it, read or
 // write it, and build the gallery afresh.
 #include <QComboBox>

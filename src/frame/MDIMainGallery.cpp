@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The main window around its gallery: building it, its menu bar standing in
 // for the main one, its slide windows, and the toolbar as its children set it.
 #include <QAction>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The main window's reports: the chooser behind the Report button, and the
 // viewer it makes, whose slide links come up through the gallery.
 #include <QMdiSubWindow>

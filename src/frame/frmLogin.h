@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // The password dialog: "Login" asks for the password at start-up, "Set
 // Password" stores a new one. The caller reads LoginAccepted or PasswordSet.

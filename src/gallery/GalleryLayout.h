@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // The gallery's grid: five columns by three rows of cells, each a slide image
 // over a frame image. Image1(1..15) are the slide images, Image1(16..30)

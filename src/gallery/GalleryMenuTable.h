@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // The gallery's own menu bar, which stands in for the main window's while
 // the gallery is active, its four popups, and its what's-this notes.

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // What one change of the gallery's scroll bar does to the window over the
 // records. The bar does not scroll pixels: its value V is compared with L,

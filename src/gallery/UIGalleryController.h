@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // The logic behind the gallery window: removing the slide of a cell and
 // scaling a what's-this position, through a UIGlobalController of its own.

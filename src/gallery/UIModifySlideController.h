@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // The logic behind the collection editor: the table of changes the user
 // builds by moving names between the directory's pictures and the

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // The frame chooser: the first fifteen frames of the graphics directory as
 // samples in the gallery's grid. A click on one chooses it; losing the

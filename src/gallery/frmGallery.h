@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // The gallery: the open collection as a five-by-three grid of framed
 // pictures, scrolled sideways by one column. It never holds more than

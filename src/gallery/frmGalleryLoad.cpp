@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The gallery's load: frames first, then up to fifteen slides with the
 // missing-file protocol, tool tips, empty cells, the bar and the status text.
 #include <QLabel>

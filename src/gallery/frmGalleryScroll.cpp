@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The gallery's scroll bar: each change re-decides the records on show and
 // reloads the fifteen slide cells; frames are never touched.
 #include <QLabel>

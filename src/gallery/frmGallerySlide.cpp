@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Opening slides from the gallery: a click on a cell, or a report's link.
 #include <QCursor>
 #include <QMenu>

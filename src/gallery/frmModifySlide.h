@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // The collection editor: the pictures of one folder on the left, the slides
 // of the collection on the right. Moving names only records changes; OK

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The pages that guide a newcomer: contents, quick start, passwords,
 // support and what the program needs.
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // The pieces every help page is made of, and the bodies of the pages. A
 // body is the text between the banner of WritePageHeader and the footer.

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // The help viewer's rules without a screen: its toolbar, its history of
 // pages behind Previous and Next, the page it shows for a missing file and

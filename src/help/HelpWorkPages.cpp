@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The pages about the work itself: files, details, reports, templates.
 
 #include "help/HelpText.h"

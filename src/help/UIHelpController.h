@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // Writes the program's help pages into the Help directory beside the
 // program. Start-up runs it on a first use; the help viewer shows the pages.

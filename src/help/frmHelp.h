@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // The help viewer: one generated help page in a browser, with Print,
 // Previous and Next. Callers set HelpPage and show it (see OpenHelp); the

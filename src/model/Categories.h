@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // The category and location lists. No table of them is stored anywhere: a
 // list is the set of values the slides hold at the moment of the call.

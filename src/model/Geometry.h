@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // Rectangles in twips and the cells of the gallery's grid: what the gallery,
 // the slide window and the what's-this notes share.

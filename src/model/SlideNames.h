@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // How the gallery and the slide window name a slide: its picture file, its
 // caption, its tool tip and what a screen reader calls it.

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // One record of a Slide Information File: nine fixed-width text fields,
 // 278 bytes. Record 0 of a collection is the file header, 1..n the slides.

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // The three slide templates (1 Home Security, 2 Real Estate, 3 Car Yard):
 // one record layout, read under three sets of meanings. A template gives the

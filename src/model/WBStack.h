@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // The page history of the report and help viewers, behind their Previous
 // and Next buttons.

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // Which help page each window opens on F1 and on its Help button and menu
 // items, and whether asking for help closes the window first.

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // Holds a window's drawing while its elements change, so it repaints once;
 // released on every way out of the scope.

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // The gallery's decoded pictures, kept between pages: a bounded memory cache
 // in front of the picture's own embedded thumbnail (where it serves the cell),

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // JPEG decoding straight to a reduced scale through libjpeg-turbo's own API:
 // the decoder skips the detail a cell cannot show, which is most of the work.

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // Fonts for faces that the notes and pages name but this system may lack.
 // A missing face is not left to the font system's first guess, which may be

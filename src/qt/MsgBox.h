@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // The program's one message box: text, style and title in, the button out.
 // Tests answer it through a hook instead of a modal loop.

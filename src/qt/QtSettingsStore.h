@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // The settings store of the program: QSettings under the program's title.
 // Both settings are paths, kept in the file system's own encoding.

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // An image element that stretches its picture to whatever size it is given,
 // and reports a press as mouse-down, then mouse-up followed by click. The

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // The report pages' share of the user's locale: thousands separator, decimal
 // point, currency symbol and the general date, in the files' code page. The

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // The desktop's shared thumbnail cache (freedesktop Thumbnail Managing
 // Standard): PNG files under $XDG_CACHE_HOME/thumbnails/<size>/ named by the

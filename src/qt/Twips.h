@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // Window measures are kept in twips (1440 an inch) and turned into pixels
 // at the widget with the screen's logical DPI.

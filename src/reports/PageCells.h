@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // The table cells of the report pages. The summary and the sub-report write
 // their cells a little differently (quotes around values, the order of tags);

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // The embedded browser of the report viewer. Links never navigate by
 // themselves: a followed link, by mouse or by keyboard (Tab to it, Enter),

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // The report pages as text, made from the slides alone: nothing is written
 // here. The program's report controller and the command-line companion save

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // The report files written since the last summary report. It numbers the
 // files of the drill-down: "Report1.htm", then "Report 2.htm", "Report 3.htm".

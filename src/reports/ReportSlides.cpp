@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The links of the pages: from a summary to a sub-report, from a sub-report
 // to the slide.
 #include "reports/UIReportController.h"

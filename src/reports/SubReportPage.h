@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // The page of a sub-report: the slides of one category or one location,
 // each with a link that the report viewer turns into the slide.

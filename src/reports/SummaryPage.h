@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // The page of a summary report: Value totalled by group and entry, with a
 // link on each group that the report viewer turns into a sub-report.

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // Writes the report pages of the open Slide Information File into the
 // Reports directory beside the program: a summary by category or by

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // The summed values of a summary report: one text per (group key, entry
 // key) pair, both counted from 1 as in the key lists.

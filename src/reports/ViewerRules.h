@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // What the report viewer reads from a page: the meaning of a link by the
 // title of the page that holds it, the key behind its "?", and the rows

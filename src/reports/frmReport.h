@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // The report viewer: a child of the main window that shows the report
 // pages and follows their links, from the summary to a sub-report and from

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // The report chooser behind the main toolbar's Report: the kind of report
 // and, behind "Font >>", the font of its pages. OK accepts the choice, which

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // What the slide editor reads from a slide when it opens and what its OK
 // writes back. Text is Windows-1252; the cut to each field's width happens

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // The logic behind the slide window: scaling a what's-this position. The
 // window asks with index 0, which leaves the position as it is.

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // The slide window's picture element: where it stands and how large it is,
 // in twips, held in single precision as the element holds them. A click

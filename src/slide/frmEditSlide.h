@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // The slide editor: the one place where a slide's details are typed in. One
 // class serves the three templates; the template table gives each its

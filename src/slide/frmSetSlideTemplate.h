@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // The template chooser. A template cannot be changed for an existing
 // gallery: its OK always goes on to the New File command, which starts a

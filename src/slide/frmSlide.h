@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // One slide's picture as large as the main window's client area, zoomed
 // about the clicked point by a fixed step.

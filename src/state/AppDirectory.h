@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // Which directory the program works in. Run from where it was built (or any
 // folder the user may write), that is the executable's own directory. An

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // The main window's tables and rules: its menus, its toolbar, which buttons
 // are live after each event, the tiling, the arrangement cycle and the file

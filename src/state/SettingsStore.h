@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // The per-user key-value store of the program's two settings, addressed by
 // section and key. The program uses QSettings; tests use MemorySettings.

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // What start-up does with a failure of one of its steps: the step is passed
 // over in every case, and some failures are told to the user.

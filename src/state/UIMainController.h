@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // The application's state: the open Slide Information File, the position of
 // the gallery, the fixed sizes of its cells and the directory rules of the

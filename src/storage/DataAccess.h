@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // The only class that touches the data files. It knows nothing of the
 // program: callers hand it the paths and the header's settings as values.

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // The real file system behind Env::Default(); tests derive from it to put a
 // failure at one step.

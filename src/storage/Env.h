@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // The core's one way to the file system. Loads, saves, listings and copies
 // go through an Env, so tests and the fuzz target can put bytes in memory, or

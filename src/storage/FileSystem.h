@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // Directory look-ups with the rules of the platform the files come from:
 // names compare case-insensitively when searched for.

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // The file and folder lists the program shows, read through an Env; the
 // windows read the disk with Env::Default(). Matching and order follow

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // A file of fixed-length records on disk, opened for random access: never
 // truncated. Records are numbered from 1.

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // The per-character scrambling of the data files: code c becomes 256 - c,
 // so it is its own inverse. On disk, blank is byte 224 and byte 32 is padding.

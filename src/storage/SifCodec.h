@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // The coding of Slide Information File records as a load and a save perform
 // it, record by record, apart from where the file comes from. DataAccess and

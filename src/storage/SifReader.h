@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // The load rules of a Slide Information File, once for the program's load,
 // the command-line companion and the fuzz target: what the header's count

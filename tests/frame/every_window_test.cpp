@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Every window of the program, opened offscreen at the program's fonts: no
 // caption is cut off by its control, and every control has a name a screen
 // reader can announce. A new window joins by adding one row to kWindows.

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The gallery's picture cache: memory bound, files changed or gone behind it,
 // and the desktop's thumbnails kept honest.
 #include <gtest/gtest.h>

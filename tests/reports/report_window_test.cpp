@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The report windows driven as a user drives them: the toolbar's Report and
 // the chooser, the links of the pages by mouse and keyboard, Previous and
 // Next, Print, F1; and the locale the pages are written in.

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // What the viewer reads from a page: link keys, link meanings by page
 // title, the rows it opens for display, the fonts it falls back to; its history.
 

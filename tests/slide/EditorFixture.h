@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // The main window on a small collection, with the slide editor opened the
 // way a user opens it: a click on a thumbnail, then the toolbar's Edit.

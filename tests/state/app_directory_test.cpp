@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Where the program works: its own directory from a build tree, the user's
 // data directory, seeded once from the shipped tree, when installed.
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // A save that loses power at any step leaves the file whole, the old
 // collection or the new one, and the new one once the save has returned.
 #include <gtest/gtest.h>

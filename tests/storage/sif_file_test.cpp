@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The slide information file: what a save writes byte for byte, and what a
 // load makes of whole, cut, damaged and unreadable files.
 #include <gtest/gtest.h>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Saves replace their file in one step, so a failed step leaves the old file
 // byte for byte; and the small files: password, history and report pages.
 #include <gtest/gtest.h>

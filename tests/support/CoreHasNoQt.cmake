@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: GPL-3.0-or-later
 # Fails when a file of the core library, or the header beside it, includes a
 # Qt header. The build already refuses it (no Qt include path); this names the file.
 file(STRINGS ${LIST} sources)

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // A file system in memory that can lose power. It keeps apart what a program
 // has written and what has reached the disk: a file's bytes last only once

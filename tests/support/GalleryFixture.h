@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // A temporary installation holding one collection of small pictures, with
 // the main window and its gallery started on it offscreen.

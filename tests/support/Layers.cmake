@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: GPL-3.0-or-later
 # Every #include under src/ and tools/ runs down the layer table of
 # doc/architecture.md, or stays in its own folder. Folders on one row are
 # peers and never include one another. Fails naming the file and line.

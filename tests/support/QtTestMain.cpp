@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Runs GoogleTest inside a QApplication, offscreen unless the environment names a
 // platform, with a cache folder of its own.
 #include <gtest/gtest.h>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // Names each row of a parameterised suite by its `name` member, so ctest
 // lists "Rows/EmptyValue" rather than "Rows/3".

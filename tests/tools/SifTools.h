@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // Shared by the companion's tests: a scratch directory, files the program's
 // own code writes, and the companion run in-process or as a process.

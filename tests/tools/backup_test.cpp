@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // backup and restore: a round trip gives back every file byte for byte, and
 // an archive that is damaged, does not match its manifest or names a place
 // outside the application directory is refused before anything is written.

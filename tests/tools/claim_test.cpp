@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The claim pack: its figures agree with the program's own reports, and the
 // PDF carries every slide as text and one picture for each picture found.
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The program as users run it: exit statuses, what goes to which stream,
 // what is left on the disk, and the listing of show.
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The two interchange formats: export then import gives back the file the
 // program wrote, and what a file cannot hold, or malformed input, is refused
 // with a message that finds the spot and nothing is written.

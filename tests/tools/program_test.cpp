@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The companion against the program's own code: reading a file gives what
 // the program's load gives, check names each fault that load would meet, and
 // report hands back the page the program's report generator writes.

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // chattelbook-sif backup and restore: a Slide Information File with every
 // picture it names, its frame and its wallpaper, in one tar.gz with a

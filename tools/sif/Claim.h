@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // chattelbook-sif claim: the insurance claim pack of a Slide Information File.
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // What an insurance claim pack says, as text: the cover's facts, the totals
 // by group and each slide's block. The PDF writer only lays it out.

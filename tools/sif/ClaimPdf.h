@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // The claim pack as a PDF: real text, each picture scaled down and stored
 // as JPEG. Needs a QGuiApplication (fonts).

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // What a command of chattelbook-sif writes to: its two streams and the usage
 // text shown with a usage error.

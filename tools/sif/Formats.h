@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // The two interchange formats of an inventory: CSV (the slides only, under a
 // header row of the nine field names) and JSON (the settings and the slides).

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // The contents of a Slide Information File as UTF-8 text, the form in which
 // they leave and enter the tool: what export writes and import reads.

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // The manifest of a backup: each file's SHA-256 in the form `sha256sum -c`
 // checks, and the files that were missing when the backup was made.

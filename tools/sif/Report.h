@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // The report pages of a Slide Information File, made by the program's own
 // page functions and handed back as bytes.

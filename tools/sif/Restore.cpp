@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #include <archive.h>
 #include <archive_entry.h>
 #include <fcntl.h>

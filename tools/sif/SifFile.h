@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // A Slide Information File read from the path the user names, and written
 // as a new file the way the program writes one.

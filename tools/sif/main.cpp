@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // chattelbook-sif: what users do with their Slide Information Files outside
 // the program, from a terminal.
 
