@@ -63,15 +63,17 @@ QImage Decode(std::span<const std::uint8_t> jpeg, QSize bound, int orientation) 
                     TJPF_BGRX, 0) != 0 &&
       tjGetErrorCode(tj.get()) == TJERR_FATAL)
     return {};
-  // Mirror and flip first, then the quarter turn, as the toolkit's readers do.
-  if (turn & (QImageIOHandler::TransformationMirror | QImageIOHandler::TransformationFlip))
-    out = std::move(out).mirrored(turn & QImageIOHandler::TransformationMirror,
-                                  turn & QImageIOHandler::TransformationFlip);
-  if (turn & QImageIOHandler::TransformationRotate90) out = out.transformed(QTransform().rotate(90));
-  return out;
+  return TurnedUpright(std::move(out), turn & QImageIOHandler::TransformationMirror,
+                      turn & QImageIOHandler::TransformationFlip, turn & QImageIOHandler::TransformationRotate90);
 }
 
 }  // namespace
+
+QImage TurnedUpright(QImage image, bool mirror, bool flip, bool rotate90) {
+  if (mirror || flip) image = std::move(image).mirrored(mirror, flip);
+  if (rotate90) image = image.transformed(QTransform().rotate(90));
+  return image;
+}
 
 bool LooksLikeJpeg(const QByteArray& data) {
   return data.size() > 3 && uchar(data[0]) == 0xFF && uchar(data[1]) == 0xD8 && uchar(data[2]) == 0xFF;

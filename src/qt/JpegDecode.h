@@ -19,6 +19,10 @@ QImage DecodeJpegCovering(const QByteArray& data, QSize bound);
 // null otherwise.
 QImage DecodeEmbeddedThumbnail(const QByteArray& head, QSize cell);
 
+// `image` turned upright by a picture's orientation: mirror and flip first,
+// then the quarter turn, as the toolkit's readers do.
+QImage TurnedUpright(QImage image, bool mirror, bool flip, bool rotate90);
+
 // True when `data` starts like a JPEG file.
 bool LooksLikeJpeg(const QByteArray& data);
 

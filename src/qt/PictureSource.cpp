@@ -12,6 +12,7 @@
 #include <jpeglib.h>
 // clang-format on
 
+#include "qt/JpegDecode.h"
 #include "qt/LoadPicture.h"
 
 namespace cb {
@@ -86,9 +87,7 @@ bool ReadRegion(JpegFile& j, int eighths, const PixelBox& box, QImage& out, Pixe
 
 bool StartsLikeJpeg(const QString& path) {
   QFile f(path);
-  if (!f.open(QIODevice::ReadOnly)) return false;
-  const QByteArray head = f.read(3);
-  return head.size() == 3 && uchar(head[0]) == 0xFF && uchar(head[1]) == 0xD8 && uchar(head[2]) == 0xFF;
+  return f.open(QIODevice::ReadOnly) && LooksLikeJpeg(f.read(4));
 }
 
 Orientation OrientationOf(QImageIOHandler::Transformations t) {
@@ -148,9 +147,7 @@ PictureSource::Decoded PictureSource::Decode(const DecodePlan& plan) const {
   PixelBox got;
   QImage image = DecodeStored(plan.eighths, box, got);
   if (image.isNull()) return {};
-  // Mirror and flip first, then the quarter turn, as the toolkit's readers do.
-  if (turn_.mirror || turn_.flip) image = std::move(image).mirrored(turn_.mirror, turn_.flip);
-  if (turn_.rotate90) image = image.transformed(QTransform().rotate(90));
+  image = TurnedUpright(std::move(image), turn_.mirror, turn_.flip, turn_.rotate90);
   return {std::move(image), {plan.eighths, UprightBox(got, stored_.width(), stored_.height(), turn_)}};
 }
 
