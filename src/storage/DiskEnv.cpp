@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "storage/DiskEnv.h"
 
+#include <dirent.h>
 #include <fcntl.h>
 #include <sys/stat.h>
 #include <unistd.h>
@@ -10,6 +11,7 @@
 #include <cstdio>
 #include <filesystem>
 #include <system_error>
+#include <tuple>
 
 #include "storage/FileSystem.h"
 #include "storage/RandomFile.h"
@@ -126,9 +128,32 @@ RtError DiskEnv::NewFileBeside(const std::string& target, unsigned newMode, std:
     ::unlink(temp.c_str());
     return FromErrno(err);
   }
+  RemoveStaleTemps(target, temp);
   name = std::move(temp);
   file = std::make_unique<DiskFile>(fd);
   return RtError::None;
+}
+
+void RemoveStaleTemps(const std::string& target, const std::string& fresh) {
+  struct stat own {};
+  if (::stat(fresh.c_str(), &own) != 0) return;
+  const auto slash = target.rfind('/');
+  const std::string dir = slash == std::string::npos ? "" : target.substr(0, slash + 1);
+  const std::string prefix = "." + target.substr(dir.size()) + ".";
+  DIR* d = ::opendir(dir.empty() ? "." : dir.c_str());
+  if (!d) return;
+  while (const dirent* e = ::readdir(d)) {
+    const std::string name = e->d_name;
+    if (name.size() != prefix.size() + 6 || !name.starts_with(prefix)) continue;
+    const std::string path = dir + name;
+    struct stat st {};
+    // Only our own files, made before this save began: a save under way now is left alone.
+    if (::lstat(path.c_str(), &st) != 0 || !S_ISREG(st.st_mode) || st.st_uid != own.st_uid || st.st_ino == own.st_ino)
+      continue;
+    if (std::tie(st.st_mtim.tv_sec, st.st_mtim.tv_nsec) < std::tie(own.st_mtim.tv_sec, own.st_mtim.tv_nsec))
+      ::unlink(path.c_str());
+  }
+  ::closedir(d);
 }
 
 RtError DiskEnv::Rename(const std::string& from, const std::string& to) {

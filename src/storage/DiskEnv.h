@@ -29,4 +29,8 @@ class DiskEnv : public Env {
   void RemoveTree(const std::string& path) override;
 };
 
+// Removes what killed saves of `target` left beside it: files of the
+// pattern `fresh` was made by (".NAME.XXXXXX"), ours and older than `fresh`.
+void RemoveStaleTemps(const std::string& target, const std::string& fresh);
+
 }  // namespace cb

@@ -19,6 +19,7 @@
 #include "SifFile.h"
 #include "base/Cp1252.h"
 #include "base/Text.h"
+#include "storage/DiskEnv.h"
 
 namespace cb::sif {
 namespace {
@@ -75,6 +76,7 @@ class ArchiveOut {
     temp_ = (dir / ("." + target.filename().string() + ".XXXXXX")).string();
     fd_ = ::mkstemp(temp_.data());
     if (fd_ < 0) return;
+    RemoveStaleTemps(path, temp_);
     const mode_t mask = ::umask(0);
     ::umask(mask);
     ::fchmod(fd_, 0666 & ~mask);

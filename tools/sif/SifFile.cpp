@@ -10,6 +10,8 @@
 #include <filesystem>
 #include <memory>
 
+#include "storage/DiskEnv.h"
+
 namespace cb::sif {
 namespace {
 
@@ -25,6 +27,7 @@ std::string MakeTempBeside(const std::string& path, std::string& message) {
     message = Errno(path);
     return {};
   }
+  RemoveStaleTemps(path, name);
   const mode_t mask = ::umask(0);
   ::umask(mask);
   ::fchmod(fd, 0666 & ~mask);
