@@ -21,6 +21,9 @@ namespace {
 
 namespace fs = std::filesystem;
 
+// Marks a save's private file, so that what a killed save left is told from the user's own files.
+constexpr char kTempMark[] = ".save-";
+
 std::string DirectoryOf(const std::string& path) {
   const auto slash = path.rfind('/');
   return slash == std::string::npos ? "." : path.substr(0, slash + 1);
@@ -117,9 +120,7 @@ RtError DiskEnv::NewFileBeside(const std::string& target, unsigned newMode, std:
     ::umask(mask);
     mode = static_cast<mode_t>(newMode) & ~mask;
   }
-  const auto slash = target.rfind('/');
-  std::string temp = DirectoryOf(target) + "." + target.substr(slash == std::string::npos ? 0 : slash + 1) +
-                     ".XXXXXX";
+  std::string temp = TempTemplateBeside(target);
   const int fd = ::mkstemp(temp.data());
   if (fd < 0) return CreateError(errno);
   if (::fchmod(fd, mode) != 0) {
@@ -134,12 +135,17 @@ RtError DiskEnv::NewFileBeside(const std::string& target, unsigned newMode, std:
   return RtError::None;
 }
 
+std::string TempTemplateBeside(const std::string& target) {
+  const auto at = target.rfind('/') + 1;  // 0 without a folder
+  return target.substr(0, at) + "." + target.substr(at) + kTempMark + "XXXXXX";
+}
+
 void RemoveStaleTemps(const std::string& target, const std::string& fresh) {
   struct stat own {};
   if (::stat(fresh.c_str(), &own) != 0) return;
   const auto slash = target.rfind('/');
   const std::string dir = slash == std::string::npos ? "" : target.substr(0, slash + 1);
-  const std::string prefix = "." + target.substr(dir.size()) + ".";
+  const std::string prefix = "." + target.substr(dir.size()) + kTempMark;
   DIR* d = ::opendir(dir.empty() ? "." : dir.c_str());
   if (!d) return;
   while (const dirent* e = ::readdir(d)) {

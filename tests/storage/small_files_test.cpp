@@ -109,9 +109,10 @@ TEST(AtomicSave, EqualsTheInPlaceWriteKeepsLinkAndModeAndClearsKilledSaves) {
   std::filesystem::create_symlink("real.sif", link);
   // What a killed save of the file left goes; another file's, or a save's under way, stays.
   using std::chrono::hours;
-  const std::tuple<std::string, hours, bool> left[] = {{dir / ".real.sif.k1LLed", hours(-1), false},
-                                                       {dir / ".other.sif.k1LLed", hours(-1), true},
-                                                       {dir / ".real.sif.n0wNew", hours(1), true}};
+  const std::tuple<std::string, hours, bool> left[] = {{dir / ".real.sif.save-k1LLed", hours(-1), false},
+                                                       {dir / ".real.sif.backup", hours(-1), true},
+                                                       {dir / ".other.sif.save-k1LLed", hours(-1), true},
+                                                       {dir / ".real.sif.save-n0wNew", hours(1), true}};
   for (const auto& [name, age, kept] : left) {
     WriteFile(name, "left");
     std::filesystem::last_write_time(name, std::filesystem::file_time_type::clock::now() + age);

@@ -71,9 +71,7 @@ bool ReadWhole(const std::string& path, std::string& bytes, time_t& mtime) {
 class ArchiveOut {
  public:
   explicit ArchiveOut(const std::string& path) : path_(path) {
-    const fs::path target(path);
-    const fs::path dir = target.parent_path().empty() ? fs::path(".") : target.parent_path();
-    temp_ = (dir / ("." + target.filename().string() + ".XXXXXX")).string();
+    temp_ = TempTemplateBeside(path);
     fd_ = ::mkstemp(temp_.data());
     if (fd_ < 0) return;
     RemoveStaleTemps(path, temp_);

@@ -19,9 +19,7 @@ std::string Errno(const std::string& what) { return what + ": " + std::strerror(
 
 // A private file beside `path`, with the mode a newly created file gets.
 std::string MakeTempBeside(const std::string& path, std::string& message) {
-  const std::filesystem::path target(path);
-  const auto dir = target.parent_path().empty() ? std::filesystem::path(".") : target.parent_path();
-  std::string name = (dir / ("." + target.filename().string() + ".XXXXXX")).string();
+  std::string name = TempTemplateBeside(path);
   const int fd = ::mkstemp(name.data());
   if (fd < 0) {
     message = Errno(path);
