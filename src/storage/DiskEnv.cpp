@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "storage/DiskEnv.h"
 
+#include <dirent.h>
 #include <fcntl.h>
 #include <sys/stat.h>
 #include <unistd.h>
@@ -10,6 +11,7 @@
 #include <cstdio>
 #include <filesystem>
 #include <system_error>
+#include <tuple>
 
 #include "storage/FileSystem.h"
 #include "storage/RandomFile.h"
@@ -18,6 +20,9 @@ namespace cb {
 namespace {
 
 namespace fs = std::filesystem;
+
+// Marks a save's private file, so that what a killed save left is told from the user's own files.
+constexpr char kTempMark[] = ".save-";
 
 std::string DirectoryOf(const std::string& path) {
   const auto slash = path.rfind('/');
@@ -115,9 +120,7 @@ RtError DiskEnv::NewFileBeside(const std::string& target, unsigned newMode, std:
     ::umask(mask);
     mode = static_cast<mode_t>(newMode) & ~mask;
   }
-  const auto slash = target.rfind('/');
-  std::string temp = DirectoryOf(target) + "." + target.substr(slash == std::string::npos ? 0 : slash + 1) +
-                     ".XXXXXX";
+  std::string temp = TempTemplateBeside(target);
   const int fd = ::mkstemp(temp.data());
   if (fd < 0) return CreateError(errno);
   if (::fchmod(fd, mode) != 0) {
@@ -126,9 +129,37 @@ RtError DiskEnv::NewFileBeside(const std::string& target, unsigned newMode, std:
     ::unlink(temp.c_str());
     return FromErrno(err);
   }
+  RemoveStaleTemps(target, temp);
   name = std::move(temp);
   file = std::make_unique<DiskFile>(fd);
   return RtError::None;
+}
+
+std::string TempTemplateBeside(const std::string& target) {
+  const auto at = target.rfind('/') + 1;  // 0 without a folder
+  return target.substr(0, at) + "." + target.substr(at) + kTempMark + "XXXXXX";
+}
+
+void RemoveStaleTemps(const std::string& target, const std::string& fresh) {
+  struct stat own {};
+  if (::stat(fresh.c_str(), &own) != 0) return;
+  const auto slash = target.rfind('/');
+  const std::string dir = slash == std::string::npos ? "" : target.substr(0, slash + 1);
+  const std::string prefix = "." + target.substr(dir.size()) + kTempMark;
+  DIR* d = ::opendir(dir.empty() ? "." : dir.c_str());
+  if (!d) return;
+  while (const dirent* e = ::readdir(d)) {
+    const std::string name = e->d_name;
+    if (name.size() != prefix.size() + 6 || !name.starts_with(prefix)) continue;
+    const std::string path = dir + name;
+    struct stat st {};
+    // Only our own files, made before this save began: a save under way now is left alone.
+    if (::lstat(path.c_str(), &st) != 0 || !S_ISREG(st.st_mode) || st.st_uid != own.st_uid || st.st_ino == own.st_ino)
+      continue;
+    if (std::tie(st.st_mtim.tv_sec, st.st_mtim.tv_nsec) < std::tie(own.st_mtim.tv_sec, own.st_mtim.tv_nsec))
+      ::unlink(path.c_str());
+  }
+  ::closedir(d);
 }
 
 RtError DiskEnv::Rename(const std::string& from, const std::string& to) {

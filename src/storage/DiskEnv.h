@@ -29,4 +29,12 @@ class DiskEnv : public Env {
   void RemoveTree(const std::string& path) override;
 };
 
+// The mkstemp() template of a private file beside `target` that a save
+// writes before renaming it over the target: "DIR/.NAME.save-XXXXXX".
+std::string TempTemplateBeside(const std::string& target);
+
+// Removes what killed saves of `target` left beside it: files named by
+// TempTemplateBeside, ours and older than `fresh`.
+void RemoveStaleTemps(const std::string& target, const std::string& fresh);
+
 }  // namespace cb

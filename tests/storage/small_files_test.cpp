@@ -100,13 +100,23 @@ TEST(AtomicSave, AFailedStepLeavesTheOldFilesAndNothingBeside) {
   }
 }
 
-TEST(AtomicSave, EqualsTheInPlaceWriteAndKeepsLinkAndMode) {
+TEST(AtomicSave, EqualsTheInPlaceWriteKeepsLinkAndModeAndClearsKilledSaves) {
   TempDir dir;
   const std::string real = dir / "real.sif", link = dir / "link.sif";
   const std::string tail(6 * kRecordLength, 'z');  // a longer old file keeps what lies past the new end
   WriteFile(real, tail);
   ::chmod(real.c_str(), 0640);
   std::filesystem::create_symlink("real.sif", link);
+  // What a killed save of the file left goes; another file's, or a save's under way, stays.
+  using std::chrono::hours;
+  const std::tuple<std::string, hours, bool> left[] = {{dir / ".real.sif.save-k1LLed", hours(-1), false},
+                                                       {dir / ".real.sif.backup", hours(-1), true},
+                                                       {dir / ".other.sif.save-k1LLed", hours(-1), true},
+                                                       {dir / ".real.sif.save-n0wNew", hours(1), true}};
+  for (const auto& [name, age, kept] : left) {
+    WriteFile(name, "left");
+    std::filesystem::last_write_time(name, std::filesystem::file_time_type::clock::now() + age);
+  }
 
   const SlideArray slides = Numbered(2, "s");
   MemoryEnv memory;
@@ -115,6 +125,7 @@ TEST(AtomicSave, EqualsTheInPlaceWriteAndKeepsLinkAndMode) {
   ASSERT_TRUE(DataAccess().SaveSettings(link, kSettings, slides).ok());
 
   EXPECT_TRUE(std::filesystem::is_symlink(link));
+  for (const auto& [name, age, kept] : left) EXPECT_EQ(std::filesystem::exists(name), kept) << name;
   EXPECT_EQ(ReadFile(real), memory.Files()["/m.sif"]);
   EXPECT_EQ(ReadFile(real).substr(3 * kRecordLength), tail.substr(3 * kRecordLength));
   struct stat st {};

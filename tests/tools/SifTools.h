@@ -125,12 +125,14 @@ inline std::string Piped(const std::string& cmd, int* status = nullptr) {
   return out;
 }
 
-// The built program as its own process; stdout and stderr kept apart.
-inline Outcome RunProcess(const std::vector<std::string>& args, const Scratch& dir) {
+// The built program as its own process; stdout and stderr kept apart, or
+// stdout sent to `outTo` when one is given.
+inline Outcome RunProcess(const std::vector<std::string>& args, const Scratch& dir, const std::string& outTo = "") {
   std::string cmd = ShellQuote(SIF_BINARY);
   for (const auto& a : args) cmd += " " + ShellQuote(a);
   const std::string errFile = dir / ".stderr";
   Outcome r;
+  if (!outTo.empty()) cmd += " >" + ShellQuote(outTo);
   r.out = Piped(cmd + " 2>" + ShellQuote(errFile) + " </dev/null", &r.status);
   r.err = ReadFile(errFile);
   fs::remove(errFile);

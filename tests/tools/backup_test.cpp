@@ -34,16 +34,23 @@ TEST(Backup, RestoreGivesBackEveryFileByteForByte) {
   const std::string root = dir / "app", sif = root + "/Files/Home.sif", archive = dir / "home.tar.gz";
   for (const char* f : {"Files", "Gallery", "Background", "Wallpaper"}) fs::create_directories(root + "/" + f);
   WriteAsProgram(sif, {1, "oak.jpg", "sage.jpg", "Tahoma"},
-                 {{"tv.jpg", "TV"}, {"Télé.jpg", "Télé"}, {"gone.jpg", "Gone"}, {"tv.jpg", "Same picture"}});
+                 {{"tv.jpg", "TV"}, {"Télé.jpg", "Télé"}, {"gone.jpg", "Gone"}, {"tv.jpg", "Same picture"},
+                  {"two\nlines.jpg", "Newline"}, {"back\\slash.jpg", "Backslash"}});
   WriteFile(root + "/Gallery/tv.jpg", std::string("\xFF\xD8tv\0picture", 12));
   WriteFile(root + "/Gallery/T\xC3\xA9l\xC3\xA9.jpg", "tele");
+  WriteFile(root + "/Gallery/two\nlines.jpg", "newline");
+  WriteFile(root + "/Gallery/back\\slash.jpg", "backslash");
   WriteFile(root + "/Gallery/unnamed.jpg", "no slide names this");
   WriteFile(root + "/Background/oak.jpg", "frame");
   WriteFile(root + "/Wallpaper/sage.jpg", "wallpaper");
   const Outcome b = RunProcess({"backup", sif, "-o", archive}, dir);
   ASSERT_EQ(b.status, 0) << b.err;
-  EXPECT_EQ(b.out, "5 files backed up into " + archive + ", 1 missing\n");
+  EXPECT_EQ(b.out, "7 files backed up into " + archive + ", 1 missing\n");
   EXPECT_THAT(b.err, HasSubstr("slide 3: \"" + root + "/Gallery/gone.jpg\" is missing"));
+  int check = -1;
+  Piped("mkdir " + (dir / "x") + " && cd " + (dir / "x") + " && tar -xzf " + archive +
+            " && sha256sum --quiet --strict -c manifest.sha256 >&2", &check);
+  EXPECT_EQ(check, 0);
 
   const std::string to = dir / "restored";
   const Outcome r = RunProcess({"restore", archive, "--to", to}, dir);
@@ -77,6 +84,23 @@ TEST(Backup, RestoreGivesBackEveryFileByteForByte) {
     EXPECT_THAT(d.err, StartsWith("chattelbook-sif: " + archive + ": "));
     EXPECT_FALSE(fs::exists(dir / "damaged"));
   }
+}
+
+// Names sha256sum escapes, and others it keeps as they are.
+TEST(Backup, ManifestKeepsEveryNameItWrites) {
+  Manifest m;
+  for (const std::string name : {"Gallery/two\nlines.jpg", "Gallery/back\\slash\\n.jpg", "Gallery/\xE9t\xE9.jpg",
+                                 "  Gallery/lead.jpg", "Gallery/\\", "Gallery/\r.jpg"}) {
+    m.hashes[name] = Sha256Hex(name);
+    m.order.push_back(name);
+    m.missing.push_back(name + "-gone");
+  }
+  std::string message;
+  const auto back = ParseManifest(ManifestText(m, "Home.sif"), message);
+  ASSERT_TRUE(back) << message;
+  EXPECT_EQ(back->hashes, m.hashes);
+  EXPECT_EQ(back->order, m.order);
+  EXPECT_EQ(back->missing, m.missing);
 }
 
 struct TarEntry {
@@ -136,6 +160,7 @@ TEST(Backup, RestoreRefusesBadArchivesAndWritesNothing) {
       {"a named file the archive lacks", {sif, ManifestOf({sif, picture})}, "in the manifest but not in the archive"},
       {"no manifest", {sif, picture}, "no manifest.sha256"},
       {"a manifest line of another kind", {sif, {std::string(kManifestName), "Files/Home.sif\n"}}, "manifest line 1"},
+      {"an unknown escape", {sif, {std::string(kManifestName), "\\" + Sha256Hex("slides") + "  Files/\\t.sif\n"}}, "line 1"},
       {"an absolute path", {sif, {"/tmp/evil.jpg", "x"}, ManifestOf({sif})}, "an absolute path"},
       {"a climb out", {sif, {"../evil.jpg", "x"}, ManifestOf({sif})}, "would leave the application directory"},
       {"a climb out of a folder", {sif, {"Gallery/../../evil.jpg", "x"}, ManifestOf({sif})}, "would leave"},

@@ -17,6 +17,7 @@ struct ExitCase {
   std::vector<std::string> args;  // "@" stands for the scratch directory
   int status;
   const char* err;  // the start of standard error, "@" expanded too; "" for none
+  std::string outTo{};  // where standard output goes, when not to the test
 };
 
 const ExitCase kExitCases[] = {
@@ -26,6 +27,13 @@ const ExitCase kExitCases[] = {
     {"show", {"show", "@/good.sif"}, 0, ""},
     {"export", {"export", "@/good.sif", "--format", "json"}, 0, ""},
     {"report", {"report", "@/good.sif", "--by", "location", "-o", "@/r.htm"}, 0, ""},
+    {"show to a full disk", {"show", "@/good.sif"}, 1, "chattelbook-sif: cannot write to standard output", "/dev/full"},
+    {"export to a full disk", {"export", "@/good.sif"}, 1, "chattelbook-sif: cannot write to standard output", "/dev/full"},
+    {"report to a full disk",
+     {"report", "@/good.sif", "--by", "location"},
+     1,
+     "chattelbook-sif: cannot write to standard output",
+     "/dev/full"},
     {"no command", {}, 2, "chattelbook-sif: a command is missing\n\nUsage:"},
     {"unknown command", {"list", "@/good.sif"}, 2, "chattelbook-sif: unknown command \"list\"\n\nUsage:"},
     {"unknown option", {"show", "--fast", "@/good.sif"}, 2, "chattelbook-sif: Unknown option 'fast'."},
@@ -73,7 +81,7 @@ TEST(Commands, ExitStatusesAndStreams) {
     SCOPED_TRACE(c.name);
     std::vector<std::string> args;
     for (const auto& a : c.args) args.push_back(expand(a));
-    const Outcome r = RunProcess(args, dir);
+    const Outcome r = RunProcess(args, dir, c.outTo);
     EXPECT_EQ(r.status, c.status) << r.err;
     EXPECT_THAT(r.err, StartsWith(expand(c.err)));
     if (*c.err == '\0') {

@@ -19,6 +19,7 @@
 #include "SifFile.h"
 #include "base/Cp1252.h"
 #include "base/Text.h"
+#include "storage/DiskEnv.h"
 
 namespace cb::sif {
 namespace {
@@ -70,11 +71,10 @@ bool ReadWhole(const std::string& path, std::string& bytes, time_t& mtime) {
 class ArchiveOut {
  public:
   explicit ArchiveOut(const std::string& path) : path_(path) {
-    const fs::path target(path);
-    const fs::path dir = target.parent_path().empty() ? fs::path(".") : target.parent_path();
-    temp_ = (dir / ("." + target.filename().string() + ".XXXXXX")).string();
+    temp_ = TempTemplateBeside(path);
     fd_ = ::mkstemp(temp_.data());
     if (fd_ < 0) return;
+    RemoveStaleTemps(path, temp_);
     const mode_t mask = ::umask(0);
     ::umask(mask);
     ::fchmod(fd_, 0666 & ~mask);

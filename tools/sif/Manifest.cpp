@@ -16,6 +16,34 @@ bool IsHex64(std::string_view s) {
          });
 }
 
+// True when `sha256sum` marks the name's line with a leading backslash.
+bool NeedsEscape(std::string_view name) { return name.find_first_of("\n\\") != std::string_view::npos; }
+
+// The name with newline and backslash written as "\\n" and "\\\\".
+std::string Escaped(std::string_view name) {
+  std::string out;
+  for (char c : name) out += c == '\n' ? std::string("\\n") : c == '\\' ? std::string("\\\\") : std::string(1, c);
+  return out;
+}
+
+// The name after a leading backslash, as `sha256sum -c` reads it; nothing
+// for an escape it does not know.
+std::optional<std::string> Unescaped(std::string_view text) {
+  std::string out;
+  for (std::size_t i = 0; i < text.size(); ++i) {
+    if (text[i] != '\\') {
+      out += text[i];
+      continue;
+    }
+    const char next = ++i < text.size() ? text[i] : '\0';
+    if (next == 'n') out += '\n';
+    else if (next == 'r') out += '\r';
+    else if (next == '\\') out += '\\';
+    else return std::nullopt;
+  }
+  return out;
+}
+
 }  // namespace
 
 std::string Sha256Hex(std::string_view bytes) {
@@ -28,8 +56,9 @@ std::string Sha256Hex(std::string_view bytes) {
 std::string ManifestText(const Manifest& m, const std::string& sifName) {
   std::string text = "# chattelbook-sif backup of " + sifName + "\n# check with: sha256sum -c " +
                      std::string(kManifestName) + "\n";
-  for (const auto& name : m.order) text += m.hashes.at(name) + "  " + name + "\n";
-  for (const auto& name : m.missing) text += std::string(kMissing) + name + "\n";
+  const auto mark = [](const std::string& name) { return std::string(NeedsEscape(name) ? "\\" : ""); };
+  for (const auto& name : m.order) text += mark(name) + m.hashes.at(name) + "  " + Escaped(name) + "\n";
+  for (const auto& name : m.missing) text += std::string(kMissing) + mark(name) + Escaped(name) + "\n";
   return text;
 }
 
@@ -38,19 +67,28 @@ std::optional<Manifest> ParseManifest(std::string_view text, std::string& messag
   std::size_t number = 0;
   while (!text.empty()) {
     const std::size_t end = text.find('\n');
-    const std::string_view line = text.substr(0, end);
+    std::string_view line = text.substr(0, end);
     text = end == std::string_view::npos ? std::string_view() : text.substr(end + 1);
     ++number;
+    const auto refuse = [&](const char* form) {
+      message = "manifest line " + std::to_string(number) + " is not \"" + form + "\"";
+      return std::nullopt;
+    };
     if (line.starts_with(kMissing)) {
-      m.missing.emplace_back(line.substr(kMissing.size()));
+      const std::string_view field = line.substr(kMissing.size());
+      auto name = field.starts_with('\\') ? Unescaped(field.substr(1)) : std::string(field);
+      if (!name) return refuse("# missing: NAME");
+      m.missing.push_back(std::move(*name));
       continue;
     }
     if (line.empty() || line.starts_with("#")) continue;
-    const std::string name(line.size() > 66 ? line.substr(66) : std::string_view());
-    if (!IsHex64(line.substr(0, 64)) || line.substr(64, 2) != "  " || name.empty()) {
-      message = "manifest line " + std::to_string(number) + " is not \"SHA256  NAME\"";
-      return std::nullopt;
-    }
+    const bool marked = line.starts_with('\\');
+    if (marked) line.remove_prefix(1);
+    const std::string_view field = line.size() > 66 ? line.substr(66) : std::string_view();
+    const auto parsed = marked ? Unescaped(field) : std::string(field);
+    if (!IsHex64(line.substr(0, 64)) || line.substr(64, 2) != "  " || !parsed || parsed->empty())
+      return refuse("SHA256  NAME");
+    const std::string& name = *parsed;
     if (!m.hashes.emplace(name, std::string(line.substr(0, 64))).second) {
       message = "manifest names " + name + " twice";
       return std::nullopt;

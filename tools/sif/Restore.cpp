@@ -15,6 +15,7 @@
 
 #include "Backup.h"
 #include "Manifest.h"
+#include "storage/DiskEnv.h"
 
 namespace cb::sif {
 namespace {
@@ -201,7 +202,7 @@ class Staging {
 
   // A new private file beside `target`; -1 with `message` filled on failure.
   int Open(const fs::path& target, std::string& message) {
-    std::string temp = (target.parent_path() / ("." + target.filename().string() + ".XXXXXX")).string();
+    std::string temp = TempTemplateBeside(target.string());
     const int fd = ::mkstemp(temp.data());
     if (fd < 0) {
       message = target.string() + ": " + std::strerror(errno);

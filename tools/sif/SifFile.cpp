@@ -10,6 +10,8 @@
 #include <filesystem>
 #include <memory>
 
+#include "storage/DiskEnv.h"
+
 namespace cb::sif {
 namespace {
 
@@ -17,14 +19,13 @@ std::string Errno(const std::string& what) { return what + ": " + std::strerror(
 
 // A private file beside `path`, with the mode a newly created file gets.
 std::string MakeTempBeside(const std::string& path, std::string& message) {
-  const std::filesystem::path target(path);
-  const auto dir = target.parent_path().empty() ? std::filesystem::path(".") : target.parent_path();
-  std::string name = (dir / ("." + target.filename().string() + ".XXXXXX")).string();
+  std::string name = TempTemplateBeside(path);
   const int fd = ::mkstemp(name.data());
   if (fd < 0) {
     message = Errno(path);
     return {};
   }
+  RemoveStaleTemps(path, name);
   const mode_t mask = ::umask(0);
   ::umask(mask);
   ::fchmod(fd, 0666 & ~mask);

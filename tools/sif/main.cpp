@@ -5,6 +5,8 @@
 #include <QCoreApplication>
 #include <QGuiApplication>
 
+#include <cerrno>
+#include <cstdio>
 #include <cstring>
 #include <iostream>
 #include <memory>
@@ -28,5 +30,12 @@ int main(int argc, char** argv) {
   }
   cb::UseUtf8CharacterType();
   std::ios::sync_with_stdio(true);
-  return cb::sif::RunSif(QCoreApplication::arguments(), std::cout, std::cerr, std::cin);
+  const int status = cb::sif::RunSif(QCoreApplication::arguments(), std::cout, std::cerr, std::cin);
+  // Output lost to a full disk is a failure; a command that failed has said so already.
+  errno = 0;
+  const bool written = std::fflush(stdout) == 0 && !std::ferror(stdout);
+  if ((written && std::fclose(stdout) == 0) || status != cb::sif::kExitOk) return status;
+  std::cerr << "chattelbook-sif: cannot write to standard output: " << (errno ? std::strerror(errno) : "a write failed")
+            << "\n";
+  return cb::sif::kExitData;
 }
