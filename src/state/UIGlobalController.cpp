@@ -15,15 +15,11 @@ std::string Upper(std::string s) {
   return s;
 }
 
-// Copies each record from p + 1 on over the one before it; the record before
-// the first slide is the header, and a number below it is out of range.
-bool ShiftDown(std::int32_t p, SlideArray& slides) {
+// Copies each record from p + 1 on over the one before it; p is a slide,
+// never the header before the first.
+void ShiftDown(std::int32_t p, SlideArray& slides) {
   const auto n = static_cast<std::int32_t>(slides.size()) - 1;
-  for (std::int32_t k = p; k <= n - 1; ++k) {
-    if (k < 0) return false;
-    slides[static_cast<std::size_t>(k)] = slides[static_cast<std::size_t>(k) + 1];
-  }
-  return true;
+  for (auto k = static_cast<std::size_t>(p); k + 1 <= static_cast<std::size_t>(n); ++k) slides[k] = slides[k + 1];
 }
 
 // Drops the last element; the header alone cannot shrink.
@@ -58,7 +54,7 @@ bool UIGlobalController::DeleteSlide(std::int32_t index, UIMainController& mc, S
   const std::int32_t p = mc.CurrentlyActiveBase() + index - 1;
   // Below the first slide lies the header, which no removal may overwrite.
   if (p < 1) return false;
-  if (p <= static_cast<std::int32_t>(slides.size()) - 1 && !ShiftDown(p, slides)) return false;
+  if (p <= static_cast<std::int32_t>(slides.size()) - 1) ShiftDown(p, slides);
   return Shrink(mc, slides);
 }
 
@@ -66,7 +62,10 @@ bool UIGlobalController::DeleteSlideMSC(const std::string& fileName, UIMainContr
   const auto n = static_cast<std::int32_t>(slides.size()) - 1;
   bool found = false;
   for (std::int32_t k = 1; k <= n && !found; ++k)
-    if (Trim(slides[static_cast<std::size_t>(k)].Get(Field::PictureFile)) == fileName) found = ShiftDown(k, slides);
+    if (Trim(slides[static_cast<std::size_t>(k)].Get(Field::PictureFile)) == fileName) {
+      ShiftDown(k, slides);
+      found = true;
+    }
   return Shrink(mc, slides) && found;
 }
 
