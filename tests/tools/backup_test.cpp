@@ -111,9 +111,9 @@ struct TarEntry {
   bool hard = false;
 };
 
-void WriteTar(const std::string& path, const std::vector<TarEntry>& entries) {
+void WriteTar(const std::string& path, const std::vector<TarEntry>& entries, bool gzip = true) {
   archive* a = archive_write_new();
-  archive_write_add_filter_gzip(a);
+  if (gzip) archive_write_add_filter_gzip(a);
   archive_write_set_format_pax_restricted(a);
   ASSERT_EQ(archive_write_open_filename(a, path.c_str()), ARCHIVE_OK);
   for (const auto& t : entries) {
@@ -148,6 +148,7 @@ TEST(Backup, RestoreRefusesBadArchivesAndWritesNothing) {
     const char* name;
     std::vector<TarEntry> entries;
     const char* complaint;
+    bool gzip = true;
   };
   const Case cases[] = {
       {"a hash that does not match",
@@ -168,12 +169,13 @@ TEST(Backup, RestoreRefusesBadArchivesAndWritesNothing) {
       {"a hard link", {sif, {"Gallery/tv.jpg", "", AE_IFREG, "Files/Home.sif", true}, ManifestOf({sif})}, "is a link"},
       {"a folder outside the backup's", {sif, {"Reports/Report1.htm", "x"}, ManifestOf({sif})}, "no part of a backup"},
       {"a directory", {sif, {"Gallery/sub", "", AE_IFDIR}, ManifestOf({sif})}, "not a regular file"},
+      {"a tar without gzip", {sif, ManifestOf({sif})}, "not a gzip-compressed tar archive", false},
   };
   for (const auto& c : cases) {
     SCOPED_TRACE(c.name);
     Scratch dir;
     const std::string archive = dir / "bad.tar.gz";
-    WriteTar(archive, c.entries);
+    WriteTar(archive, c.entries, c.gzip);
     const Outcome r = RunProcess({"restore", archive, "--to", dir / "app/sub"}, dir);
     EXPECT_EQ(r.status, 1);
     EXPECT_THAT(r.err, HasSubstr(c.complaint));
