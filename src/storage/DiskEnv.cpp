@@ -116,28 +116,36 @@ RtError DiskEnv::NewFileBeside(const std::string& target, unsigned newMode, std:
     if (S_ISDIR(st.st_mode) || ::access(target.c_str(), W_OK) != 0) return RtError::PathFileAccess;
     mode = st.st_mode & 07777;
   } else {
-    const mode_t mask = ::umask(0);
-    ::umask(mask);
-    mode = static_cast<mode_t>(newMode) & ~mask;
+    mode = static_cast<mode_t>(newMode & NewFileMode());
   }
-  std::string temp = TempTemplateBeside(target);
-  const int fd = ::mkstemp(temp.data());
+  std::string temp;
+  const int fd = MakeTempBeside(target, mode, temp);
   if (fd < 0) return CreateError(errno);
-  if (::fchmod(fd, mode) != 0) {
-    const int err = errno;
-    ::close(fd);
-    ::unlink(temp.c_str());
-    return FromErrno(err);
-  }
   RemoveStaleTemps(target, temp);
   name = std::move(temp);
   file = std::make_unique<DiskFile>(fd);
   return RtError::None;
 }
 
-std::string TempTemplateBeside(const std::string& target) {
+unsigned NewFileMode() {
+  const mode_t mask = ::umask(0);
+  ::umask(mask);
+  return 0666 & ~mask;
+}
+
+int MakeTempBeside(const std::string& target, unsigned mode, std::string& name) {
   const auto at = target.rfind('/') + 1;  // 0 without a folder
-  return target.substr(0, at) + "." + target.substr(at) + kTempMark + "XXXXXX";
+  name = target.substr(0, at) + "." + target.substr(at) + kTempMark + "XXXXXX";
+  const int fd = ::mkstemp(name.data());
+  if (fd < 0) return -1;
+  if (::fchmod(fd, static_cast<mode_t>(mode)) != 0) {
+    const int err = errno;
+    ::close(fd);
+    ::unlink(name.c_str());
+    errno = err;
+    return -1;
+  }
+  return fd;
 }
 
 void RemoveStaleTemps(const std::string& target, const std::string& fresh) {

@@ -29,12 +29,16 @@ class DiskEnv : public Env {
   void RemoveTree(const std::string& path) override;
 };
 
-// The mkstemp() template of a private file beside `target` that a save
-// writes before renaming it over the target: "DIR/.NAME.save-XXXXXX".
-std::string TempTemplateBeside(const std::string& target);
+// The mode a newly made file gets: 0666 less the umask.
+unsigned NewFileMode();
 
-// Removes what killed saves of `target` left beside it: files named by
-// TempTemplateBeside, ours and older than `fresh`.
+// Makes the private file a save writes before renaming it over `target`:
+// "DIR/.NAME.save-" and six random characters, with `mode`. Its descriptor,
+// or -1 with errno set.
+int MakeTempBeside(const std::string& target, unsigned mode, std::string& name);
+
+// Removes what killed saves of `target` left beside it: files named as
+// MakeTempBeside names them, ours and older than `fresh`.
 void RemoveStaleTemps(const std::string& target, const std::string& fresh);
 
 }  // namespace cb

@@ -71,13 +71,9 @@ bool ReadWhole(const std::string& path, std::string& bytes, time_t& mtime) {
 class ArchiveOut {
  public:
   explicit ArchiveOut(const std::string& path) : path_(path) {
-    temp_ = TempTemplateBeside(path);
-    fd_ = ::mkstemp(temp_.data());
+    fd_ = MakeTempBeside(path, NewFileMode(), temp_);
     if (fd_ < 0) return;
     RemoveStaleTemps(path, temp_);
-    const mode_t mask = ::umask(0);
-    ::umask(mask);
-    ::fchmod(fd_, 0666 & ~mask);
     a_ = archive_write_new();
     archive_write_add_filter_gzip(a_);
     archive_write_set_format_pax_restricted(a_);

@@ -207,15 +207,12 @@ class Staging {
 
   // A new private file beside `target`; -1 with `message` filled on failure.
   int Open(const fs::path& target, std::string& message) {
-    std::string temp = TempTemplateBeside(target.string());
-    const int fd = ::mkstemp(temp.data());
+    std::string temp;
+    const int fd = MakeTempBeside(target.string(), NewFileMode(), temp);
     if (fd < 0) {
       message = target.string() + ": " + std::strerror(errno);
       return -1;
     }
-    const mode_t mask = ::umask(0);
-    ::umask(mask);
-    ::fchmod(fd, 0666 & ~mask);
     staged_.emplace_back(temp, target.string());
     return fd;
   }

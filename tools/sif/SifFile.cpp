@@ -18,17 +18,14 @@ namespace {
 std::string Errno(const std::string& what) { return what + ": " + std::strerror(errno); }
 
 // A private file beside `path`, with the mode a newly created file gets.
-std::string MakeTempBeside(const std::string& path, std::string& message) {
-  std::string name = TempTemplateBeside(path);
-  const int fd = ::mkstemp(name.data());
+std::string NewTempBeside(const std::string& path, std::string& message) {
+  std::string name;
+  const int fd = MakeTempBeside(path, NewFileMode(), name);
   if (fd < 0) {
     message = Errno(path);
     return {};
   }
   RemoveStaleTemps(path, name);
-  const mode_t mask = ::umask(0);
-  ::umask(mask);
-  ::fchmod(fd, 0666 & ~mask);
   ::close(fd);
   return name;
 }
@@ -77,7 +74,7 @@ bool WriteSif(const std::string& path, const SifSettings& settings, const SlideA
     message = path + ": already exists; give --force to replace it";
     return false;
   }
-  const std::string temp = MakeTempBeside(path, message);
+  const std::string temp = NewTempBeside(path, message);
   if (temp.empty()) return false;
 
   SlideArray copy = slides.empty() ? SlideArray(1) : slides;
