@@ -8,12 +8,13 @@
 #include <archive.h>
 #include <archive_entry.h>
 
-#include "Manifest.h"
 #include "SifTools.h"
+#include "pack/Manifest.h"
 
 namespace cb::sif::testing {
 namespace {
 
+using namespace cb::pack;
 using ::testing::HasSubstr;
 using ::testing::StartsWith;
 

@@ -8,14 +8,15 @@
 
 #include <regex>
 
-#include "ClaimContent.h"
 #include "Report.h"
 #include "SifTools.h"
+#include "pack/ClaimContent.h"
 #include "qt/SystemLocale.h"
 
 namespace cb::sif::testing {
 namespace {
 
+using namespace cb::pack;
 using ::testing::HasSubstr;
 
 const std::vector<SlideText> kSlides = {

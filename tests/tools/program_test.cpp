@@ -6,13 +6,14 @@
 #include <gmock/gmock.h>
 
 #include "Report.h"
-#include "SifFile.h"
 #include "SifTools.h"
+#include "pack/SifFile.h"
 #include "reports/UIReportController.h"
 
 namespace cb::sif::testing {
 namespace {
 
+using namespace cb::pack;
 using ::testing::HasSubstr;
 
 TEST(SifFile, ReadAndCheckAgreeWithTheProgramsLoad) {

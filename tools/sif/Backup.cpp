@@ -14,15 +14,17 @@
 #include <iterator>
 #include <set>
 
-#include "ClaimContent.h"
-#include "Manifest.h"
-#include "SifFile.h"
 #include "base/Cp1252.h"
 #include "base/Text.h"
+#include "pack/ClaimContent.h"
+#include "pack/Manifest.h"
+#include "pack/SifFile.h"
 #include "storage/DiskEnv.h"
 
 namespace cb::sif {
 namespace {
+
+using namespace pack;
 
 namespace fs = std::filesystem;
 

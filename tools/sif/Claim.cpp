@@ -6,12 +6,14 @@
 
 #include <filesystem>
 
-#include "ClaimContent.h"
-#include "ClaimPdf.h"
 #include "Report.h"
+#include "pack/ClaimContent.h"
+#include "pack/ClaimPdf.h"
 #include "qt/SystemLocale.h"
 
 namespace cb::sif {
+
+using namespace pack;
 
 int RunClaim(const QStringList& args, const CommandIo& io) {
   QCommandLineParser p;

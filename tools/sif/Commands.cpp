@@ -16,16 +16,22 @@
 #include "Check.h"
 #include "Claim.h"
 #include "CommandIo.h"
-#include "base/Cp1252.h"
 #include "Formats.h"
-#include "Inventory.h"
 #include "Report.h"
-#include "SifFile.h"
 #include "Show.h"
+#include "base/Cp1252.h"
+#include "pack/Inventory.h"
+#include "pack/SifFile.h"
 #include "qt/SystemLocale.h"
 
 namespace cb::sif {
 namespace {
+
+using pack::Inventory;
+using pack::ReadSif;
+using pack::SifDocument;
+using pack::ToInventory;
+using pack::WriteSif;
 
 constexpr std::string_view kProgram = "chattelbook-sif";
 

@@ -19,6 +19,11 @@
 namespace cb::sif {
 namespace {
 
+using pack::Inventory;
+using pack::JsonKey;
+using pack::SifDocument;
+using pack::SlideRow;
+
 constexpr std::string_view kColumnNames = "Spare, PictureFile, SlideText, Category, Location, Make, Model, Serial, Value";
 
 std::string Quoted(std::string_view s) {

@@ -6,7 +6,7 @@
 #include <string>
 #include <string_view>
 
-#include "Inventory.h"
+#include "pack/Inventory.h"
 
 namespace cb::sif {
 
@@ -14,21 +14,21 @@ enum class Format { Csv, Json };
 
 // A header row of the field names in record order, then one row per slide,
 // each field as text (see FieldToUtf8).
-std::string ExportCsv(const SifDocument& doc);
+std::string ExportCsv(const pack::SifDocument& doc);
 
 // Reads slides from CSV whose first row names the columns: any of the nine
 // fields, in any order and letter case; a field without a column is empty.
 // The settings are left unknown. False with `message` on an unknown or
 // repeated column, a row of the wrong length, or malformed CSV.
-bool ImportCsv(std::string_view text, Inventory& inv, std::string& message);
+bool ImportCsv(std::string_view text, pack::Inventory& inv, std::string& message);
 
 // An object of "template", "backgroundImage", "wallpaper", "reportFont" and
 // "slides", an array of objects keyed by the field names in lower camel case.
-std::string ExportJson(const Inventory& inv);
+std::string ExportJson(const pack::Inventory& inv);
 
 // The reverse of ExportJson. Missing keys are empty, a missing or null
 // template unknown. False with `message` on malformed JSON, an unknown key
 // or a value of the wrong kind.
-bool ImportJson(std::string_view text, Inventory& inv, std::string& message);
+bool ImportJson(std::string_view text, pack::Inventory& inv, std::string& message);
 
 }  // namespace cb::sif

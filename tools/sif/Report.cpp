@@ -10,6 +10,9 @@
 namespace cb::sif {
 namespace {
 
+using pack::SifDocument;
+using pack::TemplateOf;
+
 constexpr std::string_view kSource = "chattelbook-sif";
 
 }  // namespace

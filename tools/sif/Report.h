@@ -6,8 +6,8 @@
 #include <optional>
 #include <string>
 
-#include "SifFile.h"
 #include "base/NumberRules.h"
+#include "pack/SifFile.h"
 #include "reports/SummaryPage.h"
 
 namespace cb::sif {
@@ -22,7 +22,7 @@ struct ReportRequest {
 // The page the program writes for `doc`, line end included. The template
 // applies as the report chooser leaves it: one outside 1 to 3 counts as 1.
 // False, with `message` filled, when the page cannot be made.
-bool MakeReport(const ReportRequest& request, const SifDocument& doc, const ReportLocale& locale, std::string& page,
+bool MakeReport(const ReportRequest& request, const pack::SifDocument& doc, const ReportLocale& locale, std::string& page,
                 std::string& message);
 
 // UTF-8 text from the command line as the file's Windows-1252, or nothing

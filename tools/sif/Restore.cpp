@@ -14,11 +14,13 @@
 #include <set>
 
 #include "Backup.h"
-#include "Manifest.h"
+#include "pack/Manifest.h"
 #include "storage/DiskEnv.h"
 
 namespace cb::sif {
 namespace {
+
+using namespace pack;
 
 namespace fs = std::filesystem;
 

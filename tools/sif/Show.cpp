@@ -4,11 +4,18 @@
 #include <array>
 #include <string_view>
 
-#include "Inventory.h"
-#include "TemplateLabels.h"
+#include "pack/Inventory.h"
+#include "pack/TemplateLabels.h"
 
 namespace cb::sif {
 namespace {
+
+using pack::FieldToUtf8;
+using pack::kFieldLabels;
+using pack::kTemplateNames;
+using pack::LabelColumn;
+using pack::SifDocument;
+using pack::TemplateOf;
 
 // Values start in one column, whatever the indent.
 void Line(std::string& out, std::string_view indent, std::string_view label, std::string_view value) {

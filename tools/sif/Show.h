@@ -4,12 +4,12 @@
 
 #include <string>
 
-#include "SifFile.h"
+#include "pack/SifFile.h"
 
 namespace cb::sif {
 
 // The file's settings, then each slide with the labels its template's editor
 // gives the fields; blank fields are left out. UTF-8.
-std::string ShowText(const std::string& path, const SifDocument& doc);
+std::string ShowText(const std::string& path, const pack::SifDocument& doc);
 
 }  // namespace cb::sif

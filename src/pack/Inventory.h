@@ -10,9 +10,9 @@
 #include <string_view>
 #include <vector>
 
-#include "SifFile.h"
+#include "pack/SifFile.h"
 
-namespace cb::sif {
+namespace cb::pack {
 
 // One slide's nine fields in record order, UTF-8, trailing padding dropped.
 using SlideRow = std::array<std::string, 9>;
@@ -41,4 +41,4 @@ Inventory ToInventory(const SifDocument& doc);
 bool FromInventory(const Inventory& inv, std::optional<std::int32_t> templateOverride, SifSettings& settings,
                    SlideArray& slides, std::string& message);
 
-}  // namespace cb::sif
+}  // namespace cb::pack

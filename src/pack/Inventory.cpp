@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "Inventory.h"
+#include "pack/Inventory.h"
 
 #include <cstdio>
 
@@ -7,7 +7,7 @@
 #include "base/Text.h"
 #include "storage/DataAccess.h"
 
-namespace cb::sif {
+namespace cb::pack {
 namespace {
 
 // Header settings and the record fields whose width bounds them.
@@ -110,4 +110,4 @@ bool FromInventory(const Inventory& inv, std::optional<std::int32_t> templateOve
   return true;
 }
 
-}  // namespace cb::sif
+}  // namespace cb::pack

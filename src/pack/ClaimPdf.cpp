@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "ClaimPdf.h"
+#include "pack/ClaimPdf.h"
 
 #include <QFont>
 #include <QFontMetricsF>
@@ -14,7 +14,7 @@
 
 #include <algorithm>
 
-namespace cb::sif {
+namespace cb::pack {
 namespace {
 
 // Device units: the writer runs at 300 dots an inch; measures are in mm.
@@ -349,4 +349,4 @@ bool WriteClaimPdf(const ClaimContent& content, const ClaimPdfOptions& options, 
   return true;
 }
 
-}  // namespace cb::sif
+}  // namespace cb::pack

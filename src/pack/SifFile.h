@@ -11,7 +11,7 @@
 #include "storage/DataAccess.h"
 #include "storage/SifReader.h"
 
-namespace cb::sif {
+namespace cb::pack {
 
 // A file as a load sees it: the decoded header and the slides 1..n
 // (element 0 keeps the header record as read, still scrambled).
@@ -34,4 +34,4 @@ bool ReadSif(const std::string& path, SifDocument& doc, std::string& message);
 bool WriteSif(const std::string& path, const SifSettings& settings, const SlideArray& slides, bool replace,
               std::string& message);
 
-}  // namespace cb::sif
+}  // namespace cb::pack

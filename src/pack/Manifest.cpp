@@ -1,11 +1,11 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "Manifest.h"
+#include "pack/Manifest.h"
 
 #include <QCryptographicHash>
 
 #include <algorithm>
 
-namespace cb::sif {
+namespace cb::pack {
 namespace {
 
 constexpr std::string_view kMissing = "# missing: ";
@@ -108,4 +108,4 @@ bool IsBackupName(std::string_view name) {
          file.find('\0') == std::string_view::npos;
 }
 
-}  // namespace cb::sif
+}  // namespace cb::pack

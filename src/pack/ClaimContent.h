@@ -7,11 +7,11 @@
 #include <string>
 #include <vector>
 
-#include "SifFile.h"
 #include "base/NumberRules.h"
+#include "pack/SifFile.h"
 #include "reports/SummaryPage.h"
 
-namespace cb::sif {
+namespace cb::pack {
 
 struct ClaimField {
   std::string label;  // the template's label, "Serial #", "Regn #", ...
@@ -54,4 +54,4 @@ ClaimContent MakeClaimContent(const SifDocument& doc, const std::string& filePat
 // The gallery beside the file's own folder: "Files/x.sif" has "Gallery/".
 std::string DefaultGalleryDir(const std::string& filePath);
 
-}  // namespace cb::sif
+}  // namespace cb::pack

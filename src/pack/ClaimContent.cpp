@@ -1,18 +1,17 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "ClaimContent.h"
+#include "pack/ClaimContent.h"
 
 #include <cmath>
 #include <filesystem>
 #include <map>
 
-#include "Inventory.h"
-#include "TemplateLabels.h"
 #include "base/Cp1252.h"
 #include "base/Text.h"
 #include "model/Categories.h"
+#include "pack/TemplateLabels.h"
 #include "reports/ValueMatrix.h"
 
-namespace cb::sif {
+namespace cb::pack {
 namespace {
 
 namespace fs = std::filesystem;
@@ -114,4 +113,4 @@ ClaimContent MakeClaimContent(const SifDocument& doc, const std::string& filePat
   return c;
 }
 
-}  // namespace cb::sif
+}  // namespace cb::pack

@@ -9,7 +9,7 @@
 #include <string_view>
 #include <vector>
 
-namespace cb::sif {
+namespace cb::pack {
 
 // The manifest's name inside the archive.
 inline constexpr std::string_view kManifestName = "manifest.sha256";
@@ -37,4 +37,4 @@ std::optional<Manifest> ParseManifest(std::string_view text, std::string& messag
 // plain file name: nothing that could reach outside the folder.
 bool IsBackupName(std::string_view name);
 
-}  // namespace cb::sif
+}  // namespace cb::pack

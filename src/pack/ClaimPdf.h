@@ -8,9 +8,9 @@
 
 #include <string>
 
-#include "ClaimContent.h"
+#include "pack/ClaimContent.h"
 
-namespace cb::sif {
+namespace cb::pack {
 
 struct ClaimPdfOptions {
   QPageSize::PageSizeId page = QPageSize::A4;
@@ -26,4 +26,4 @@ QPageSize::PageSizeId LocalePageSize();
 bool WriteClaimPdf(const ClaimContent& content, const ClaimPdfOptions& options, const QString& path,
                    std::string& message);
 
-}  // namespace cb::sif
+}  // namespace cb::pack

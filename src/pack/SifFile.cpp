@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "SifFile.h"
+#include "pack/SifFile.h"
 
 #include <fcntl.h>
 #include <sys/stat.h>
@@ -12,7 +12,7 @@
 
 #include "storage/DiskEnv.h"
 
-namespace cb::sif {
+namespace cb::pack {
 namespace {
 
 std::string Errno(const std::string& what) { return what + ": " + std::strerror(errno); }
@@ -98,4 +98,4 @@ bool WriteSif(const std::string& path, const SifSettings& settings, const SlideA
   return ok;
 }
 
-}  // namespace cb::sif
+}  // namespace cb::pack

@@ -8,7 +8,7 @@
 
 #include "model/SlideRecord.h"
 
-namespace cb::sif {
+namespace cb::pack {
 
 inline constexpr std::array<std::string_view, 4> kTemplateNames{"", "Home Security", "Real Estate", "Car Yard"};
 
@@ -43,4 +43,4 @@ constexpr std::string_view LabelOf(Field f, std::int32_t slideTemplate) {
   return {};
 }
 
-}  // namespace cb::sif
+}  // namespace cb::pack
