@@ -5,7 +5,6 @@
 #include <QFontMetricsF>
 #include <QImage>
 #include <QImageReader>
-#include <QLocale>
 #include <QPainter>
 #include <QPdfWriter>
 #include <QSaveFile>
@@ -69,8 +68,9 @@ QSize PictureBoxPixels() {
 
 class ClaimWriter {
  public:
-  ClaimWriter(QPdfWriter& writer, QPainter& painter, const ClaimContent& c, const ClaimPdfOptions& o)
-      : writer_(writer), p_(painter), c_(c), o_(o), width_(writer.width()),
+  ClaimWriter(QPdfWriter& writer, QPainter& painter, const ClaimContent& c, const ClaimPdfOptions& o,
+              const JobProgress& progress)
+      : writer_(writer), p_(painter), c_(c), o_(o), progress_(progress), width_(writer.width()),
         bodyHeight_(writer.height() - Mm(kFooterMm)) {
     rowsPerPage_ = std::max(1, static_cast<int>((bodyHeight_ - Mm(18)) / Mm(kRowMm)));
     const int rows = static_cast<int>(c.groups.size()) + (c.ungrouped > 0 ? 1 : 0) + 1;
@@ -78,11 +78,13 @@ class ClaimWriter {
     pages_ = 1 + (rows + rowsPerPage_ - 1) / rowsPerPage_ + static_cast<int>(slidePages_.size());
   }
 
-  void Write() {
+  // False when the user cancelled.
+  bool Write() {
     Cover();
     Summary();
-    Slides();
+    if (!Slides()) return false;
     Footer();
+    return true;
   }
 
  private:
@@ -287,8 +289,9 @@ class ClaimWriter {
     }
   }
 
-  void Slides() {
+  bool Slides() {
     const QSize pixels = PictureBoxPixels();
+    std::size_t drawn = 0;
     for (const auto& indices : slidePages_) {
       // One page's pictures decode on all cores while the page waits.
       std::vector<const ClaimSlide*> page;
@@ -297,14 +300,19 @@ class ClaimWriter {
           page, [pixels](const ClaimSlide* s) { return s->pictureFound ? DecodeForPrint(s->picturePath, pixels) : QImage(); });
       NewPage();
       qreal y = 0;
-      for (std::size_t i = 0; i < page.size(); ++i) y += Block(y, *page[i], &images[i]);
+      for (std::size_t i = 0; i < page.size(); ++i) {
+        y += Block(y, *page[i], &images[i]);
+        if (!progress_({"Picture", ++drawn, c_.slides.size()})) return false;
+      }
     }
+    return true;
   }
 
   QPdfWriter& writer_;
   QPainter& p_;
   const ClaimContent& c_;
   const ClaimPdfOptions& o_;
+  const JobProgress& progress_;
   qreal width_;
   qreal bodyHeight_;
   int rowsPerPage_ = 1;
@@ -315,38 +323,31 @@ class ClaimWriter {
 
 }  // namespace
 
-QPageSize::PageSizeId LocalePageSize() {
-  return QLocale::system().measurementSystem() == QLocale::ImperialUSSystem ? QPageSize::Letter : QPageSize::A4;
-}
-
-bool WriteClaimPdf(const ClaimContent& content, const ClaimPdfOptions& options, const QString& path,
-                   std::string& message) {
-  QSaveFile file(path);
-  if (!file.open(QIODevice::WriteOnly)) {
-    message = path.toStdString() + ": " + file.errorString().toStdString();
-    return false;
-  }
+Status WriteClaimPdf(const ClaimContent& content, const ClaimPdfOptions& options, const std::string& path,
+                     const JobProgress& progress) {
+  QSaveFile file(Q(path));
+  if (!file.open(QIODevice::WriteOnly)) return Status::Described(path + ": " + file.errorString().toStdString());
   {
     QPdfWriter writer(&file);
     writer.setResolution(kDpi);
     writer.setPageSize(QPageSize(options.page));
     writer.setPageMargins(QMarginsF(kMarginMm, kMarginMm, kMarginMm, kMarginMm), QPageLayout::Millimeter);
     writer.setTitle(Q(std::string(kTitle)) + ": " + Q(content.fileName));
-    writer.setCreator("chattelbook-sif");
+    writer.setCreator("Chattelbook");
     QPainter painter;
     if (!painter.begin(&writer)) {
-      message = path.toStdString() + ": the PDF could not be started";
       file.cancelWriting();
-      return false;
+      return Status::Described(path + ": the PDF could not be started");
     }
-    ClaimWriter(writer, painter, content, options).Write();
+    const bool whole = ClaimWriter(writer, painter, content, options, progress).Write();
     painter.end();
+    if (!whole) {
+      file.cancelWriting();
+      return Status::Described(path + ": cancelled");
+    }
   }
-  if (!file.commit()) {
-    message = path.toStdString() + ": " + file.errorString().toStdString();
-    return false;
-  }
-  return true;
+  if (!file.commit()) return Status::Described(path + ": " + file.errorString().toStdString());
+  return {};
 }
 
 }  // namespace cb::pack

@@ -8,7 +8,9 @@
 
 #include <string>
 
+#include "base/Status.h"
 #include "pack/ClaimContent.h"
+#include "pack/JobProgress.h"
 
 namespace cb::pack {
 
@@ -17,13 +19,10 @@ struct ClaimPdfOptions {
   QString dateText;  // the cover's date, in the system's words
 };
 
-// Letter where the system's locale measures in inches, else A4.
-QPageSize::PageSizeId LocalePageSize();
-
 // Writes `content` to `path`: a cover, the totals by group, then the slides
-// in record order, five or so to a page. The file appears only when whole.
-// False, with `message` filled, when it cannot be written.
-bool WriteClaimPdf(const ClaimContent& content, const ClaimPdfOptions& options, const QString& path,
-                   std::string& message);
+// in record order, five or so to a page, with a "Picture" step as each slide
+// is drawn. The file appears only when whole; a cancel leaves nothing.
+Status WriteClaimPdf(const ClaimContent& content, const ClaimPdfOptions& options, const std::string& path,
+                     const JobProgress& progress);
 
 }  // namespace cb::pack

@@ -25,7 +25,7 @@ inline int UsageError(const CommandIo& io, const std::string& problem) {
   return kExitUsage;
 }
 
-inline int DataError(const CommandIo& io, const std::string& message) {
+inline int DataError(const CommandIo& io, std::string_view message) {
   io.err << "chattelbook-sif: " << message << "\n";
   return kExitData;
 }
