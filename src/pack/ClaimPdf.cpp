@@ -13,6 +13,8 @@
 
 #include <algorithm>
 
+#include "pack/JobControl.h"
+
 namespace cb::pack {
 namespace {
 
@@ -343,7 +345,7 @@ Status WriteClaimPdf(const ClaimContent& content, const ClaimPdfOptions& options
     painter.end();
     if (!whole) {
       file.cancelWriting();
-      return Status::Described(path + ": cancelled");
+      return Cancelled(path);
     }
   }
   if (!file.commit()) return Status::Described(path + ": " + file.errorString().toStdString());

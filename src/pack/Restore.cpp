@@ -1,0 +1,275 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include <archive.h>
+#include <archive_entry.h>
+#include <fcntl.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include <QCryptographicHash>
+
+#include <cerrno>
+#include <cstring>
+#include <filesystem>
+#include <functional>
+#include <set>
+
+#include "pack/Backup.h"
+#include "pack/JobControl.h"
+#include "storage/DiskEnv.h"
+
+namespace cb::pack {
+namespace {
+
+namespace fs = std::filesystem;
+
+// The largest manifest read: far beyond the 32767 slides a file can hold.
+constexpr std::size_t kManifestLimit = 16u << 20;
+
+// One pass over an archive, entry by entry.
+class ArchiveIn {
+ public:
+  explicit ArchiveIn(const std::string& path) : a_(archive_read_new()) {
+    // What backup writes and nothing else: no other format, and no filter
+    // that would start an external program on a crafted archive.
+    archive_read_support_filter_gzip(a_);
+    archive_read_support_format_tar(a_);
+    if (archive_read_open_filename(a_, path.c_str(), 1 << 16) != ARCHIVE_OK)
+      Fail();
+    else if (archive_filter_code(a_, 0) != ARCHIVE_FILTER_GZIP)
+      error_ = "not a gzip-compressed tar archive";
+    opened_ = error_.empty();
+  }
+  ~ArchiveIn() { archive_read_free(a_); }
+  ArchiveIn(const ArchiveIn&) = delete;
+  ArchiveIn& operator=(const ArchiveIn&) = delete;
+
+  // The next entry, or null at the end or on a fault (then error() is set).
+  archive_entry* Next() {
+    if (!error_.empty()) return nullptr;
+    archive_entry* e = nullptr;
+    const int r = archive_read_next_header(a_, &e);
+    if (r == ARCHIVE_EOF) return nullptr;
+    if (r != ARCHIVE_OK) {
+      Fail();
+      return nullptr;
+    }
+    return e;
+  }
+
+  // Hands the entry's data to `sink` block by block; false on a fault.
+  bool Read(const std::function<bool(const char*, std::size_t)>& sink) {
+    char buf[1 << 16];
+    for (;;) {
+      const la_ssize_t n = archive_read_data(a_, buf, sizeof buf);
+      if (n == 0) return true;
+      if (n < 0) {
+        Fail();
+        return false;
+      }
+      if (!sink(buf, static_cast<std::size_t>(n))) return false;
+    }
+  }
+
+  const std::string& error() const { return error_; }
+  bool opened() const { return opened_; }
+
+ private:
+  void Fail() {
+    const char* e = archive_error_string(a_);
+    error_ = e ? e : "unreadable";
+  }
+
+  archive* a_;
+  std::string error_;
+  bool opened_ = false;
+};
+
+// The SHA-256 of the entry's data as it passes to `sink` (if any); empty
+// when the user cancelled on the way.
+std::string HashEntry(ArchiveIn& in, StepBeat& beat, const std::function<bool(const char*, std::size_t)>& sink = {}) {
+  QCryptographicHash hash(QCryptographicHash::Sha256);
+  in.Read([&](const char* b, std::size_t n) {
+    hash.addData(QByteArrayView(b, static_cast<qsizetype>(n)));
+    return (!sink || sink(b, n)) && beat.Passed(n);
+  });
+  return beat.cancelled() ? std::string() : hash.result().toHex().toStdString();
+}
+
+// Why `e` may not be restored, or "" when it may.
+std::string Refusal(archive_entry* e, const std::string& name) {
+  if (archive_entry_symlink(e) || archive_entry_hardlink(e) || archive_entry_filetype(e) == AE_IFLNK)
+    return "\"" + name + "\" is a link, which could lead out of the application directory";
+  if (name.starts_with("/")) return "\"" + name + "\" is an absolute path, outside the application directory";
+  if (name == ".." || name.starts_with("../") || name.find("/../") != std::string::npos || name.ends_with("/.."))
+    return "\"" + name + "\" would leave the application directory";
+  if (archive_entry_filetype(e) != AE_IFREG) return "\"" + name + "\" is not a regular file";
+  if (name != kManifestName && !IsBackupName(name)) return "\"" + name + "\" is no part of a backup";
+  return {};
+}
+
+// The entry's name as bytes; a UTF-8 name the locale cannot hold comes as written.
+std::string EntryName(archive_entry* e) {
+  const char* raw = archive_entry_pathname(e);
+  if (!raw) raw = archive_entry_pathname_utf8(e);
+  return raw ? raw : "";
+}
+
+// The first pass: every entry named, hashed and checked against the manifest.
+Status Survey(const std::string& path, const JobProgress& progress, std::vector<RestoreEntry>& entries,
+              Manifest& manifest) {
+  const auto fail = [&path](const std::string& why) { return Status::Described(path + ": " + why); };
+  ArchiveIn in(path);
+  std::optional<std::string> manifestText;
+  std::set<std::string> names;
+  while (archive_entry* e = in.Next()) {
+    const std::string name = EntryName(e);
+    if (const std::string why = Refusal(e, name); !why.empty()) return fail(why);
+    if (!names.insert(name).second) return fail("\"" + name + "\" comes twice");
+    if (name == kManifestName) {
+      std::string text;
+      const bool read = in.Read([&text](const char* b, std::size_t n) {
+        text.append(b, n);
+        return text.size() <= kManifestLimit;
+      });
+      if (!read && in.error().empty()) return fail("the manifest is too large");
+      manifestText = std::move(text);
+      continue;
+    }
+    const JobStep step{"Checking file", entries.size() + 1, 0};
+    if (!progress(step)) return Cancelled(path);
+    StepBeat beat(progress, step);
+    const std::string hash = HashEntry(in, beat);
+    if (beat.cancelled()) return Cancelled(path);
+    entries.push_back({name, hash, archive_entry_mtime(e)});
+  }
+  if (!in.opened()) return fail(in.error());
+  if (!in.error().empty()) return fail("a damaged archive (" + in.error() + ")");
+  if (!manifestText) return fail("no " + std::string(kManifestName) + "; not a backup of chattelbook-sif");
+  std::string message;
+  auto parsed = ParseManifest(*manifestText, message);
+  if (!parsed) return fail(message);
+  manifest = std::move(*parsed);
+  for (const auto& e : entries) {
+    const auto it = manifest.hashes.find(e.name);
+    if (it == manifest.hashes.end()) return fail("\"" + e.name + "\" is not in the manifest");
+    if (it->second != e.hash) return fail("\"" + e.name + "\" does not match its SHA-256 in the manifest");
+  }
+  for (const auto& name : manifest.order)
+    if (!names.contains(name)) return fail("\"" + name + "\" is in the manifest but not in the archive");
+  return {};
+}
+
+// Files written beside their targets, renamed into place only when all are
+// whole; removed, with any folder made for them, otherwise.
+class Staging {
+ public:
+  ~Staging() {
+    for (const auto& [temp, target] : staged_) ::unlink(temp.c_str());
+    std::error_code ec;
+    for (auto it = made_.rbegin(); it != made_.rend(); ++it) fs::remove(*it, ec);
+  }
+
+  Status MakeFolder(const fs::path& dir) {
+    std::error_code ec;
+    std::vector<fs::path> missing;
+    for (fs::path p = dir; !p.empty() && !fs::exists(p, ec); p = p.parent_path()) missing.push_back(p);
+    for (auto it = missing.rbegin(); it != missing.rend(); ++it) {
+      if (!fs::create_directory(*it, ec) && ec) return Status::Described(it->string() + ": " + ec.message());
+      made_.push_back(*it);
+    }
+    return {};
+  }
+
+  // A new private file beside `target`, or -1 with errno set.
+  int Open(const fs::path& target) {
+    std::string temp;
+    const int fd = MakeTempBeside(target.string(), NewFileMode(), temp);
+    if (fd >= 0) staged_.emplace_back(temp, target.string());
+    return fd;
+  }
+
+  void Stamp(time_t mtime) {
+    const timespec times[2] = {{0, UTIME_OMIT}, {mtime, 0}};
+    ::utimensat(AT_FDCWD, staged_.back().first.c_str(), times, 0);
+  }
+
+  Status Commit() {
+    for (auto& [temp, target] : staged_) {
+      if (::rename(temp.c_str(), target.c_str()) != 0) return Status::Described(target + ": " + std::strerror(errno));
+      temp.clear();
+    }
+    staged_.clear();
+    made_.clear();
+    return {};
+  }
+
+ private:
+  std::vector<std::pair<std::string, std::string>> staged_;  // temporary, target
+  std::vector<fs::path> made_;
+};
+
+bool WriteAll(int fd, const char* b, std::size_t n) {
+  while (n > 0) {
+    const ssize_t w = ::write(fd, b, n);
+    if (w < 0 && errno == EINTR) continue;
+    if (w <= 0) return false;
+    b += w;
+    n -= static_cast<std::size_t>(w);
+  }
+  return true;
+}
+
+}  // namespace
+
+Status PlanRestore(const std::string& archivePath, const std::string& appDir, const JobProgress& progress,
+                   RestorePlan& plan) {
+  RestorePlan p;
+  p.archivePath = archivePath;
+  p.appDir = fs::absolute(appDir).lexically_normal().string();
+  if (Status surveyed = Survey(archivePath, progress, p.entries, p.manifest); !surveyed.ok()) return surveyed;
+  for (const auto& e : p.entries) {
+    const fs::path target = fs::path(p.appDir) / e.name;
+    std::error_code ec;
+    const fs::file_status st = fs::symlink_status(target, ec);
+    if (fs::is_directory(st)) return Status::Described(target.string() + ": is a directory");
+    if (fs::exists(st)) p.existing.push_back(e.name);
+  }
+  plan = std::move(p);
+  return {};
+}
+
+// The second pass: each file into its place, its hash checked once more.
+Status CarryOutRestore(const RestorePlan& plan, const JobProgress& progress) {
+  const std::string& path = plan.archivePath;
+  const Status changed = Status::Described(path + ": the archive changed while it was read");
+  Staging staging;
+  ArchiveIn in(path);
+  std::size_t next = 0;
+  while (archive_entry* e = in.Next()) {
+    const std::string name = EntryName(e);
+    if (name == kManifestName) continue;
+    if (next >= plan.entries.size() || plan.entries[next].name != name) return changed;
+    const JobStep step{"Restoring file", next + 1, plan.entries.size()};
+    if (!progress(step)) return Cancelled(path);
+    const fs::path target = fs::path(plan.appDir) / name;
+    if (Status made = staging.MakeFolder(target.parent_path()); !made.ok()) return made;
+    const int fd = staging.Open(target);
+    if (fd < 0) return Status::Described(target.string() + ": " + std::strerror(errno));
+    StepBeat beat(progress, step);
+    bool written = true;
+    const std::string hash = HashEntry(in, beat, [&](const char* b, std::size_t n) { return written = WriteAll(fd, b, n); });
+    written = written && (beat.cancelled() || ::fsync(fd) == 0);
+    const int saved = errno;
+    ::close(fd);
+    if (!written) return Status::Described(target.string() + ": " + std::strerror(saved));
+    if (beat.cancelled()) return Cancelled(path);
+    if (!in.error().empty() || hash != plan.entries[next].hash)
+      return Status::Described(path + ": \"" + name + "\" changed while it was read");
+    staging.Stamp(plan.entries[next].mtime);
+    ++next;
+  }
+  if (!in.error().empty() || next != plan.entries.size()) return changed;
+  return staging.Commit();
+}
+
+}  // namespace cb::pack
