@@ -31,6 +31,8 @@ constexpr qreal kRowMm = 7;      // a row of the summary table
 // Pictures keep 150 dots an inch at their printed size: sharp on paper,
 // a few tens of kilobytes each.
 constexpr int kPictureDpi = 150;
+// Blocks measured between two calls of the progress: some 15 ms.
+constexpr std::size_t kMeasuredBetweenCalls = 256;
 
 constexpr std::string_view kTitle = "Inventory for an Insurance Claim";
 
@@ -75,13 +77,13 @@ class ClaimWriter {
       : writer_(writer), p_(painter), c_(c), o_(o), progress_(progress), width_(writer.width()),
         bodyHeight_(writer.height() - Mm(kFooterMm)) {
     rowsPerPage_ = std::max(1, static_cast<int>((bodyHeight_ - Mm(18)) / Mm(kRowMm)));
-    const int rows = static_cast<int>(c.groups.size()) + (c.ungrouped > 0 ? 1 : 0) + 1;
-    Paginate();
-    pages_ = 1 + (rows + rowsPerPage_ - 1) / rowsPerPage_ + static_cast<int>(slidePages_.size());
   }
 
   // False when the user cancelled.
   bool Write() {
+    if (!Paginate()) return false;
+    const int rows = static_cast<int>(c_.groups.size()) + (c_.ungrouped > 0 ? 1 : 0) + 1;
+    pages_ = 1 + (rows + rowsPerPage_ - 1) / rowsPerPage_ + static_cast<int>(slidePages_.size());
     Cover();
     Summary();
     if (!Slides()) return false;
@@ -278,9 +280,13 @@ class ClaimWriter {
   }
 
   // The slides' pages, each as many whole blocks as fit, one at least.
-  void Paginate() {
+  // Measuring every block of a large file takes seconds before the first
+  // picture, so the user can cancel here too. False when they did.
+  bool Paginate() {
     qreal y = 0;
     for (std::size_t i = 0; i < c_.slides.size(); ++i) {
+      if (i % kMeasuredBetweenCalls == kMeasuredBetweenCalls - 1 && !progress_({"Picture", 1, c_.slides.size()}))
+        return false;
       const qreal h = Block(0, c_.slides[i], nullptr);
       if (slidePages_.empty() || y + h > bodyHeight_) {
         slidePages_.emplace_back();
@@ -289,6 +295,7 @@ class ClaimWriter {
       slidePages_.back().push_back(i);
       y += h;
     }
+    return true;
   }
 
   bool Slides() {
