@@ -29,8 +29,10 @@ QPageSize::PageSizeId LocalePageSize();
 std::string DefaultClaimPath(const std::string& sifPath);
 
 // Writes the claim pack; the PDF appears only whole. Reports one "Picture"
-// step per slide. `notes` gets a line per slide whose picture is missing
-// ("slide 3: picture \"tv.jpg\" is missing, marked in the claim").
+// step per slide as its block is drawn, and "Picture 1" now and then while
+// a large file is laid out before it. `notes` gets a line per slide whose
+// picture is missing ("slide 3: picture \"tv.jpg\" is missing, marked in
+// the claim").
 Status MakeClaimPack(const ClaimRequest& request, const JobProgress& progress, std::vector<std::string>& notes);
 
 }  // namespace cb::pack
