@@ -6,6 +6,7 @@
 
 #include <QGuiApplication>
 
+#include <ctime>
 #include <filesystem>
 #include <functional>
 #include <set>
@@ -119,6 +120,16 @@ TEST(Jobs, BackupRefusesAFileThatChangesWhileItIsRead) {
   }, result);
   EXPECT_EQ(s.description(), picture + ": changed while it was read");
   EXPECT_FALSE(fs::exists(app.dir / "torn.tar.gz"));
+}
+
+TEST(Jobs, WordsAndDefaultPaths) {
+  EXPECT_EQ(StepText({"Picture", 132, 500}), "Picture 132 of 500");
+  EXPECT_EQ(StepText({"Checking file", 12, 0}), "Checking file 12");
+  EXPECT_EQ(DefaultClaimPath("Files/My.sif"), "Files/My-claim.pdf");
+  std::tm halfPastMidnight{};  // the local date, whatever the zone
+  halfPastMidnight.tm_year = 126, halfPastMidnight.tm_mon = 10, halfPastMidnight.tm_mday = 25;
+  halfPastMidnight.tm_min = 30, halfPastMidnight.tm_isdst = -1;
+  EXPECT_EQ(DefaultBackupPath("Files/My.sif", std::mktime(&halfPastMidnight)), "Files/My-2026-11-25.tar.gz");
 }
 
 }  // namespace
