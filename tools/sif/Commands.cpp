@@ -22,6 +22,7 @@
 #include "Report.h"
 #include "SifFile.h"
 #include "Show.h"
+#include "Thumbnail.h"
 #include "qt/SystemLocale.h"
 
 namespace cb::sif {
@@ -38,6 +39,7 @@ constexpr std::string_view kUsage =
     "  or:  chattelbook-sif claim FILE.sif [--gallery DIR] [--by category|location] [--page a4|letter] -o CLAIM.pdf\n"
     "  or:  chattelbook-sif backup FILE.sif [--gallery DIR] -o ARCHIVE.tar.gz\n"
     "  or:  chattelbook-sif restore ARCHIVE.tar.gz --to APPDIR [--force]\n"
+    "  or:  chattelbook-sif thumbnail FILE.sif OUT.png [--size N]\n"
     "  or:  chattelbook-sif --help | --version\n"
     "\n"
     "Commands:\n"
@@ -55,6 +57,10 @@ constexpr std::string_view kUsage =
     "           into one archive; missing pictures are listed and do not stop it\n"
     "  restore  check every file of a backup, then put it under APPDIR's Files, Gallery,\n"
     "           Background and Wallpaper; existing files are replaced only with --force\n"
+    "  thumbnail\n"
+    "           write a PNG of at most N x N pixels (256 without --size) for file\n"
+    "           managers: the first pictures of the gallery beside the file's folder,\n"
+    "           one alone or up to four in a 2 x 2 grid, else the program's icon\n"
     "\n"
     "DIR defaults to the Gallery folder beside the file's own folder.\n"
     "\n"
@@ -241,7 +247,7 @@ struct Command {
   int (*run)(const QStringList&, Io&);
 };
 
-constexpr std::array<Command, 8> kCommands{{
+constexpr std::array<Command, 9> kCommands{{
     {"show", RunShow},
     {"export", RunExport},
     {"import", RunImport},
@@ -250,6 +256,7 @@ constexpr std::array<Command, 8> kCommands{{
     {"claim", WithUsage<RunClaim>},
     {"backup", WithUsage<RunBackup>},
     {"restore", WithUsage<RunRestore>},
+    {"thumbnail", WithUsage<RunThumbnail>},
 }};
 
 }  // namespace
