@@ -14,7 +14,8 @@ foreach(path
     lib/chattelbook/Help lib/chattelbook/Reports
     share/applications/${APP_ID}.desktop share/metainfo/${APP_ID}.metainfo.xml
     share/icons/hicolor/scalable/apps/${APP_ID}.svg share/icons/hicolor/48x48/apps/${APP_ID}.png
-    share/icons/hicolor/256x256/apps/${APP_ID}.png)
+    share/icons/hicolor/256x256/apps/${APP_ID}.png share/icons/hicolor/scalable/mimetypes/application-x-chattelbook-sif.svg
+    share/mime/packages/${APP_ID}.xml share/thumbnailers/${APP_ID}.thumbnailer)
   if(NOT EXISTS ${PREFIX}/${path})
     message(FATAL_ERROR "missing from the installation: ${path}")
   endif()
@@ -36,5 +37,20 @@ execute_process(COMMAND ${PREFIX}/bin/chattelbook-sif show ${app}/Files/HomeSecu
                 RESULT_VARIABLE status OUTPUT_VARIABLE out)
 if(NOT status EQUAL 0 OR NOT out MATCHES "Template: +1 Home Security")
   message(FATAL_ERROR "the installed chattelbook-sif does not run: ${status} ${out}")
+endif()
+# The thumbnailer's own command line, as a file manager runs it: the
+# installed template's gallery gives a 128 x 128 PNG.
+file(STRINGS ${PREFIX}/share/thumbnailers/${APP_ID}.thumbnailer exec REGEX "^Exec=")
+string(REGEX REPLACE "^Exec=" "" exec "${exec}")
+string(REPLACE "%i" "${app}/Files/HomeSecurity.sif" exec "${exec}")
+string(REPLACE "%o" "${PREFIX}/thumbnail.png" exec "${exec}")
+string(REPLACE "%s" "128" exec "${exec}")
+separate_arguments(exec UNIX_COMMAND "${exec}")
+execute_process(COMMAND ${CMAKE_COMMAND} -E env PATH=${PREFIX}/bin:$ENV{PATH} ${exec} RESULT_VARIABLE status)
+if(status EQUAL 0)
+  file(READ ${PREFIX}/thumbnail.png size OFFSET 16 LIMIT 8 HEX)  # the PNG header's width and height
+endif()
+if(NOT size STREQUAL "0000008000000080")
+  message(FATAL_ERROR "the thumbnailer's command gave no 128 x 128 PNG: ${status} ${size}")
 endif()
 file(REMOVE_RECURSE ${PREFIX})

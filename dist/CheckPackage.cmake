@@ -16,6 +16,8 @@ foreach(path
     "./usr/lib/chattelbook/Files/HomeSecurity.sif" "./usr/lib/chattelbook/help -> Help"
     "./usr/share/applications/${APP_ID}.desktop" "./usr/share/metainfo/${APP_ID}.metainfo.xml"
     "./usr/share/icons/hicolor/scalable/apps/${APP_ID}.svg" "./usr/share/icons/hicolor/48x48/apps/${APP_ID}.png"
+    "./usr/share/icons/hicolor/48x48/mimetypes/application-x-chattelbook-sif.png"
+    "./usr/share/mime/packages/${APP_ID}.xml" "./usr/share/thumbnailers/${APP_ID}.thumbnailer"
     "./usr/share/man/man1/chattelbook.1.gz" "./usr/share/man/man1/chattelbook-sif.1.gz"
     "./usr/share/doc/chattelbook/copyright" "./usr/share/doc/chattelbook/changelog.gz")
   string(FIND "${contents}" "${path}" at)

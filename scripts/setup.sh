@@ -8,7 +8,7 @@ cd "$(dirname "$0")/.."
 
 packages=(cmake ninja-build g++ pkg-config qt6-base-dev libgl-dev libgtest-dev libgmock-dev
           libbenchmark-dev fonts-dejavu-core libvips-tools libturbojpeg0-dev libjpeg62-turbo-dev libarchive-dev poppler-utils
-          desktop-file-utils appstream dpkg-dev file librsvg2-bin fonts-liberation help2man lintian)
+          desktop-file-utils appstream shared-mime-info dpkg-dev file librsvg2-bin fonts-liberation help2man lintian)
 missing=()
 for p in "${packages[@]}"; do
   dpkg-query -W -f='${Status}' "$p" 2>/dev/null | grep -q "install ok installed" || missing+=("$p")

@@ -19,6 +19,7 @@
 #include "Formats.h"
 #include "Report.h"
 #include "Show.h"
+#include "Thumbnail.h"
 #include "base/Cp1252.h"
 #include "pack/Inventory.h"
 #include "pack/SifFile.h"
@@ -44,6 +45,7 @@ constexpr std::string_view kUsage =
     "  or:  chattelbook-sif claim FILE.sif [--gallery DIR] [--by category|location] [--page a4|letter] -o CLAIM.pdf\n"
     "  or:  chattelbook-sif backup FILE.sif [--gallery DIR] -o ARCHIVE.tar.gz\n"
     "  or:  chattelbook-sif restore ARCHIVE.tar.gz --to APPDIR [--force]\n"
+    "  or:  chattelbook-sif thumbnail FILE.sif OUT.png [--size N]\n"
     "  or:  chattelbook-sif --help | --version\n"
     "\n"
     "Commands:\n"
@@ -61,6 +63,10 @@ constexpr std::string_view kUsage =
     "           into one archive; missing pictures are listed and do not stop it\n"
     "  restore  check every file of a backup, then put it under APPDIR's Files, Gallery,\n"
     "           Background and Wallpaper; existing files are replaced only with --force\n"
+    "  thumbnail  write a PNG of at most N x N pixels (256 without --size) for file\n"
+    "             managers: the first pictures of the gallery beside the file's\n"
+    "             folder, one alone or up to four in a 2 x 2 grid, else the\n"
+    "             program's icon\n"
     "\n"
     "DIR defaults to the Gallery folder beside the file's own folder.\n"
     "\n"
@@ -247,7 +253,7 @@ struct Command {
   int (*run)(const QStringList&, Io&);
 };
 
-constexpr std::array<Command, 8> kCommands{{
+constexpr std::array<Command, 9> kCommands{{
     {"show", RunShow},
     {"export", RunExport},
     {"import", RunImport},
@@ -256,6 +262,7 @@ constexpr std::array<Command, 8> kCommands{{
     {"claim", WithUsage<RunClaim>},
     {"backup", WithUsage<RunBackup>},
     {"restore", WithUsage<RunRestore>},
+    {"thumbnail", WithUsage<RunThumbnail>},
 }};
 
 }  // namespace
