@@ -2,9 +2,12 @@
 #include "dialogs/HelpRoutine.h"
 
 #include <QApplication>
+#include <QAction>
 #include <QDialog>
+#include <QKeyEvent>
 #include <QMdiArea>
 #include <QMdiSubWindow>
+#include <QMenu>
 #include <QPointer>
 #include <QShortcut>
 
@@ -68,6 +71,28 @@ const WindowHelp* RowForFocus(QWidget& window) {
 
 QString PageOf(const WindowHelp& row) { return Utf8ToQ(row.page); }
 
+// A menu grabs the keyboard while it is open, so the window's F1 never sees it.
+class MenuF1 final : public QObject {
+ public:
+  MenuF1(QWidget& window, QMenu& menu) : QObject(&menu), window_(window), menu_(menu) {}
+
+  bool eventFilter(QObject*, QEvent* e) override {
+    if (e->type() != QEvent::KeyPress || static_cast<QKeyEvent*>(e)->key() != Qt::Key_F1) return false;
+    const QAction* item = menu_.activeAction();
+    if (!item) return false;
+    const QByteArray name = window_.objectName().toUtf8(), control = item->objectName().toUtf8();
+    const WindowHelp* row = FindWindowHelp(View(name), View(control));
+    if (!row || row->control.empty() || row->page.empty()) return false;
+    for (QWidget* open = &menu_; auto* m = qobject_cast<QMenu*>(open); open = m->parentWidget()) m->close();
+    OpenHelp(PageOf(*row));
+    return true;
+  }
+
+ private:
+  QWidget& window_;
+  QMenu& menu_;
+};
+
 void Run(QWidget& window, const WindowHelp* row) {
   if (!row || row->page.empty()) return;
   if (row->closes)
@@ -104,6 +129,8 @@ void InstallF1(QWidget& window) {
   f1->setContext(Qt::WidgetWithChildrenShortcut);
   QObject::connect(f1, &QShortcut::activated, &window, [&window] { Run(window, RowForFocus(window)); });
 }
+
+void InstallMenuF1(QWidget& window, QMenu& menu) { menu.installEventFilter(new MenuF1(window, menu)); }
 
 HelpViewerWindow* OpenHelpViewer() { return Viewer().data(); }
 

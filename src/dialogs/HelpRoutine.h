@@ -15,6 +15,7 @@
 #include "model/WindowHelp.h"
 
 class QMdiArea;
+class QMenu;
 
 namespace cb {
 
@@ -51,6 +52,10 @@ void CloseWithHelp(QWidget& window);
 // F1 in `window` or any control in it: ShowHelp for the control that has the
 // keyboard, or the nearest of its parents that has a row of its own.
 void InstallF1(QWidget& window);
+
+// F1 on an item of `menu`, a menu of `window`: the open-only routine when the
+// item, by object name, has a row of its own for the window.
+void InstallMenuF1(QWidget& window, QMenu& menu);
 
 // The open viewer, or null.
 HelpViewerWindow* OpenHelpViewer();

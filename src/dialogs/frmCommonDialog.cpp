@@ -325,7 +325,7 @@ std::unique_ptr<frmCommonDialog>& CommandDialog() {
 }  // namespace
 
 frmCommonDialog& RunCommonDialog(const QString& title, const QString& folder, const QString& pattern,
-                                 const QStringList& types) {
+                                 const QStringList& types, const QString& name) {
   CommandDialog() = std::make_unique<frmCommonDialog>();
   frmCommonDialog& d = *CommandDialog();
   d.DialogTitle = title;
@@ -333,6 +333,7 @@ frmCommonDialog& RunCommonDialog(const QString& title, const QString& folder, co
   d.FileListBox1->Pattern(pattern);
   d.cboFileType->addItems(types);
   d.cboFileType->setCurrentText(types.value(0));
+  d.txtFilename->setText(name);
   d.exec();
   return d;
 }

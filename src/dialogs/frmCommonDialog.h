@@ -156,9 +156,10 @@ class frmCommonDialog : public FolderDialog {
 // The dialog as the commands run it: one at a time, kept loaded after a
 // cancel until the next command replaces it. Makes a new dialog (replacing
 // the last), sets its title, folder, pattern and file types, and shows it
-// modally. The dialog stays loaded.
+// modally. The dialog stays loaded. A `name` starts in the name box, so
+// Enter takes it.
 frmCommonDialog& RunCommonDialog(const QString& title, const QString& folder, const QString& pattern,
-                                 const QStringList& types);
+                                 const QStringList& types, const QString& name = {});
 
 // Unloads the dialog of the last command.
 void UnloadCommonDialog();

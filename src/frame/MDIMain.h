@@ -79,6 +79,8 @@ class MDIMain : public QMainWindow {
 
   // The command of a menu item of either bar; the gallery's items arrive here too.
   void RunCommand(MenuId id);
+  // The question before a file is written over.
+  static bool OverwriteConfirmed(const QString& name, const char* title);
   void Toolbar1_ButtonClick(ToolbarButton b);
 
   // The commands behind the menu items and buttons (the tables in MDIMainMenus.cpp and MDIMain.cpp).
@@ -94,6 +96,9 @@ class MDIMain : public QMainWindow {
   void mnuFileNew_Click();
   void mnuFileOpen_Click();
   void mnuFileSaveAs_Click();
+  void mnuFileClaim_Click();
+  void mnuFileBackup_Click();
+  void mnuFileRestore_Click();
   void mnuFilePassword_Click();
   void mnuFileExit_Click();
   void mnuViewToolbar_Click();

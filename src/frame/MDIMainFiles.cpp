@@ -35,16 +35,16 @@ bool Exists(const frmCommonDialog& d, const QString& probe, const QString& name)
   return DirEntryName(PathFromQ(d.Dir1->Path() + "/" + probe)) == PathFromQ(name);
 }
 
-bool OverwriteConfirmed(const QString& name, const char* title) {
-  return MsgBox("The file '" + name + "' already exists.\nAre you sure you want to overwrite this file?",
-                vbYesNo, title) == vbYes;
-}
-
 std::string InFileList(const frmCommonDialog& d, const QString& name) {
   return PathFromQ(d.FileListBox1->Path() + "/" + name);
 }
 
 }  // namespace
+
+bool MDIMain::OverwriteConfirmed(const QString& name, const char* title) {
+  return MsgBox("The file '" + name + "' already exists.\nAre you sure you want to overwrite this file?",
+                vbYesNo, title) == vbYes;
+}
 
 void MDIMain::mnuFileNew_Click() {
   frmCommonDialog& d = RunSifDialog("New");

@@ -40,6 +40,9 @@ constexpr Handler kHandlers[] = {
     {MenuId::FileNew, &MDIMain::mnuFileNew_Click},
     {MenuId::FileOpen, &MDIMain::mnuFileOpen_Click},
     {MenuId::FileSaveAs, &MDIMain::mnuFileSaveAs_Click},
+    {MenuId::FileClaim, &MDIMain::mnuFileClaim_Click},
+    {MenuId::FileBackup, &MDIMain::mnuFileBackup_Click},
+    {MenuId::FileRestore, &MDIMain::mnuFileRestore_Click},
     {MenuId::FileGallery, &MDIMain::mnuFileGallery_Click},
     {MenuId::FilePassword, &MDIMain::mnuFilePassword_Click},
     {MenuId::FileExit, &MDIMain::mnuFileExit_Click},
@@ -63,7 +66,10 @@ constexpr Handler kHandlers[] = {
 
 void MDIMain::CreateMenus() {
   menus_ = BuildMenus(this, MainMenu());
-  for (QMenu* m : menus_.bar) menuBar()->addMenu(m);
+  for (QMenu* m : menus_.bar) {
+    menuBar()->addMenu(m);
+    InstallMenuF1(*this, *m);
+  }
   connect(Menu(MenuId::Window), &QMenu::aboutToShow, this, &MDIMain::FillWindowMenu);
 }
 

@@ -8,7 +8,8 @@ using M = MenuId;
 
 namespace {
 
-// The gallery's File menu has New and Save As live and its own Gallery off.
+// The gallery's File menu has New, Save As and what works on the open file
+// live, and its own Gallery off.
 constexpr MenuItemRow kGalleryFile[] = {
     {M::File, "mnuFile", "&File", 0, S::Normal},
     {M::FileNew, "mnuFileNew", "&New", 1, S::Normal},
@@ -16,6 +17,9 @@ constexpr MenuItemRow kGalleryFile[] = {
     {M::Bar1, "mnuBar1", "-", 1, S::Normal},
     {M::FileSaveAs, "mnuFileSaveAs", "&Save As", 1, S::Normal},
     {M::Bar2, "mnuBar2", "-", 1, S::Normal},
+    {M::FileClaim, "mnuFileClaim", "&Claim Pack...", 1, S::Normal},
+    {M::FileBackup, "mnuFileBackup", "&Back Up...", 1, S::Normal},
+    {M::FileRestore, "mnuFileRestore", "&Restore...", 1, S::Normal},
     {M::FileGallery, "mnuFileGallery", "&Gallery", 1, S::Off},
     {M::FileWallpaper, "mnuFileWallpaper", "&Set Wallpaper", 1, S::Normal},
     {M::Bar3, "mnuBar3", "-", 1, S::Normal},

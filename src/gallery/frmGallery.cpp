@@ -40,7 +40,7 @@ constexpr MenuId kForwards[] = {
     MenuId::ViewStatusbar,    MenuId::WindowVertical,  MenuId::WindowHorizontal,   MenuId::WindowCascade,
     MenuId::HelpContents,     MenuId::HelpAbout,       MenuId::Popup2SetWallpaper, MenuId::Popup4SetBackground,
     MenuId::FileHist1,        MenuId::FileHist2,       MenuId::FileHist3,          MenuId::FileHist4,
-    MenuId::SlidesTemplate,
+    MenuId::SlidesTemplate,   MenuId::FileClaim,       MenuId::FileBackup,         MenuId::FileRestore,
 };
 
 }  // namespace
@@ -82,6 +82,7 @@ QSize frmGallery::sizeHint() const {
 
 void frmGallery::CreateMenus() {
   menus_ = BuildMenus(this, GalleryMenu());
+  for (QMenu* m : menus_.bar) InstallMenuF1(*this, *m);
   for (MenuId id : kForwards) {
     QAction* a = Item(id);
     connect(a, &QAction::triggered, this, [this, a, id] {

@@ -18,6 +18,18 @@ std::string FileMenuBody(const PageLinks& l) {
             "Writes the open collection under a new name, and goes on with the new file.&nbsp; Only the details "
             "are written: the pictures stay in the Gallery folder, shared by every file.&nbsp; No extension is "
             "added to the name you type, so type &#39;.sif&#39; yourself.");
+  s += Item("Claim Pack",
+            "Writes a PDF to hand to an insurer: a cover, the totals by category or by location, and every slide "
+            "with its picture and details.&nbsp; Choose the totals and the page size, then a name for the "
+            "PDF.&nbsp; A slide whose picture is missing is marked in the pack.&nbsp; Cancel stops it and leaves no "
+            "file behind.");
+  s += Item("Back Up",
+            "Writes the open file, every picture it names, its frame and its wallpaper into one archive "
+            "(&#39;.tar.gz&#39;), with a list of their checksums.&nbsp; The name offered holds the date.");
+  s += Item("Restore",
+            "Puts the files of a backup back into the Chattelbook folder.&nbsp; The whole archive is checked "
+            "first, and you are asked before any file is replaced; if anything fails, nothing is.&nbsp; When the "
+            "open file is replaced, the gallery shows it again.");
   s += Item("Gallery", "Shows the gallery of the open file again after it has been closed.");
   s += Item("Set Wallpaper",
             "Chooses the picture shown behind the windows of Chattelbook from the Wallpaper folder.&nbsp; The "

@@ -8,11 +8,12 @@ namespace {
 
 constexpr bool kCloses = true, kStays = false;
 constexpr char kNoHelp[] = "";
+constexpr char kFileMenuPage[] = "help003.htm";
 
 // A window's own row stands for the window and every control without a row
 // of its own. The dialogs close, so a caller waiting on one finds it
 // cancelled; the main working windows stay.
-constexpr std::array<WindowHelp, 24> kRows{{
+constexpr std::array<WindowHelp, 31> kRows{{
     {"frmCommonDialog", "", kQuickStartPage, kCloses},
     {"frmDirectory", "", kQuickStartPage, kCloses},
     {"dlgRemoveSlide", "", kQuickStartPage, kCloses},
@@ -25,6 +26,7 @@ constexpr std::array<WindowHelp, 24> kRows{{
     {"frmReport", "", "help012.htm", kCloses},
     {"frmBackground", "", "help014.htm", kCloses},
     {"frmSetSlideTemplate", "", "help015.htm", kCloses},
+    {"frmClaimPack", "", kFileMenuPage, kCloses},
     {"frmSlide", "", "help009.htm", kStays},
     {"frmGallery", "", "help011.htm", kStays},
     {"frmHelp", "", kQuickStartPage, kStays},  // read only at load: an open viewer keeps its page
@@ -39,6 +41,13 @@ constexpr std::array<WindowHelp, 24> kRows{{
     {"frmEditSlideVEH", "cboCategory", kNoHelp, kStays},
     {"frmEditSlideVEH", "cboLocation", "help011.htm", kStays},
     {"frmReport", "Help", "help012.htm", kStays},  // the viewer's toolbar button
+    // Menu items with F1 of their own, in both menu bars.
+    {"MDIMain", "mnuFileClaim", kFileMenuPage, kStays},
+    {"MDIMain", "mnuFileBackup", kFileMenuPage, kStays},
+    {"MDIMain", "mnuFileRestore", kFileMenuPage, kStays},
+    {"frmGallery", "mnuFileClaim", kFileMenuPage, kStays},
+    {"frmGallery", "mnuFileBackup", kFileMenuPage, kStays},
+    {"frmGallery", "mnuFileRestore", kFileMenuPage, kStays},
 }};
 
 }  // namespace

@@ -107,6 +107,8 @@ class ArchiveOut {
     if (archive_write_open_fd(a_, fd_) != ARCHIVE_OK) Fail();
   }
   ~ArchiveOut() {
+    // An archive given up would otherwise pad its open entry to full size first.
+    if (a_ && !committed_) archive_write_fail(a_);
     if (a_) archive_write_free(a_);
     if (fd_ >= 0) ::close(fd_);
     if (!committed_ && !temp_.empty()) ::unlink(temp_.c_str());
@@ -208,8 +210,10 @@ Status MakeBackup(const BackupRequest& request, const JobProgress& progress, Bac
   SifDocument doc;
   std::string message;
   if (!ReadSif(path, doc, message)) return Status::Described(message);
-  const fs::path galleryDir =
+  fs::path galleryDir =
       fs::absolute(request.galleryDir.empty() ? DefaultGalleryDir(path) : request.galleryDir).lexically_normal();
+  // "Gallery/" names the same folder as "Gallery": its siblings hold the frame and the wallpaper.
+  if (!galleryDir.has_filename()) galleryDir = galleryDir.parent_path();
   const std::vector<Source> sources = Sources(doc, path, galleryDir, result.notes);
 
   ArchiveOut archive(out);

@@ -26,7 +26,7 @@ inline constexpr char kErrorTitle[] = "Error";
 // purpose, whatever the two are named.
 enum class MenuId : std::uint8_t {
   File, View, Slides, Window, Help, Popup1, Popup2, Popup3, Popup4,
-  FileNew, FileOpen, Bar1, FileSaveAs, Bar2, FileGallery, FileWallpaper, Bar3, FilePassword,
+  FileNew, FileOpen, Bar1, FileSaveAs, Bar2, FileClaim, FileBackup, FileRestore, FileGallery, FileWallpaper, Bar3, FilePassword,
   Bar4, FileHist1, FileHist2, FileHist3, FileHist4, Bar5, FileExit,
   ViewToolbar, ViewStatusbar,
   SlidesAdd, SlidesModify, SlidesTemplate,
