@@ -3,6 +3,8 @@
 
 #include <QFont>
 #include <QFontMetricsF>
+#include <QHashFunctions>
+#include <QScopeGuard>
 #include <QImage>
 #include <QImageReader>
 #include <QPainter>
@@ -336,6 +338,11 @@ Status WriteClaimPdf(const ClaimContent& content, const ClaimPdfOptions& options
                      const JobProgress& progress) {
   QSaveFile file(Q(path));
   if (!file.open(QIODevice::WriteOnly)) return Status::Described(path + ": " + file.errorString().toStdString());
+  // The writer lists its fonts in the order of hashes it fills as it paints;
+  // with a fixed seed the same claim gives the same bytes in every process,
+  // dates apart.
+  QHashSeed::setDeterministicGlobalSeed();
+  const auto reseed = qScopeGuard([] { QHashSeed::resetRandomGlobalSeed(); });
   {
     QPdfWriter writer(&file);
     writer.setResolution(kDpi);
