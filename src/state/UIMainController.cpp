@@ -51,6 +51,7 @@ UIMainController::UIMainController(std::string appPath, SettingsStore& settings,
 void UIMainController::SlideInformationFilePath(std::string v) {
   slideInformationFilePath_ = std::move(v);
   const auto& p = slideInformationFilePath_;
+  if (lockOpenFile_) openFileLock_.TryAcquire(p);
   if (p.empty()) return;
   const auto slash = p.rfind('/');
   if (slash == std::string::npos) {

@@ -15,6 +15,7 @@
 #include "state/SettingsStore.h"
 #include "state/UIGlobalController.h"
 #include "storage/DataAccess.h"
+#include "storage/SlideFileLock.h"
 
 namespace cb {
 
@@ -37,7 +38,14 @@ class UIMainController {
   void SlideInformationPath(std::string v) { slideInformationPath_ = std::move(v); }
   const std::string& SlideInformationFilePath() const { return slideInformationFilePath_; }
   // Stores the path and, unless it is empty, splits it at its last "/".
+  // With LockOpenFile on, the file's lock moves to it.
   void SlideInformationFilePath(std::string v);
+  // The program (not a test, nor a window's own controller) holds the lock
+  // of the file it has open, so that chattelbook-sif leaves it alone.
+  void LockOpenFile() {
+    lockOpenFile_ = true;
+    openFileLock_.TryAcquire(slideInformationFilePath_);
+  }
   const std::string& Wallpaper() const { return wallpaper_; }
   void Wallpaper(std::string v) { wallpaper_ = std::move(v); }
   const std::string& ReportFont() const { return reportFont_; }
@@ -115,6 +123,8 @@ class UIMainController {
   UIGlobalController& GlobalController() { return *globalController_; }
 
  private:
+  bool lockOpenFile_ = false;
+  SlideFileLock openFileLock_;
   std::string appPath_;
   SettingsStore& settings_;
   ModGlobal& globals_;

@@ -147,3 +147,50 @@ TEST(Csv, WritesAndReadsBack) {
 
 }  // namespace
 }  // namespace cb::sif::testing
+
+namespace cb::sif::testing {
+namespace {
+
+// While the program has a file open, the commands that would replace it
+// refuse; its own saves keep the lock; once it lets go, they work again.
+TEST(OpenFileLock, CommandsLeaveAFileOpenInTheProgramAlone) {
+  Scratch dir;
+  fs::create_directories(dir / "app/Files");
+  const std::string open = dir / "app/Files/open.sif";
+  WriteAsProgram(open, {}, {{"tv.jpg", "Television"}});
+  ASSERT_EQ(RunInProcess({"backup", open, "-o", dir / "b.tar.gz"}).status, 0);
+  WriteFile(dir / "x.csv", "PictureFile,SlideText\nsofa.jpg,Sofa\n");
+  const std::string message = "chattelbook-sif: " + open + " is open in Chattelbook; close it there first\n";
+  const std::vector<std::string> replacing[] = {
+      {"import", dir / "x.csv", "-o", open, "--force"},
+      {"restore", dir / "b.tar.gz", "--to", dir / "app", "--force"},
+  };
+  {
+    ModGlobal g;
+    MemorySettings settings;
+    UIMainController program(dir / "app", settings, g);
+    program.SetRegistryKeys(open);
+    program.LockOpenFile();
+    ErrorArray errors;
+    ASSERT_TRUE(Report(program.LoadSettings(), errors));
+    for (const bool saved : {false, true}) {
+      if (saved) {
+        ASSERT_TRUE(Report(program.SaveSettings(), errors));  // replaces the file by rename
+      }
+      const std::string bytes = ReadFile(open);
+      for (const auto& args : replacing) {
+        SCOPED_TRACE(args.front() + (saved ? " after a save" : ""));
+        const Outcome refused = RunInProcess(args);
+        EXPECT_EQ(refused.status, kExitData);
+        EXPECT_EQ(refused.err, message);
+        EXPECT_EQ(ReadFile(open), bytes);
+      }
+      EXPECT_EQ(RunInProcess({"export", open}).status, kExitOk);  // reading goes on
+    }
+  }
+  for (const auto& args : replacing) EXPECT_EQ(RunInProcess(args).status, kExitOk) << args.front();
+  EXPECT_FALSE(fs::exists(dir / "app/Files/.open.sif.lock"));  // each holder removes what it made
+}
+
+}  // namespace
+}  // namespace cb::sif::testing

@@ -24,6 +24,7 @@
 #include "pack/Inventory.h"
 #include "pack/SifFile.h"
 #include "qt/SystemLocale.h"
+#include "storage/SlideFileLock.h"
 
 namespace cb::sif {
 namespace {
@@ -189,7 +190,10 @@ int RunImport(const QStringList& args, Io& io) {
   SlideArray slides;
   if (!FromInventory(inv, templateOverride, settings, slides, message))
     return Fail(io, S(input) + ": " + message + "; nothing was written");
-  if (!WriteSif(S(p.value(kOutput)), settings, slides, p.isSet(force), message)) return Fail(io, message);
+  const std::string out = S(p.value(kOutput));
+  SlideFileLock lock;  // held until the new file is in place
+  if (!lock.TryAcquire(out)) return Fail(io, OpenInProgramMessage(out));
+  if (!WriteSif(out, settings, slides, p.isSet(force), message)) return Fail(io, message);
   return kExitOk;
 }
 

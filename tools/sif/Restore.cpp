@@ -1,6 +1,10 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
+#include <memory>
+#include <vector>
+
 #include "Backup.h"
 #include "pack/Backup.h"
+#include "storage/SlideFileLock.h"
 
 namespace cb::sif {
 
@@ -26,6 +30,14 @@ int RunRestore(const QStringList& args, const CommandIo& io) {
     for (const auto& n : plan.existing) list += "\n  " + n;
     return DataError(io, "these files exist in " + plan.appDir + "; give --force to replace them" + list +
                              "\nnothing was written");
+  }
+  // The slide files it would write must not be open in the program.
+  std::vector<std::unique_ptr<SlideFileLock>> locks;
+  for (const auto& e : plan.entries) {
+    if (!e.name.starts_with("Files/")) continue;
+    const std::string target = plan.appDir + "/" + e.name;
+    locks.push_back(std::make_unique<SlideFileLock>());
+    if (!locks.back()->TryAcquire(target)) return DataError(io, OpenInProgramMessage(target));
   }
   if (const Status restored = pack::CarryOutRestore(plan, pack::Unwatched); !restored.ok())
     return nothingWritten(restored);
