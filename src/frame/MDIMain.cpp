@@ -40,6 +40,7 @@ void WallpaperArea::paintEvent(QPaintEvent* e) {
 
 MDIMain::MDIMain() : area_(new WallpaperArea(this)) {
   setObjectName("MDIMain");
+  setAcceptDrops(true);
   setWindowTitle(kAppTitle);
   area_->setObjectName("MDIClient");
   area_->setBackground(QColor(128, 128, 128));

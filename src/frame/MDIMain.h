@@ -79,6 +79,12 @@ class MDIMain : public QMainWindow {
 
   // The command of a menu item of either bar; the gallery's items arrive here too.
   void RunCommand(MenuId id);
+  // A file named on the command line or handed over by a later start: opened
+  // as File Open opens it; one that cannot be read is told as a failed load.
+  void OpenFromOutside(const std::string& path);
+  // A later start's file (empty for none): the window comes forward and the
+  // file opens once no modal dialog is up.
+  void TakeHandedFile(const std::string& path);
   // The question before a file is written over.
   static bool OverwriteConfirmed(const QString& name, const char* title);
   void Toolbar1_ButtonClick(ToolbarButton b);
@@ -119,6 +125,9 @@ class MDIMain : public QMainWindow {
   void changeEvent(QEvent* e) override;
   void closeEvent(QCloseEvent* e) override;
   bool eventFilter(QObject* watched, QEvent* e) override;
+  // A slide file dropped anywhere on the window opens; pictures are the gallery's.
+  void dragEnterEvent(QDragEnterEvent* e) override;
+  void dropEvent(QDropEvent* e) override;
 
  private:
   void CreateMenus();

@@ -1,12 +1,20 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // New, Open, Save As and the history entries: ask for a file, point the settings at it, read or
 // write it, and build the gallery afresh.
+#include <QApplication>
 #include <QComboBox>
+#include <QDropEvent>
 #include <QLineEdit>
+#include <QTimer>
+
+#include <filesystem>
+#include <fstream>
 
 #include "dialogs/frmCommonDialog.h"
 #include "frame/MDIMain.h"
+#include "gallery/DropRules.h"
 #include "gallery/frmGallery.h"
+#include "qt/DroppedFiles.h"
 #include "qt/MsgBox.h"
 #include "qt/Twips.h"
 #include "state/modGlobal.h"
@@ -83,6 +91,46 @@ void MDIMain::mnuFileOpen_Click() {
   OpenFile(InFileList(d, selected));
   UnloadCommonDialog();
   RebuildGallery();
+}
+
+void MDIMain::OpenFromOutside(const std::string& path) {
+  std::error_code ec;
+  if (!std::filesystem::is_regular_file(path, ec) || !std::ifstream(path, std::ios::binary)) {
+    MsgBox(kLoadErrorText, vbOKOnly, kLoadErrorTitle);
+    return;
+  }
+  OpenFile(path);
+  RebuildGallery();
+}
+
+void MDIMain::TakeHandedFile(const std::string& path) {
+  if (isMinimized()) showNormal();
+  raise();
+  activateWindow();
+  if (path.empty()) return;
+  if (QApplication::activeModalWidget()) {
+    constexpr int kRetryMs = 250;
+    QTimer::singleShot(kRetryMs, this, [this, path] { TakeHandedFile(path); });
+    return;
+  }
+  OpenFromOutside(path);
+}
+
+namespace {
+
+std::vector<std::string> SlideFilesOf(const QMimeData* data) { return SortDrop(DroppedFiles(data)).slideFiles; }
+
+}  // namespace
+
+void MDIMain::dragEnterEvent(QDragEnterEvent* e) {
+  if (!SlideFilesOf(e->mimeData()).empty()) e->acceptProposedAction();
+}
+
+void MDIMain::dropEvent(QDropEvent* e) {
+  const std::vector<std::string> files = SlideFilesOf(e->mimeData());
+  if (files.empty()) return e->ignore();
+  e->acceptProposedAction();
+  OpenFromOutside(files.front());  // one file is open at a time
 }
 
 void MDIMain::mnuFileHist_Click(int index) {

@@ -7,11 +7,14 @@
 
 #include <unistd.h>
 
+#include <cstdio>
 #include <cstdlib>
+#include <filesystem>
 
 #include "dialogs/HelpRoutine.h"
 #include "frame/Forms.h"
 #include "frame/MDIMain.h"
+#include "frame/ProgramInstance.h"
 #include "frame/frmLogin.h"
 #include "frame/frmSplash.h"
 #include "help/UIHelpController.h"
@@ -21,6 +24,7 @@
 #include "qt/QtSettingsStore.h"
 #include "qt/Twips.h"
 #include "state/AppDirectory.h"
+#include "state/CommandLine.h"
 #include "state/StartupErrors.h"
 #include "state/modGlobal.h"
 #include "state/MDIMainRules.h"
@@ -61,9 +65,33 @@ void WaitSeconds(int seconds) {
   }
 }
 
-bool Main() {
+int RunProgram(const QStringList& args) {
+  std::vector<std::string> words;
+  for (const QString& a : args.mid(1)) words.push_back(PathFromQ(a));
+  const CommandLine line = ParseCommandLine(words);
+  if (line.kind == CommandLine::Kind::Error) {
+    std::fprintf(stderr, "chattelbook: %s\n\n%s", line.message.c_str(), UsageText().c_str());
+    return 2;
+  }
+  std::error_code ec;
+  const std::string file = line.file.empty() ? std::string() : std::filesystem::absolute(line.file, ec).string();
+  const std::string appDir = ApplicationDirectory();
+  ProgramInstance instance(appDir);
+  switch (instance.HandOverOrListen(PathToQ(file))) {
+    case ProgramInstance::Start::HandedOver:
+      return 0;
+    case ProgramInstance::Start::Failed:
+      std::fprintf(stderr, "chattelbook: the program running on %s does not answer\n", appDir.c_str());
+      return 1;
+    case ProgramInstance::Start::Running:
+      break;
+  }
   static QtSettingsStore settings;
-  return Main(ApplicationDirectory(), settings);
+  if (!Main(appDir, settings)) return 0;  // the start-up refused the user
+  MDIMain& main = TheMDIMain();
+  if (!file.empty()) main.OpenFromOutside(file);
+  instance.SetReceiver([&main](const QString& handed) { main.TakeHandedFile(PathFromQ(handed)); });
+  return QApplication::exec();
 }
 
 bool Main(const std::string& appPath, SettingsStore& settings) {
@@ -71,6 +99,7 @@ bool Main(const std::string& appPath, SettingsStore& settings) {
   ModGlobal& g = Globals();
   g.MainController = std::make_unique<UIMainController>(appPath, settings, g);
   UIMainController& mc = *g.MainController;
+  mc.LockOpenFile();
 
   auto* splash = new frmSplash();
   SetOpenSplash(splash);

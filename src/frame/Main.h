@@ -2,17 +2,21 @@
 #pragma once
 // The program's entry point and the start-up helpers.
 
+#include <QStringList>
+
 #include <string>
 
 namespace cb {
 
 class SettingsStore;
 
-// Starts the program from the directory of the executable with the user's
-// settings. False when the start ended the program (a refused login).
-bool Main();
+// Runs the program on its command line (Qt's own options already taken):
+// starts it, or hands the file to the program already running on the same
+// data folder. The process's exit status.
+int RunProgram(const QStringList& args);
 
-// The same from `appPath` with `settings`, which must outlive the program's state.
+// Starts the program from `appPath` with `settings`, which must outlive the
+// program's state. False when the start ended the program (a refused login).
 bool Main(const std::string& appPath, SettingsStore& settings);
 
 // Lets window events run until the clock's second of the day passes

@@ -4,6 +4,7 @@
 #include <QAction>
 #include <QApplication>
 #include <QCloseEvent>
+#include <QDropEvent>
 #include <QMdiSubWindow>
 #include <QMenu>
 #include <QPointer>
@@ -14,6 +15,7 @@
 #include "dialogs/HelpRoutine.h"
 #include "dialogs/dlgWhat.h"
 #include "dialogs/frmCommonDialog.h"
+#include "gallery/DropRules.h"
 #include "gallery/GalleryLayout.h"
 #include "gallery/GalleryMenuTable.h"
 #include "gallery/ScrollRules.h"
@@ -21,6 +23,7 @@
 #include "gallery/frmModifySlide.h"
 #include "model/SlideNames.h"
 #include "qt/DrawingLock.h"
+#include "qt/DroppedFiles.h"
 #include "qt/MsgBox.h"
 #include "qt/OpenForms.h"
 #include "qt/StretchImage.h"
@@ -68,6 +71,7 @@ frmGallery::frmGallery() {
   FlatScrollBar1->setContextMenuPolicy(Qt::NoContextMenu);  // the bar has no menu of its own
   connect(FlatScrollBar1, &QScrollBar::valueChanged, this, &frmGallery::FlatScrollBar1_Change);
   CreateMenus();
+  setAcceptDrops(true);
   setFocusPolicy(Qt::StrongFocus);  // so the window has the keyboard, and F1, when it is active
   InstallF1(*this);
   resize(TwipsToPixelsX(kOpeningClientWidth), TwipsToPixelsY(kOpeningClientHeight));
@@ -184,6 +188,38 @@ void frmGallery::mnuSlidesAdd_Click() {
   if (!mc.GlobalController().AppendSlide(PathFromQ(NewSlidePath), mc, g.Slides)) return;
   if (!Report(mc.SaveSettings(), errors_)) return;
   NewSlidePath.clear();
+  emit CollectionChanged();
+}
+
+void frmGallery::dragEnterEvent(QDragEnterEvent* e) {
+  const std::vector<std::string> paths = DroppedFiles(e->mimeData());
+  if (!paths.empty() && SortDrop(paths).slideFiles.empty()) e->acceptProposedAction();
+}
+
+void frmGallery::dropEvent(QDropEvent* e) {
+  const std::vector<std::string> paths = DroppedFiles(e->mimeData());
+  if (paths.empty() || !SortDrop(paths).slideFiles.empty()) return e->ignore();
+  e->acceptProposedAction();
+  AddDroppedPictures(paths);
+}
+
+void frmGallery::AddDroppedPictures(const std::vector<std::string>& paths) {
+  ModGlobal& g = Globals();
+  UIMainController& mc = *g.MainController;
+  SortedDrop drop = SortDrop(paths);
+  std::size_t added = 0;
+  for (const std::string& picture : drop.pictures) {
+    if (mc.GlobalController().AppendSlide(picture, mc, g.Slides)) {
+      ++added;
+      continue;
+    }
+    // A picture that could not be copied takes its record back with it.
+    g.Slides.pop_back();
+    mc.NumberOfRecords(static_cast<std::int32_t>(g.Slides.size()) - 1);
+    drop.others.push_back(picture);
+  }
+  if (!drop.others.empty()) MsgBox(Utf8ToQ(NotTakenText(drop.others)), vbOKOnly | vbExclamation, "Add Slide");
+  if (added == 0 || !Report(mc.SaveSettings(), errors_)) return;
   emit CollectionChanged();
 }
 

@@ -53,6 +53,9 @@ class frmGallery : public QWidget {
   void mnuSlidesModify_Click();
   void mnuPopup1Delete_Click();
   void mnuPopupReset_Click();
+  // JPEGs dropped from a file manager become slides, in the order dropped,
+  // as Add Slide makes them, with one save; other files are named back.
+  void AddDroppedPictures(const std::vector<std::string>& paths);
 
   // Image1(1..15) the slide images, Image1(16..30) their frames.
   StretchImage* Image1(int index) const { return images_[static_cast<std::size_t>(index - 1)]; }
@@ -96,6 +99,9 @@ class frmGallery : public QWidget {
  protected:
   void resizeEvent(QResizeEvent* e) override;
   void closeEvent(QCloseEvent* e) override;
+  // A drop with a slide file in it is left to the main window.
+  void dragEnterEvent(QDragEnterEvent* e) override;
+  void dropEvent(QDropEvent* e) override;
 
  private:
   void CreateMenus();
