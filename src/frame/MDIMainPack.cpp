@@ -38,16 +38,21 @@ std::string OpenFilePath() { return Controller().SlideInformationFilePath(); }
 
 std::string GalleryDir() { return Controller().AppPath() + Controller().GetGalleryDirectory(); }
 
-// The name the user gave in a save dialog, in the folder on show; empty on cancel.
-std::string ChosenSavePath(const char* title, const std::string& suggested, const char* type, const char* pattern) {
-  const fs::path s(suggested);
-  frmCommonDialog& d = RunCommonDialog(title, PathToQ(s.parent_path().string()), pattern, {type, kAllFilesType},
-                                       PathToQ(s.filename().string()));
+// The name in the file dialog's box when it closed, in the folder on show;
+// empty on cancel. The dialog opens in `folder` with `name` offered.
+std::string ChosenPath(const char* title, const fs::path& folder, const std::string& name, const char* type,
+                       const char* pattern) {
+  frmCommonDialog& d =
+      RunCommonDialog(title, PathToQ(folder.string()), pattern, {type, kAllFilesType}, PathToQ(name));
   const QString typed = d.txtFilename->text();
   if (typed.isEmpty() || d.Cancelled) return {};
   const std::string path = PathFromQ(d.FileListBox1->Path() + "/" + typed);
   UnloadCommonDialog();
   return path;
+}
+
+std::string ChosenSavePath(const char* title, const fs::path& suggested, const char* type, const char* pattern) {
+  return ChosenPath(title, suggested.parent_path(), suggested.filename().string(), type, pattern);
 }
 
 bool MayWrite(const std::string& path, const char* title) {
@@ -65,12 +70,16 @@ bool RunJob(QWidget* parent, const char* title, const frmJobProgress::Job& job) 
   return false;
 }
 
+// One line each, the first kListedFiles of them.
+std::string Lines(const std::vector<std::string>& items) {
+  std::string text;
+  for (std::size_t i = 0; i < std::min(items.size(), kListedFiles); ++i) text += "\n" + items[i];
+  if (items.size() > kListedFiles) text += "\n... and " + std::to_string(items.size() - kListedFiles) + " more";
+  return text;
+}
+
 void TellNotes(const std::vector<std::string>& notes, const std::string& done, const char* title) {
-  if (notes.empty()) return;
-  std::string text = done + "\n";
-  for (std::size_t i = 0; i < std::min(notes.size(), kListedFiles); ++i) text += "\n" + notes[i];
-  if (notes.size() > kListedFiles) text += "\n... and " + std::to_string(notes.size() - kListedFiles) + " more";
-  MsgBox(Utf8ToQ(text), vbOKOnly | vbInformation, title);
+  if (!notes.empty()) MsgBox(Utf8ToQ(done + "\n" + Lines(notes)), vbOKOnly | vbInformation, title);
 }
 
 // The newest backup in `folder`, so that Enter restores it.
@@ -97,11 +106,8 @@ bool Replaces(const pack::RestorePlan& plan, const std::string& file) {
 }
 
 bool ReplaceConfirmed(const pack::RestorePlan& plan) {
-  std::string text = "These files in " + plan.appDir + " will be replaced:\n";
-  for (std::size_t i = 0; i < std::min(plan.existing.size(), kListedFiles); ++i) text += "\n" + plan.existing[i];
-  if (plan.existing.size() > kListedFiles)
-    text += "\n... and " + std::to_string(plan.existing.size() - kListedFiles) + " more";
-  text += "\n\nReplace them?";
+  const std::string text =
+      "These files in " + plan.appDir + " will be replaced:\n" + Lines(plan.existing) + "\n\nReplace them?";
   return MsgBox(Utf8ToQ(text), vbYesNo | vbQuestion, kRestoreTitle) == vbYes;
 }
 
@@ -139,12 +145,8 @@ void MDIMain::mnuFileBackup_Click() {
 void MDIMain::mnuFileRestore_Click() {
   fs::path folder = fs::path(OpenFilePath()).parent_path();
   if (folder.empty()) folder = Controller().AppPath() + Controller().GetSIFDirectory();
-  frmCommonDialog& d = RunCommonDialog(kRestoreTitle, PathToQ(folder.string()), kBackupPattern,
-                                       {kBackupType, kAllFilesType}, PathToQ(NewestBackup(folder)));
-  const QString typed = d.txtFilename->text();
-  if (typed.isEmpty() || d.Cancelled) return;
-  const std::string archive = PathFromQ(d.FileListBox1->Path() + "/" + typed);
-  UnloadCommonDialog();
+  const std::string archive = ChosenPath(kRestoreTitle, folder, NewestBackup(folder), kBackupType, kBackupPattern);
+  if (archive.empty()) return;
   pack::RestorePlan plan;
   const std::string appDir = Controller().AppPath();
   if (!RunJob(this, kRestoreTitle,
