@@ -26,6 +26,8 @@
 #include "gallery/frmBackground.h"
 #include "gallery/frmModifySlide.h"
 #include "help/frmHelp.h"
+#include "pack/frmClaimPack.h"
+#include "pack/frmJobProgress.h"
 #include "qt/OpenForms.h"
 #include "reports/frmReport.h"
 #include "reports/frmSelectReport.h"
@@ -94,6 +96,8 @@ const WindowRow kWindows[] = {
     {"frmEditSlideVEH", [] { return SlideEditor(3); }},
     {"frmSetSlideTemplate", [] { return Own(new frmSetSlideTemplate); }},
     {"frmSelectReport", [] { return Own(new frmSelectReport); }},
+    {"frmClaimPack", [] { return Own(new frmClaimPack); }},
+    {"frmJobProgress", [] { return Own(new frmJobProgress("Claim Pack")); }},
     {"frmReport", [] {
        TheMDIMain().OpenReport(ReportKind::ByLocation, "Arial Narrow");
        return Opened{FindOpenForm("frmReport"), nullptr};
