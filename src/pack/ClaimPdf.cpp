@@ -9,13 +9,13 @@
 #include <QImageReader>
 #include <QPainter>
 #include <QPdfWriter>
-#include <QSaveFile>
 #include <QTextLayout>
 #include <QtConcurrent/QtConcurrentMap>
 
 #include <algorithm>
 
 #include "pack/JobControl.h"
+#include "qt/OutputFile.h"
 
 namespace cb::pack {
 namespace {
@@ -336,15 +336,15 @@ class ClaimWriter {
 
 Status WriteClaimPdf(const ClaimContent& content, const ClaimPdfOptions& options, const std::string& path,
                      const JobProgress& progress) {
-  QSaveFile file(Q(path));
-  if (!file.open(QIODevice::WriteOnly)) return Status::Described(path + ": " + file.errorString().toStdString());
+  OutputFile file(Q(path));
+  if (!file.open()) return Status::Described(path + ": " + file.errorString().toStdString());
   // The writer lists its fonts in the order of hashes it fills as it paints;
   // with a fixed seed the same claim gives the same bytes in every process,
   // dates apart.
   QHashSeed::setDeterministicGlobalSeed();
   const auto reseed = qScopeGuard([] { QHashSeed::resetRandomGlobalSeed(); });
   {
-    QPdfWriter writer(&file);
+    QPdfWriter writer(&file.device());
     writer.setResolution(kDpi);
     writer.setPageSize(QPageSize(options.page));
     writer.setPageMargins(QMarginsF(kMarginMm, kMarginMm, kMarginMm, kMarginMm), QPageLayout::Millimeter);
@@ -352,13 +352,13 @@ Status WriteClaimPdf(const ClaimContent& content, const ClaimPdfOptions& options
     writer.setCreator("Chattelbook");
     QPainter painter;
     if (!painter.begin(&writer)) {
-      file.cancelWriting();
+      file.cancel();
       return Status::Described(path + ": the PDF could not be started");
     }
     const bool whole = ClaimWriter(writer, painter, content, options, progress).Write();
     painter.end();
     if (!whole) {
-      file.cancelWriting();
+      file.cancel();
       return Cancelled(path);
     }
   }

@@ -4,6 +4,10 @@
 
 #include <gmock/gmock.h>
 
+#include <fcntl.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
 #include "SifTools.h"
 
 namespace cb::sif::testing {
@@ -115,6 +119,22 @@ TEST(Commands, ShowLabelsFieldsAsTheTemplatesEditorDoes) {
   EXPECT_THAT(r.out, HasSubstr("\nSlide 1\n  Picture:        car.jpg\n  Slide Text:     Ford\n  Category:       Sedan\n"
                                "  Year:           1998\n  Regn #:         ABC-123\n  Colour:         Red\n"
                                "  Price:          4990\n"));
+}
+
+// "-o /dev/null" or a pipe is written into, never replaced by a plain file.
+TEST(Commands, AnOutputThatIsNoPlainFileIsWrittenInPlace) {
+  Scratch dir;
+  WriteAsProgram(dir / "x.sif", {}, {{"tv.jpg", "Television"}});
+  const std::string fifo = dir / "out";
+  ASSERT_EQ(::mkfifo(fifo.c_str(), 0600), 0);
+  const int reader = ::open(fifo.c_str(), O_RDWR | O_NONBLOCK);  // holds the pipe open for the writer
+  ASSERT_GE(reader, 0);
+  EXPECT_EQ(RunInProcess({"thumbnail", dir / "x.sif", fifo, "--size", "16"}).status, kExitOk);
+  char png[4] = {};
+  EXPECT_EQ(::read(reader, png, sizeof png), 4);
+  EXPECT_EQ(std::string(png + 1, 3), "PNG");
+  EXPECT_TRUE(fs::is_fifo(fifo));
+  ::close(reader);
 }
 
 }  // namespace

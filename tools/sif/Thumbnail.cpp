@@ -5,7 +5,6 @@
 #include <QImage>
 #include <QImageReader>
 #include <QPainter>
-#include <QSaveFile>
 
 #include <filesystem>
 #include <vector>
@@ -15,6 +14,7 @@
 #include "base/Text.h"
 #include "pack/ClaimContent.h"
 #include "pack/SifFile.h"
+#include "qt/OutputFile.h"
 
 namespace cb::sif {
 namespace {
@@ -94,8 +94,8 @@ int RunThumbnail(const QStringList& args, const CommandIo& io) {
   std::string message;
   if (!ReadSif(sifPath, doc, message)) return DataError(io, message);
   const QImage thumbnail = Thumbnail(FirstPictures(doc, sifPath), side);
-  QSaveFile out(files[1]);
-  if (!out.open(QIODevice::WriteOnly) || !thumbnail.save(&out, "PNG") || !out.commit())
+  OutputFile out(files[1]);
+  if (!out.open() || !thumbnail.save(&out.device(), "PNG") || !out.commit())
     return DataError(io, files[1].toStdString() + ": cannot be written");
   return kExitOk;
 }
