@@ -127,6 +127,13 @@ RtError DiskEnv::NewFileBeside(const std::string& target, unsigned newMode, std:
   return RtError::None;
 }
 
+bool DiskEnv::FolderRefusesSave(const std::string& path) {
+  const std::string target = ResolveLinks(path);
+  if (::access(target.c_str(), W_OK) != 0 && errno != ENOENT) return false;
+  if (::access(DirectoryOf(target).c_str(), W_OK | X_OK) == 0) return false;
+  return errno == EACCES || errno == EROFS;  // a missing folder is another trouble
+}
+
 unsigned NewFileMode() {
   const mode_t mask = ::umask(0);
   ::umask(mask);
