@@ -70,6 +70,17 @@ EntryKind KindFrom(const fs::file_status& st) {
   }
 }
 
+// Copies the file `from` to a new file `to`, which takes the user's modes, not the original's.
+RtError WriteAnew(Env& env, const std::string& from, const std::string& to) {
+  std::string bytes;
+  std::unique_ptr<WritableFile> file;
+  RtError e = env.ReadWhole(from, bytes);
+  if (e == RtError::None) e = env.NewWritableFile(to, 0666, file);
+  if (e == RtError::None) e = file->Append(bytes);
+  if (e == RtError::None) e = file->Close();
+  return e;
+}
+
 }  // namespace
 
 Env& Env::Default() {
@@ -223,9 +234,15 @@ EntryKind DiskEnv::KindOf(const std::string& path) {
 }
 
 RtError DiskEnv::CopyTree(const std::string& from, const std::string& to) {
-  std::error_code ec;
-  fs::copy(from, to, fs::copy_options::recursive, ec);
-  return ec ? FromErrno(ec.value()) : RtError::None;
+  std::vector<DirEntry> entries;
+  RtError e = ListDirectory(from, entries);
+  if (e == RtError::None) e = MakeDirectory(to, 0777);
+  for (auto it = entries.begin(); e == RtError::None && it != entries.end(); ++it) {
+    const std::string source = from + '/' + it->name, copy = to + '/' + it->name;
+    if (it->kind == EntryKind::Directory) e = CopyTree(source, copy);
+    if (it->kind == EntryKind::File) e = WriteAnew(*this, source, copy);
+  }
+  return e;
 }
 
 RtError DiskEnv::MakeUniqueDirectory(const std::string& prefix, unsigned mode, std::string& made) {

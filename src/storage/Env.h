@@ -89,7 +89,9 @@ class Env {
   // read before it.
   virtual RtError ListDirectory(const std::string& dir, std::vector<DirEntry>& entries) = 0;
   virtual EntryKind KindOf(const std::string& path) = 0;
-  // Copies the directory `from` with all it holds, links followed, to `to`.
+  // Copies the directory `from` with all it holds, links followed, to `to`,
+  // the copies made as new ones: whatever the originals' modes, folders get
+  // 0777 and files 0666, less the umask.
   virtual RtError CopyTree(const std::string& from, const std::string& to) = 0;
   // Makes a new directory named `prefix` and six characters, with exactly `mode`.
   virtual RtError MakeUniqueDirectory(const std::string& prefix, unsigned mode, std::string& made) = 0;

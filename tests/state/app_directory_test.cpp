@@ -4,6 +4,8 @@
 
 #include <gtest/gtest.h>
 
+#include <sys/stat.h>
+
 #include <filesystem>
 #include <map>
 
@@ -55,14 +57,23 @@ struct Shipped {
   }
 };
 
+// An installation read-only to all still gives the user a folder to change.
 TEST(AppDirectory, FirstStartSeedsTheUsersDirectory) {
   Shipped shipped;
+  const auto readOnly = fs::perms::owner_write | fs::perms::group_write | fs::perms::others_write;
+  fs::permissions(shipped.root / "Gallery/tv.jpg", readOnly, fs::perm_options::remove);
+  fs::permissions(shipped.root / "Gallery", readOnly, fs::perm_options::remove);
   const std::string data = shipped.dir / "home/.local/share";
   const std::string app = ChooseApplicationDirectory(shipped.root.string(), false, nullptr,
                                                      (shipped.dir / "home").c_str());
+  fs::permissions(shipped.root / "Gallery", fs::perms::owner_write, fs::perm_options::add);
   ASSERT_EQ(app, data + "/Chattelbook");
   EXPECT_EQ(ReadFile(app + "/Files/HomeSecurity.sif"), std::string("sif\0bytes", 9));
   EXPECT_EQ(ReadFile(app + "/Gallery/tv.jpg"), "tv");
+  const mode_t mask = ::umask(0);
+  ::umask(mask);
+  EXPECT_EQ(static_cast<mode_t>(fs::status(app + "/Gallery").permissions()), 0777 & ~mask);
+  EXPECT_EQ(static_cast<mode_t>(fs::status(app + "/Gallery/tv.jpg").permissions()), 0666 & ~mask);
   EXPECT_TRUE(fs::is_empty(app + "/Help"));
   EXPECT_TRUE(fs::is_empty(app + "/Reports"));
   EXPECT_EQ(fs::read_symlink(app + "/help"), "Help");
