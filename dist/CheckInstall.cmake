@@ -11,7 +11,7 @@ foreach(path
     bin/chattelbook bin/chattelbook-sif lib/chattelbook/chattelbook lib/chattelbook/chattelbook-sif
     lib/chattelbook/Files/HomeSecurity.sif lib/chattelbook/Files/RealEstate.sif lib/chattelbook/Files/CarYard.sif
     lib/chattelbook/Background/oak.jpg lib/chattelbook/Wallpaper/sage.jpg lib/chattelbook/Gallery/tv.jpg
-    lib/chattelbook/Help lib/chattelbook/Reports
+    lib/chattelbook/Help lib/chattelbook/Reports lib/chattelbook/installed
     share/applications/${APP_ID}.desktop share/metainfo/${APP_ID}.metainfo.xml
     share/icons/hicolor/scalable/apps/${APP_ID}.svg share/icons/hicolor/48x48/apps/${APP_ID}.png
     share/icons/hicolor/256x256/apps/${APP_ID}.png share/icons/hicolor/scalable/mimetypes/application-x-chattelbook-sif.svg

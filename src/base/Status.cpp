@@ -6,11 +6,8 @@
 namespace cb {
 
 void Status::FillErrors(ErrorArray& errors) const {
-  if (!description_.empty()) {
-    errors[2] = description_;
-    return;
-  }
   if (error_ != RtError::None) cb::FillErrors(errors, error_, source_);
+  if (!description_.empty()) errors[2] = description_;
 }
 
 bool Report(const Status& s, ErrorArray& errors) {

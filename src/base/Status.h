@@ -17,6 +17,9 @@ class [[nodiscard]] Status {
   Status() = default;
   // `source` names the raiser; the status keeps its own copy of every text.
   Status(RtError error, std::string_view source) : error_(error), source_(source) {}
+  // A failure raised in `source`, told in words of its own rather than the error's.
+  Status(RtError error, std::string_view source, std::string_view description)
+      : error_(error), source_(source), description_(description) {}
   // A failure the user is told in words alone, with no error number.
   static Status Described(std::string_view description) {
     Status s;
@@ -30,8 +33,8 @@ class [[nodiscard]] Status {
   // The description users see: the words of a described failure, else the error's.
   std::string_view description() const { return description_.empty() ? Description(error_) : description_; }
 
-  // Fills number, source and description; a described failure fills only
-  // the description. Success leaves `errors` as it was.
+  // Fills number, source and description; a failure described without an
+  // error fills only the description. Success leaves `errors` as it was.
   void FillErrors(ErrorArray& errors) const;
 
  private:

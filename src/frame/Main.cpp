@@ -5,8 +5,6 @@
 #include <QThread>
 #include <QTime>
 
-#include <unistd.h>
-
 #include <cstdio>
 #include <cstdlib>
 #include <filesystem>
@@ -39,16 +37,16 @@ constexpr char kInvalidPassword[] = "Invalid password.";
 
 int SecondOfDay(const QTime& t) { return t.hour() * 3600 + t.minute() * 60 + t.second(); }
 
+void Tell(const StartupMessage& m) { MsgBox(ToQ(m.text), vbOKOnly, ToQ(m.title)); }
+
 // Every failure of a start-up step is passed over; some are told first.
 void Report(RtError e) {
-  if (auto m = StartupErrorMessage(e, kAppTitle)) MsgBox(ToQ(m->text), vbOKOnly, ToQ(m->title));
+  if (auto m = StartupErrorMessage(e, kAppTitle)) Tell(*m);
 }
 
-// The executable's directory, or the user's data directory when the program
-// is installed where the user cannot write.
-std::string ApplicationDirectory() {
-  const std::string exeDir = PathFromQ(QCoreApplication::applicationDirPath());
-  return ChooseApplicationDirectory(exeDir, ::access(exeDir.c_str(), W_OK) == 0, std::getenv("XDG_DATA_HOME"),
+// The executable's directory, or the user's data directory when the program runs installed.
+AppDirectoryChoice ApplicationDirectory() {
+  return ChooseApplicationDirectory(PathFromQ(QCoreApplication::applicationDirPath()), std::getenv("XDG_DATA_HOME"),
                                     std::getenv("HOME"));
 }
 
@@ -75,7 +73,8 @@ int RunProgram(const QStringList& args) {
   }
   std::error_code ec;
   const std::string file = line.file.empty() ? std::string() : std::filesystem::absolute(line.file, ec).string();
-  const std::string appDir = ApplicationDirectory();
+  const AppDirectoryChoice where = ApplicationDirectory();
+  const std::string& appDir = where.path;
   ProgramInstance instance(appDir);
   switch (instance.HandOverOrListen(PathToQ(file))) {
     case ProgramInstance::Start::HandedOver:
@@ -86,6 +85,7 @@ int RunProgram(const QStringList& args) {
     case ProgramInstance::Start::Running:
       break;
   }
+  if (!where.failure.empty()) Tell({where.failure, kAppTitle});  // and the program goes on where it stands
   static QtSettingsStore settings;
   if (!Main(appDir, settings)) return 0;  // the start-up refused the user
   MDIMain& main = TheMDIMain();

@@ -23,6 +23,7 @@ std::string NewTempBeside(const std::string& path, std::string& message) {
   const int fd = MakeTempBeside(path, NewFileMode(), name);
   if (fd < 0) {
     message = Errno(path);
+    if (Env::Default().FolderRefusesSave(path)) message = ReadOnlyFolderText(path);
     return {};
   }
   RemoveStaleTemps(path, name);

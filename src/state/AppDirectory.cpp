@@ -35,6 +35,10 @@ RtError Fill(Env& env, const std::string& shipped, const std::string& dir) {
   return RtError::None;
 }
 
+std::string NotMade(const std::string& dir, std::string_view reason) {
+  return "The folder " + dir + " could not be made: " + std::string(reason) + ".";
+}
+
 // Makes `dir` and the directories on the way to it.
 RtError MakeDirectories(Env& env, const std::string& dir) {
   for (auto slash = dir.find('/', 1); slash != std::string::npos; slash = dir.find('/', slash + 1))
@@ -58,27 +62,30 @@ bool SeedApplicationDirectory(const std::string& shipped, const std::string& tar
   // The application directory is the user's ordinary folder, not a private one.
   if (e == RtError::None) e = env.MakeUniqueDirectory(parent + "/.Chattelbook.", 0755, part);
   if (e != RtError::None) {
-    message = target + ": " + std::string(Description(e));
+    message = NotMade(target, Description(e));
     return false;
   }
   e = Fill(env, shipped, part);
   if (e == RtError::None) e = env.Rename(part, target);
   if (e != RtError::None) {
-    message = target + ": " + std::string(Description(e));
     env.RemoveTree(part);
     // Another start may have seeded it meanwhile; that one is as good.
-    return env.KindOf(target) == EntryKind::Directory;
+    if (env.KindOf(target) == EntryKind::Directory) return true;
+    message = NotMade(target, Description(e));
+    return false;
   }
   return true;
 }
 
-std::string ChooseApplicationDirectory(const std::string& exeDir, bool exeDirWritable, const char* xdgDataHome,
-                                       const char* home) {
-  if (exeDirWritable) return exeDir;
+AppDirectoryChoice ChooseApplicationDirectory(const std::string& exeDir, const char* xdgDataHome, const char* home,
+                                              Env& env) {
+  // Where the program stands tells, not whether it may write there: root may write an installation too.
+  if (env.KindOf(Below(exeDir, kInstalledMarker)) != EntryKind::File) return {exeDir, {}};
   const std::string user = UserApplicationDirectory(xdgDataHome, home);
-  std::string message;
-  if (user.empty() || !SeedApplicationDirectory(exeDir, user, message)) return exeDir;
-  return user;
+  if (user.empty()) return {exeDir, NotMade("~/.local/share/Chattelbook", "HOME is not set")};
+  AppDirectoryChoice choice{user, {}};
+  if (!SeedApplicationDirectory(exeDir, user, choice.failure, env)) choice.path = exeDir;
+  return choice;
 }
 
 }  // namespace cb

@@ -49,7 +49,10 @@ Status DataAccess::SaveSettings(const std::string& path, const SifSettings& sett
     }
     file->Put(i + 1, r.bytes());
   }
-  if (auto e = ReplaceFile(env_, path, bytes, kNewFileMode); e != RtError::None) return {e, kSource};
+  const RtError e = ReplaceFile(env_, path, bytes, kNewFileMode);
+  // A writable file in a read-only folder cannot be replaced: the user is told where the trouble lies.
+  if (e == RtError::PathFileAccess && env_.FolderRefusesSave(path)) return {e, kSource, ReadOnlyFolderText(path)};
+  if (e != RtError::None) return {e, kSource};
   return {};
 }
 

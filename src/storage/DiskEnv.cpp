@@ -70,6 +70,17 @@ EntryKind KindFrom(const fs::file_status& st) {
   }
 }
 
+// Copies the file `from` to a new file `to`, which takes the user's modes, not the original's.
+RtError WriteAnew(Env& env, const std::string& from, const std::string& to) {
+  std::string bytes;
+  std::unique_ptr<WritableFile> file;
+  RtError e = env.ReadWhole(from, bytes);
+  if (e == RtError::None) e = env.NewWritableFile(to, 0666, file);
+  if (e == RtError::None) e = file->Append(bytes);
+  if (e == RtError::None) e = file->Close();
+  return e;
+}
+
 }  // namespace
 
 Env& Env::Default() {
@@ -125,6 +136,13 @@ RtError DiskEnv::NewFileBeside(const std::string& target, unsigned newMode, std:
   name = std::move(temp);
   file = std::make_unique<DiskFile>(fd);
   return RtError::None;
+}
+
+bool DiskEnv::FolderRefusesSave(const std::string& path) {
+  const std::string target = ResolveLinks(path);
+  if (::access(target.c_str(), W_OK) != 0 && errno != ENOENT) return false;
+  if (::access(DirectoryOf(target).c_str(), W_OK | X_OK) == 0) return false;
+  return errno == EACCES || errno == EROFS;  // a missing folder is another trouble
 }
 
 unsigned NewFileMode() {
@@ -216,9 +234,15 @@ EntryKind DiskEnv::KindOf(const std::string& path) {
 }
 
 RtError DiskEnv::CopyTree(const std::string& from, const std::string& to) {
-  std::error_code ec;
-  fs::copy(from, to, fs::copy_options::recursive, ec);
-  return ec ? FromErrno(ec.value()) : RtError::None;
+  std::vector<DirEntry> entries;
+  RtError e = ListDirectory(from, entries);
+  if (e == RtError::None) e = MakeDirectory(to, 0777);
+  for (auto it = entries.begin(); e == RtError::None && it != entries.end(); ++it) {
+    const std::string source = from + '/' + it->name, copy = to + '/' + it->name;
+    if (it->kind == EntryKind::Directory) e = CopyTree(source, copy);
+    if (it->kind == EntryKind::File) e = WriteAnew(*this, source, copy);
+  }
+  return e;
 }
 
 RtError DiskEnv::MakeUniqueDirectory(const std::string& prefix, unsigned mode, std::string& made) {

@@ -16,6 +16,7 @@ class DiskEnv : public Env {
   std::string ResolveLinks(const std::string& path) override;
   RtError NewFileBeside(const std::string& target, unsigned newMode, std::string& name,
                         std::unique_ptr<WritableFile>& file) override;
+  bool FolderRefusesSave(const std::string& path) override;
   RtError Rename(const std::string& from, const std::string& to) override;
   void Remove(const std::string& path) override;
   RtError MakeDirectory(const std::string& dir, unsigned mode) override;

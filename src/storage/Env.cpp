@@ -58,6 +58,10 @@ RtError ReplaceFile(Env& env, const std::string& path, std::string_view bytes, u
   return e;
 }
 
+std::string ReadOnlyFolderText(const std::string& path) {
+  return "cannot save beside " + path + ": the folder is read-only";
+}
+
 RtError MemoryEnv::OpenRecords(const std::string& path, std::size_t recordLength, OpenMode mode,
                                std::unique_ptr<RecordFile>& file) {
   auto it = files_.find(path);

@@ -70,6 +70,9 @@ class Env {
   // `newMode` less the umask. PathFileAccess when target may not be written.
   virtual RtError NewFileBeside(const std::string& target, unsigned newMode, std::string& name,
                                 std::unique_ptr<WritableFile>& file) = 0;
+  // Whether the folder alone stops a save of `path`: the file may be written,
+  // or is missing, but its folder takes no new file. Memory has no such folder.
+  virtual bool FolderRefusesSave(const std::string&) { return false; }
   // Moves `from` over `to` in one step, and makes the move last.
   virtual RtError Rename(const std::string& from, const std::string& to) = 0;
   virtual void Remove(const std::string& path) = 0;
@@ -86,7 +89,9 @@ class Env {
   // read before it.
   virtual RtError ListDirectory(const std::string& dir, std::vector<DirEntry>& entries) = 0;
   virtual EntryKind KindOf(const std::string& path) = 0;
-  // Copies the directory `from` with all it holds, links followed, to `to`.
+  // Copies the directory `from` with all it holds, links followed, to `to`,
+  // the copies made as new ones: whatever the originals' modes, folders get
+  // 0777 and files 0666, less the umask.
   virtual RtError CopyTree(const std::string& from, const std::string& to) = 0;
   // Makes a new directory named `prefix` and six characters, with exactly `mode`.
   virtual RtError MakeUniqueDirectory(const std::string& prefix, unsigned mode, std::string& made) = 0;
@@ -108,6 +113,9 @@ std::unique_ptr<RecordFile> RecordsOver(std::string& bytes, std::size_t recordLe
 // permissions stay. On failure the old file is as it was and nothing is left
 // behind.
 RtError ReplaceFile(Env& env, const std::string& path, std::string_view bytes, unsigned newMode);
+
+// What a save of `path` says when its folder alone stops it.
+std::string ReadOnlyFolderText(const std::string& path);
 
 // Files held as bytes in memory, by exact path. Names are found as given.
 // A directory is the folder of the paths it holds; renaming one moves them.

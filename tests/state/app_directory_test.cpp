@@ -4,6 +4,8 @@
 
 #include <gtest/gtest.h>
 
+#include <sys/stat.h>
+
 #include <filesystem>
 #include <map>
 
@@ -52,17 +54,27 @@ struct Shipped {
     WriteFile((root / "Background/oak.jpg").string(), "oak");
     WriteFile((root / "Wallpaper/sage.jpg").string(), "sage");
     WriteFile((root / "Help/stale.htm").string(), "x");
+    WriteFile((root / kInstalledMarker).string(), "");
   }
 };
 
+// An installation read-only to all still gives the user a folder to change.
 TEST(AppDirectory, FirstStartSeedsTheUsersDirectory) {
   Shipped shipped;
+  const auto readOnly = fs::perms::owner_write | fs::perms::group_write | fs::perms::others_write;
+  fs::permissions(shipped.root / "Gallery/tv.jpg", readOnly, fs::perm_options::remove);
+  fs::permissions(shipped.root / "Gallery", readOnly, fs::perm_options::remove);
   const std::string data = shipped.dir / "home/.local/share";
-  const std::string app = ChooseApplicationDirectory(shipped.root.string(), false, nullptr,
-                                                     (shipped.dir / "home").c_str());
+  const std::string app =
+      ChooseApplicationDirectory(shipped.root.string(), nullptr, (shipped.dir / "home").c_str()).path;
+  fs::permissions(shipped.root / "Gallery", fs::perms::owner_write, fs::perm_options::add);
   ASSERT_EQ(app, data + "/Chattelbook");
   EXPECT_EQ(ReadFile(app + "/Files/HomeSecurity.sif"), std::string("sif\0bytes", 9));
   EXPECT_EQ(ReadFile(app + "/Gallery/tv.jpg"), "tv");
+  const mode_t mask = ::umask(0);
+  ::umask(mask);
+  EXPECT_EQ(static_cast<mode_t>(fs::status(app + "/Gallery").permissions()), 0777 & ~mask);
+  EXPECT_EQ(static_cast<mode_t>(fs::status(app + "/Gallery/tv.jpg").permissions()), 0666 & ~mask);
   EXPECT_TRUE(fs::is_empty(app + "/Help"));
   EXPECT_TRUE(fs::is_empty(app + "/Reports"));
   EXPECT_EQ(fs::read_symlink(app + "/help"), "Help");
@@ -73,7 +85,7 @@ TEST(AppDirectory, FirstStartSeedsTheUsersDirectory) {
   // A later start keeps what the user made of it.
   WriteFile(app + "/Files/MyFiles.sif", "mine");
   fs::remove(app + "/Gallery/tv.jpg");
-  EXPECT_EQ(ChooseApplicationDirectory(shipped.root.string(), false, data.c_str(), nullptr), app);
+  EXPECT_EQ(ChooseApplicationDirectory(shipped.root.string(), data.c_str(), nullptr).path, app);
   EXPECT_EQ(ReadFile(app + "/Files/MyFiles.sif"), "mine");
   EXPECT_FALSE(fs::exists(app + "/Gallery/tv.jpg"));
 }
@@ -81,8 +93,9 @@ TEST(AppDirectory, FirstStartSeedsTheUsersDirectory) {
 // The shipped tree in memory, refusing one step of the seeding.
 class RefusingMemory : public MemoryEnv {
  public:
-  explicit RefusingMemory(std::string step) : refused_(std::move(step)) {
+  RefusingMemory(std::string step, bool installed) : refused_(std::move(step)) {
     Files() = {{"/lib/Files/HomeSecurity.sif", "sif"}, {"/lib/Gallery/tv.jpg", "tv"}};
+    if (installed) Files()["/lib/installed"] = "";
   }
   RtError MakeUniqueDirectory(const std::string& prefix, unsigned mode, std::string& made) override {
     return Refused("unique") ? RtError::PathFileAccess : MemoryEnv::MakeUniqueDirectory(prefix, mode, made);
@@ -102,35 +115,49 @@ class RefusingMemory : public MemoryEnv {
   std::string refused_;
 };
 
-struct SeedRow {
-  const char* name;  // the step refused
-  const char* message;
+constexpr char kUser[] = "/home/.local/share/Chattelbook";
+
+struct ChoiceRow {
+  const char* name;  // the step refused, when one is
+  bool installed;
+  const char* home;
+  const char* path;
+  const char* failure;
 };
 
-const SeedRow kSeeds[] = {
-    {"nothing", ""},
-    {"unique", "/home/Chattelbook: Path/File access error"},
-    {"copy", "/home/Chattelbook: Disk full"},  // after the files were copied
-    {"link", "/home/Chattelbook: Path/File access error"},
-    {"rename", "/home/Chattelbook: Path/File access error"},
+const ChoiceRow kChoices[] = {
+    {"build_tree", false, "/home", "/lib", ""},
+    {"installed", true, "/home", kUser, ""},
+    {"no_home", true, nullptr, "/lib", "The folder ~/.local/share/Chattelbook could not be made: HOME is not set."},
+    {"unique", true, "/home", "/lib",
+     "The folder /home/.local/share/Chattelbook could not be made: Path/File access error."},
+    {"copy", true, "/home", "/lib",  // after the files were copied
+     "The folder /home/.local/share/Chattelbook could not be made: Disk full."},
+    {"link", true, "/home", "/lib",
+     "The folder /home/.local/share/Chattelbook could not be made: Path/File access error."},
+    {"rename", true, "/home", "/lib",
+     "The folder /home/.local/share/Chattelbook could not be made: Path/File access error."},
 };
 
-class SeedTest : public ::testing::TestWithParam<SeedRow> {};
+class ChoiceTest : public ::testing::TestWithParam<ChoiceRow> {};
 
-// A seeding that fails at any step leaves nothing but the shipped tree.
-TEST_P(SeedTest, IsWholeOrNothing) {
-  RefusingMemory memory(GetParam().name);
-  std::string message;
-  const bool seeded = *GetParam().message == '\0';
-  EXPECT_EQ(SeedApplicationDirectory("/lib", "/home/Chattelbook", message, memory), seeded);
-  EXPECT_EQ(message, GetParam().message);
-  std::map<std::string, std::string> expected{{"/lib/Files/HomeSecurity.sif", "sif"}, {"/lib/Gallery/tv.jpg", "tv"}};
-  if (seeded) expected.merge(std::map<std::string, std::string>{{"/home/Chattelbook/Files/HomeSecurity.sif", "sif"},
-                                                                {"/home/Chattelbook/Gallery/tv.jpg", "tv"}});
+// An installed program seeds the user's directory whole or not at all, and
+// tells why it works where it stands instead.
+TEST_P(ChoiceTest, SeedsWholeOrNothing) {
+  const ChoiceRow& row = GetParam();
+  RefusingMemory memory(row.name, row.installed);
+  const std::map<std::string, std::string> shipped = memory.Files();
+  const AppDirectoryChoice choice = ChooseApplicationDirectory("/lib", nullptr, row.home, memory);
+  EXPECT_EQ(choice.path, row.path);
+  EXPECT_EQ(choice.failure, row.failure);
+  std::map<std::string, std::string> expected = shipped;
+  if (choice.path == kUser)
+    expected.merge(std::map<std::string, std::string>{{std::string(kUser) + "/Files/HomeSecurity.sif", "sif"},
+                                                      {std::string(kUser) + "/Gallery/tv.jpg", "tv"}});
   EXPECT_EQ(memory.Files(), expected);
 }
 
-INSTANTIATE_TEST_SUITE_P(Rows, SeedTest, ::testing::ValuesIn(kSeeds), testing::RowName());
+INSTANTIATE_TEST_SUITE_P(Rows, ChoiceTest, ::testing::ValuesIn(kChoices), testing::RowName());
 
 }  // namespace
 }  // namespace cb

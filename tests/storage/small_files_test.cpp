@@ -22,7 +22,9 @@ using testing::TempDir;
 using testing::WriteFile;
 
 // The disk or memory with one step refused: "mkdir", "open", "read",
-// "half write" (as a full disk), "sync" or "rename"; "" refuses nothing.
+// "half write" (as a full disk), "sync", "rename" or "read-only folder" (a
+// new file beside a writable one, as for a user in a folder of mode 0555);
+// "" refuses nothing.
 template <class Base>
 class Refusing : public Base {
  public:
@@ -44,9 +46,13 @@ class Refusing : public Base {
   }
   RtError NewFileBeside(const std::string& target, unsigned mode, std::string& name,
                         std::unique_ptr<WritableFile>& file) override {
+    if (refused == "read-only folder") return RtError::PathFileAccess;
     const RtError e = Base::NewFileBeside(target, mode, name, file);
     if (e == RtError::None) file = std::make_unique<File>(std::move(file), refused);
     return e;
+  }
+  bool FolderRefusesSave(const std::string& path) override {
+    return refused == "read-only folder" || Base::FolderRefusesSave(path);
   }
 
  private:
@@ -70,10 +76,10 @@ class Refusing : public Base {
 const SifSettings kSettings{0, "frame.jpg", "wall.jpg", 2, "Arial"};
 
 // The slide file keeps the failure's own number; the small files tell a full
-// disk as a device error.
+// disk as a device error. A read-only folder is told as such.
 TEST(AtomicSave, AFailedStepLeavesTheOldFilesAndNothingBeside) {
   const std::tuple<const char*, const char*, const char*> steps[] = {
-      {"half write", "61", "57"}, {"sync", "57", "57"}, {"rename", "75", "75"}};
+      {"half write", "61", "57"}, {"sync", "57", "57"}, {"rename", "75", "75"}, {"read-only folder", "75", "75"}};
   for (const auto& [step, number, smallNumber] : steps) {
     SCOPED_TRACE(step);
     TempDir dir;
@@ -88,6 +94,9 @@ TEST(AtomicSave, AFailedStepLeavesTheOldFilesAndNothingBeside) {
     EXPECT_FALSE(Report(data.SaveSettings(path, kSettings, Numbered(50, "new")), errors));
     EXPECT_EQ(errors[0], number);
     EXPECT_EQ(errors[1], "DataAccess");
+    if (step == std::string("read-only folder")) {
+      EXPECT_EQ(errors[2], "cannot save beside " + path + ": the folder is read-only");
+    }
     EXPECT_FALSE(Report(data.SaveReport(dir / "Reports/", page, "<html></html>"), errors));
     EXPECT_EQ(errors[0], smallNumber);
     EXPECT_FALSE(Report(data.PutFileHistoryList(dir.str(), {"", "a.sif", "", "", ""}), errors));
