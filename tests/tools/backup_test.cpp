@@ -9,6 +9,7 @@
 #include <archive_entry.h>
 
 #include "SifTools.h"
+#include "pack/Backup.h"
 #include "pack/Manifest.h"
 
 namespace cb::sif::testing {
@@ -166,6 +167,27 @@ TEST(Backup, RestoreRefusesBadArchivesAndWritesNothing) {
     EXPECT_THAT(r.err, HasSubstr("nothing was written"));
     EXPECT_EQ(Names(dir), std::vector<std::string>{"bad.tar.gz"});
   }
+}
+
+// However many members follow, the check ends at the first one the
+// manifest does not name.
+TEST(Backup, RestoreStopsAtTheFirstMemberTheManifestLacks) {
+  Scratch dir;
+  const std::string archive = dir / "stray.tar.gz";
+  std::vector<TarEntry> named{{"Files/Home.sif", "slides"}};
+  for (const char* p : {"Gallery/a.jpg", "Gallery/b.jpg", "Gallery/c.jpg"}) named.push_back({p, p});
+  std::vector<TarEntry> entries = named;
+  entries.insert(entries.begin() + 1, {"Gallery/stray.jpg", "stray"});
+  entries.push_back(ManifestOf(named));
+  WriteTar(archive, entries);
+  std::vector<std::string> steps;
+  RestorePlan plan;
+  const Status s = PlanRestore(archive, dir / "app", [&](const JobStep& step) {
+    steps.push_back(StepText(step));
+    return true;
+  }, plan);
+  EXPECT_EQ(s.description(), archive + ": \"Gallery/stray.jpg\" is not in the manifest");
+  EXPECT_EQ(steps, std::vector<std::string>{"Checking file 1"});
 }
 
 }  // namespace
