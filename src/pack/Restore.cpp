@@ -6,6 +6,7 @@
 #include <unistd.h>
 
 #include <QCryptographicHash>
+#include <QUtf8StringView>
 
 #include <algorithm>
 #include <cerrno>
@@ -36,8 +37,24 @@ constexpr std::size_t kManifestLimit = 16u << 20;
 // progress call so that a run of empty members is heard too.
 constexpr std::size_t kHeaderBytes = 512;
 
-// `name` in double quotes for a message.
-std::string Quoted(std::string_view name) { return "\"" + std::string(name) + "\""; }
+bool IsUtf8(std::string_view s) { return QUtf8StringView(s.data(), static_cast<qsizetype>(s.size())).isValidUtf8(); }
+
+// `name` in double quotes for a message; in a name that is no UTF-8, every
+// byte beyond ASCII shows as \xHH.
+std::string Quoted(std::string_view name) {
+  if (IsUtf8(name)) return "\"" + std::string(name) + "\"";
+  std::string out = "\"";
+  for (const char c : name) {
+    const auto b = static_cast<unsigned char>(c);
+    if (b < 0x80) {
+      out += c;
+      continue;
+    }
+    const char hex[] = "0123456789ABCDEF";
+    out += {'\\', 'x', hex[b >> 4], hex[b & 0xF]};
+  }
+  return out + "\"";
+}
 
 // The entry's name as bytes; a UTF-8 name the locale cannot hold comes as written.
 std::string EntryName(archive_entry* e) {
@@ -70,11 +87,10 @@ class ArchiveIn {
     archive_entry* e = nullptr;
     const int r = archive_read_next_header(a_, &e);
     if (r == ARCHIVE_EOF) return nullptr;
-    if (r != ARCHIVE_OK) {
-      Fail();
-      return nullptr;
-    }
-    return e;
+    // A pax name that is no UTF-8 comes with a warning; Refusal names it.
+    if (r == ARCHIVE_OK || (r == ARCHIVE_WARN && !IsUtf8(EntryName(e)))) return e;
+    Fail();
+    return nullptr;
   }
 
   // Hands the entry's data to `sink` block by block; false on a fault.
@@ -124,6 +140,7 @@ std::string HashEntry(ArchiveIn& in, StepBeat& beat, const std::function<bool(co
 // Why `e` may not be restored, or "" when it may.
 std::string Refusal(archive_entry* e, const std::string& name) {
   const std::string quoted = Quoted(name);
+  if (!IsUtf8(name)) return quoted + " is not a name this program writes";
   if (archive_entry_symlink(e) || archive_entry_hardlink(e) || archive_entry_filetype(e) == AE_IFLNK)
     return quoted + " is a link, which could lead out of the application directory";
   if (name.starts_with("/")) return quoted + " is an absolute path, outside the application directory";

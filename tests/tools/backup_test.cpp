@@ -154,6 +154,9 @@ TEST(Backup, RestoreRefusesBadArchivesAndWritesNothing) {
       {"a hard link", {sif, {"Gallery/tv.jpg", "", AE_IFREG, "Files/Home.sif", true}, ManifestOf({sif})}, "is a link"},
       {"a folder outside the backup's", {sif, {"Reports/Report1.htm", "x"}, ManifestOf({sif})}, "no part of a backup"},
       {"a directory", {sif, {"Gallery/sub", "", AE_IFDIR}, ManifestOf({sif})}, "not a regular file"},
+      {"a name that is no UTF-8",
+       {sif, {"Gallery/\xFF.jpg", "x"}, ManifestOf({sif, {"Gallery/\xFF.jpg", "x"}})},
+       "\"Gallery/\\xFF.jpg\" is not a name this program writes"},
       {"a tar without gzip", {sif, ManifestOf({sif})}, "not a gzip-compressed tar archive", false},
   };
   for (const auto& c : cases) {
