@@ -7,6 +7,9 @@
 
 #include <archive.h>
 #include <archive_entry.h>
+#include <sys/stat.h>
+
+#include <functional>
 
 #include "SifTools.h"
 #include "pack/Backup.h"
@@ -191,6 +194,33 @@ TEST(Backup, RestoreStopsAtTheFirstMemberTheManifestLacks) {
   }, plan);
   EXPECT_EQ(s.description(), archive + ": \"Gallery/stray.jpg\" is not in the manifest");
   EXPECT_EQ(steps, std::vector<std::string>{"Checking file 1"});
+}
+
+// A picture left out of a backup is told with the reason.
+TEST(Backup, TellsWhyAPictureIsLeftOut) {
+  Scratch dir;
+  const std::string root = dir / "app", sif = root + "/Files/Home.sif";
+  const struct {
+    const char* picture;
+    std::function<void(const std::string&)> make;
+    const char* why;
+  } cases[] = {
+      {"gone.jpg", [](const std::string&) {}, "is missing"},
+      {"folder.jpg", [](const std::string& p) { fs::create_directory(p); }, "is a folder, not a picture"},
+      {"link.jpg", [&](const std::string& p) { fs::create_directory_symlink(root + "/Files", p); },
+       "is a folder, not a picture"},
+      {"fifo.jpg", [](const std::string& p) { ::mkfifo(p.c_str(), 0644); }, "is not a regular file"},
+  };
+  for (const char* f : {"Files", "Gallery"}) fs::create_directories(root + "/" + f);
+  std::vector<SlideText> slides;
+  for (const auto& c : cases) slides.push_back({c.picture, "x"});
+  WriteAsProgram(sif, {}, slides);
+  for (const auto& c : cases) c.make(root + "/Gallery/" + c.picture);
+  const Outcome b = RunProcess({"backup", sif, "-o", dir / "home.tar.gz"}, dir);
+  EXPECT_EQ(b.status, 0) << b.err;
+  for (std::size_t i = 0; i < std::size(cases); ++i)
+    EXPECT_THAT(b.err, HasSubstr("slide " + std::to_string(i + 1) + ": \"" + root + "/Gallery/" + cases[i].picture +
+                                 "\" " + cases[i].why + "; listed in the manifest"));
 }
 
 }  // namespace
