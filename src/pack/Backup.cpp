@@ -18,6 +18,7 @@
 #include "base/Cp1252.h"
 #include "base/Text.h"
 #include "pack/ClaimContent.h"
+#include "pack/FolderSync.h"
 #include "pack/JobControl.h"
 #include "pack/SifFile.h"
 #include "storage/DiskEnv.h"
@@ -158,6 +159,7 @@ class ArchiveOut {
     if (ok() && archive_write_close(a_) != ARCHIVE_OK) Fail();
     if (ok() && ::fsync(fd_) != 0) error_ = std::strerror(errno);
     if (ok() && ::rename(temp_.c_str(), path_.c_str()) != 0) error_ = std::strerror(errno);
+    if (ok()) SyncFolder(fs::path(path_).parent_path().string());
     committed_ = ok();
     if (!committed_) message = path_ + ": " + error_;
     return committed_;

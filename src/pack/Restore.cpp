@@ -18,6 +18,7 @@
 #include <string_view>
 
 #include "pack/Backup.h"
+#include "pack/FolderSync.h"
 #include "pack/JobControl.h"
 #include "storage/DiskEnv.h"
 
@@ -266,10 +267,14 @@ class Staging {
   }
 
   Status Commit() {
+    std::set<std::string> folders;
+    for (const auto& dir : made_) folders.insert(dir.parent_path().string());
     for (auto& [temp, target] : staged_) {
       if (::rename(temp.c_str(), target.c_str()) != 0) return Status::Described(target + ": " + std::strerror(errno));
       temp.clear();
+      folders.insert(fs::path(target).parent_path().string());
     }
+    for (const auto& dir : folders) SyncFolder(dir);
     staged_.clear();
     made_.clear();
     return {};
