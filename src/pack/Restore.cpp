@@ -6,7 +6,6 @@
 #include <unistd.h>
 
 #include <QCryptographicHash>
-#include <QUtf8StringView>
 
 #include <algorithm>
 #include <cerrno>
@@ -38,24 +37,8 @@ constexpr std::size_t kManifestLimit = 16u << 20;
 // progress call so that a run of empty members is heard too.
 constexpr std::size_t kHeaderBytes = 512;
 
-bool IsUtf8(std::string_view s) { return QUtf8StringView(s.data(), static_cast<qsizetype>(s.size())).isValidUtf8(); }
-
-// `name` in double quotes for a message; in a name that is no UTF-8, every
-// byte beyond ASCII shows as \xHH.
-std::string Quoted(std::string_view name) {
-  if (IsUtf8(name)) return "\"" + std::string(name) + "\"";
-  std::string out = "\"";
-  for (const char c : name) {
-    const auto b = static_cast<unsigned char>(c);
-    if (b < 0x80) {
-      out += c;
-      continue;
-    }
-    const char hex[] = "0123456789ABCDEF";
-    out += {'\\', 'x', hex[b >> 4], hex[b & 0xF]};
-  }
-  return out + "\"";
-}
+// `name` in double quotes for a message.
+std::string Quoted(std::string_view name) { return "\"" + ShownName(name) + "\""; }
 
 // The entry's name as bytes; a UTF-8 name the locale cannot hold comes as written.
 std::string EntryName(archive_entry* e) {
