@@ -7,7 +7,6 @@
 
 #include <QCryptographicHash>
 
-#include <algorithm>
 #include <cerrno>
 #include <cstring>
 #include <filesystem>
@@ -153,18 +152,17 @@ Status Walk(const std::string& path, const MemberVisit& visit) {
   return {};
 }
 
-// The first pass: only the manifest read, every other member's data skipped
-// and nothing of it kept.
+// The first pass: only the manifest kept, every other member's data read
+// past in blocks, so that a cancel is heard within a large one.
 Status FindManifest(const std::string& path, const JobProgress& progress, Manifest& manifest) {
   const auto fail = [&path](const std::string& why) { return Status::Described(path + ": " + why); };
   std::optional<std::string> text;
   StepBeat beat(progress, {"Checking file", 1, 0});
-  const Status walked = Walk(path, [&](ArchiveIn& in, archive_entry* e, const std::string& name) {
-    const auto size = static_cast<std::size_t>(std::max<la_int64_t>(archive_entry_size(e), 0));
-    if (!beat.Passed(kHeaderBytes + size)) return Cancelled(path);
+  const Status walked = Walk(path, [&](ArchiveIn& in, archive_entry*, const std::string& name) {
+    if (!beat.Passed(kHeaderBytes)) return Cancelled(path);
     if (name != kManifestName) {
-      in.Skip();
-      return Status();
+      in.Read([&beat](const char*, std::size_t n) { return beat.Passed(n); });
+      return beat.cancelled() ? Cancelled(path) : Status();
     }
     if (text) return fail(Quoted(name) + " comes twice");
     text.emplace();
