@@ -65,6 +65,10 @@ std::string ManifestText(const Manifest& m, const std::string& sifName) {
 
 std::optional<Manifest> ParseManifest(std::string_view text, std::string& message) {
   Manifest m;
+  // Room for every line in each list at once: no list is copied as it grows.
+  const auto lines = static_cast<std::size_t>(std::count(text.begin(), text.end(), '\n')) + 1;
+  m.order.reserve(lines);
+  m.missing.reserve(lines);
   std::size_t number = 0;
   while (!text.empty()) {
     const std::size_t end = text.find('\n');
