@@ -18,6 +18,7 @@
 #include "base/Cp1252.h"
 #include "base/Text.h"
 #include "pack/ClaimContent.h"
+#include "pack/FolderSync.h"
 #include "pack/JobControl.h"
 #include "pack/SifFile.h"
 #include "storage/DiskEnv.h"
@@ -34,7 +35,7 @@ constexpr std::size_t kBlock = 1u << 20;
 struct Source {
   std::string name;  // in the archive: "Gallery/tv.jpg"
   std::string path;  // on disk
-  std::string who;   // what names it, for the message when it is missing
+  std::string who;   // what names it, for the message when it is left out
 };
 
 bool PlainName(const std::string& n) { return !n.empty() && n != "." && n != ".." && n.find('/') == std::string::npos; }
@@ -66,7 +67,10 @@ class SourceFile {
  public:
   // O_NONBLOCK keeps a FIFO in a picture's place from holding the backup up.
   explicit SourceFile(const std::string& path) : fd_(::open(path.c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK)) {
-    if (fd_ >= 0 && (::fstat(fd_, &st_) != 0 || !S_ISREG(st_.st_mode))) {
+    if (fd_ < 0) error_ = errno;
+    else if (::fstat(fd_, &st_) != 0) error_ = errno;
+    else if (!S_ISREG(st_.st_mode)) error_ = S_ISDIR(st_.st_mode) ? EISDIR : EINVAL;
+    if (fd_ >= 0 && error_ != 0) {
       ::close(fd_);
       fd_ = -1;
     }
@@ -78,6 +82,14 @@ class SourceFile {
   SourceFile& operator=(const SourceFile&) = delete;
 
   bool ok() const { return fd_ >= 0; }
+  // Why the file did not open, as the end of a sentence naming it.
+  std::string why() const {
+    if (error_ == ENOENT || error_ == ENOTDIR) return "is missing";
+    if (error_ == EISDIR) return "is a folder, not a picture";
+    if (error_ == EINVAL) return "is not a regular file";
+    return std::string("cannot be read (") + std::strerror(error_) + ")";
+  }
+  int error() const { return error_; }
   std::int64_t size() const { return st_.st_size; }
   time_t mtime() const { return st_.st_mtime; }
 
@@ -91,6 +103,7 @@ class SourceFile {
 
  private:
   int fd_;
+  int error_ = 0;  // errno of a failed open; EISDIR for a folder, EINVAL for another kind
   struct stat st_ {};
 };
 
@@ -146,6 +159,7 @@ class ArchiveOut {
     if (ok() && archive_write_close(a_) != ARCHIVE_OK) Fail();
     if (ok() && ::fsync(fd_) != 0) error_ = std::strerror(errno);
     if (ok() && ::rename(temp_.c_str(), path_.c_str()) != 0) error_ = std::strerror(errno);
+    if (ok()) SyncFolder(fs::path(path_).parent_path().string());
     committed_ = ok();
     if (!committed_) message = path_ + ": " + error_;
     return committed_;
@@ -226,8 +240,8 @@ Status MakeBackup(const BackupRequest& request, const JobProgress& progress, Bac
     if (!progress(step)) return Cancelled(out);
     SourceFile file(s.path);
     if (!file.ok()) {
-      if (i == 0) return Status::Described(path + ": " + std::strerror(errno));
-      result.notes.push_back(s.who + ": \"" + s.path + "\" is missing; listed in the manifest");
+      if (i == 0) return Status::Described(path + ": " + std::strerror(file.error()));
+      result.notes.push_back(s.who + ": \"" + s.path + "\" " + file.why() + "; listed in the manifest");
       manifest.missing.push_back(s.name);
       continue;
     }

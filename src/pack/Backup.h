@@ -39,7 +39,8 @@ struct RestoreEntry {
   std::time_t mtime = 0;
 };
 
-// What a restore would do, found by reading the whole archive once.
+// What a restore would do, found by reading the archive twice: for its
+// manifest, then each member against it.
 struct RestorePlan {
   std::string archivePath;
   std::string appDir;                 // absolute
@@ -49,7 +50,9 @@ struct RestorePlan {
 };
 
 // Reads and checks every name and hash of the archive against its manifest,
-// writing nothing. Reports "Checking file" steps (count unknown).
+// writing nothing, and stops at the first member the manifest does not
+// account for; it holds no more than the manifest names, however many
+// members the archive has. Reports "Checking file" steps (count unknown).
 Status PlanRestore(const std::string& archivePath, const std::string& appDir, const JobProgress& progress,
                    RestorePlan& plan);
 

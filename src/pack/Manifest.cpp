@@ -2,6 +2,7 @@
 #include "pack/Manifest.h"
 
 #include <QCryptographicHash>
+#include <QUtf8StringView>
 
 #include <algorithm>
 
@@ -64,6 +65,10 @@ std::string ManifestText(const Manifest& m, const std::string& sifName) {
 
 std::optional<Manifest> ParseManifest(std::string_view text, std::string& message) {
   Manifest m;
+  // Room for every line in each list at once: no list is copied as it grows.
+  const auto lines = static_cast<std::size_t>(std::count(text.begin(), text.end(), '\n')) + 1;
+  m.order.reserve(lines);
+  m.missing.reserve(lines);
   std::size_t number = 0;
   while (!text.empty()) {
     const std::size_t end = text.find('\n');
@@ -90,12 +95,29 @@ std::optional<Manifest> ParseManifest(std::string_view text, std::string& messag
       return refuse("SHA256  NAME");
     const std::string& name = *parsed;
     if (!m.hashes.emplace(name, std::string(line.substr(0, 64))).second) {
-      message = "manifest names " + name + " twice";
+      message = "manifest names " + ShownName(name) + " twice";
       return std::nullopt;
     }
     m.order.push_back(name);
   }
   return m;
+}
+
+bool IsUtf8(std::string_view s) { return QUtf8StringView(s.data(), static_cast<qsizetype>(s.size())).isValidUtf8(); }
+
+std::string ShownName(std::string_view name) {
+  if (IsUtf8(name)) return std::string(name);
+  std::string out;
+  for (const char c : name) {
+    const auto b = static_cast<unsigned char>(c);
+    if (b < 0x80) {
+      out += c;
+      continue;
+    }
+    const char hex[] = "0123456789ABCDEF";
+    out += {'\\', 'x', hex[b >> 4], hex[b & 0xF]};
+  }
+  return out;
 }
 
 bool IsBackupName(std::string_view name) {

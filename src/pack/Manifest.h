@@ -33,6 +33,13 @@ std::string ManifestText(const Manifest& m, const std::string& sifName);
 // line is neither a comment nor a hash line, or a name comes twice.
 std::optional<Manifest> ParseManifest(std::string_view text, std::string& message);
 
+// True when `s` is UTF-8, as every name a backup writes is.
+bool IsUtf8(std::string_view s);
+
+// `name` as a message shows it: as it is when UTF-8, else with each byte
+// beyond ASCII as \xHH.
+std::string ShownName(std::string_view name);
+
 // True when `name` is "FOLDER/FILE" with one of the backup's folders and a
 // plain file name: nothing that could reach outside the folder.
 bool IsBackupName(std::string_view name);

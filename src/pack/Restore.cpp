@@ -11,9 +11,12 @@
 #include <cstring>
 #include <filesystem>
 #include <functional>
+#include <optional>
 #include <set>
+#include <string_view>
 
 #include "pack/Backup.h"
+#include "pack/FolderSync.h"
 #include "pack/JobControl.h"
 #include "storage/DiskEnv.h"
 
@@ -23,7 +26,25 @@ namespace {
 namespace fs = std::filesystem;
 
 // The largest manifest read: far beyond the 32767 slides a file can hold.
+// It bounds a restore's memory whatever the member count: the first pass
+// keeps only the manifest, the second stops at the first member the manifest
+// does not account for. A manifest at this limit of the shortest lines,
+// parsed, takes under 100 MB; a backup's own, a few hundred bytes a file.
 constexpr std::size_t kManifestLimit = 16u << 20;
+
+// What a tar header takes before a member's data, counted towards the next
+// progress call so that a run of empty members is heard too.
+constexpr std::size_t kHeaderBytes = 512;
+
+// `name` in double quotes for a message.
+std::string Quoted(std::string_view name) { return "\"" + ShownName(name) + "\""; }
+
+// The entry's name as bytes; a UTF-8 name the locale cannot hold comes as written.
+std::string EntryName(archive_entry* e) {
+  const char* raw = archive_entry_pathname(e);
+  if (!raw) raw = archive_entry_pathname_utf8(e);
+  return raw ? raw : "";
+}
 
 // One pass over an archive, entry by entry.
 class ArchiveIn {
@@ -49,11 +70,10 @@ class ArchiveIn {
     archive_entry* e = nullptr;
     const int r = archive_read_next_header(a_, &e);
     if (r == ARCHIVE_EOF) return nullptr;
-    if (r != ARCHIVE_OK) {
-      Fail();
-      return nullptr;
-    }
-    return e;
+    // A pax name that is no UTF-8 comes with a warning; Refusal names it.
+    if (r == ARCHIVE_OK || (r == ARCHIVE_WARN && !IsUtf8(EntryName(e)))) return e;
+    Fail();
+    return nullptr;
   }
 
   // Hands the entry's data to `sink` block by block; false on a fault.
@@ -68,6 +88,11 @@ class ArchiveIn {
       }
       if (!sink(buf, static_cast<std::size_t>(n))) return false;
     }
+  }
+
+  // Passes over the entry's data.
+  void Skip() {
+    if (archive_read_data_skip(a_) != ARCHIVE_OK) Fail();
   }
 
   const std::string& error() const { return error_; }
@@ -97,65 +122,94 @@ std::string HashEntry(ArchiveIn& in, StepBeat& beat, const std::function<bool(co
 
 // Why `e` may not be restored, or "" when it may.
 std::string Refusal(archive_entry* e, const std::string& name) {
+  const std::string quoted = Quoted(name);
+  if (!IsUtf8(name)) return quoted + " is not a name this program writes";
   if (archive_entry_symlink(e) || archive_entry_hardlink(e) || archive_entry_filetype(e) == AE_IFLNK)
-    return "\"" + name + "\" is a link, which could lead out of the application directory";
-  if (name.starts_with("/")) return "\"" + name + "\" is an absolute path, outside the application directory";
+    return quoted + " is a link, which could lead out of the application directory";
+  if (name.starts_with("/")) return quoted + " is an absolute path, outside the application directory";
   if (name == ".." || name.starts_with("../") || name.find("/../") != std::string::npos || name.ends_with("/.."))
-    return "\"" + name + "\" would leave the application directory";
-  if (archive_entry_filetype(e) != AE_IFREG) return "\"" + name + "\" is not a regular file";
-  if (name != kManifestName && !IsBackupName(name)) return "\"" + name + "\" is no part of a backup";
+    return quoted + " would leave the application directory";
+  if (archive_entry_filetype(e) != AE_IFREG) return quoted + " is not a regular file";
+  if (name != kManifestName && !IsBackupName(name)) return quoted + " is no part of a backup";
   return {};
 }
 
-// The entry's name as bytes; a UTF-8 name the locale cannot hold comes as written.
-std::string EntryName(archive_entry* e) {
-  const char* raw = archive_entry_pathname(e);
-  if (!raw) raw = archive_entry_pathname_utf8(e);
-  return raw ? raw : "";
-}
+// One member of an archive as a pass meets it: its data still to be read
+// or skipped; an answer other than ok ends the pass.
+using MemberVisit = std::function<Status(ArchiveIn&, archive_entry*, const std::string& name)>;
 
-// The first pass: every entry named, hashed and checked against the manifest.
-Status Survey(const std::string& path, const JobProgress& progress, std::vector<RestoreEntry>& entries,
-              Manifest& manifest) {
-  const auto fail = [&path](const std::string& why) { return Status::Described(path + ": " + why); };
+// Each member of the archive at `path`, refused when it may not be restored
+// and otherwise handed to `visit`.
+Status Walk(const std::string& path, const MemberVisit& visit) {
   ArchiveIn in(path);
-  std::optional<std::string> manifestText;
-  std::set<std::string> names;
   while (archive_entry* e = in.Next()) {
     const std::string name = EntryName(e);
-    if (const std::string why = Refusal(e, name); !why.empty()) return fail(why);
-    if (!names.insert(name).second) return fail("\"" + name + "\" comes twice");
-    if (name == kManifestName) {
-      std::string text;
-      const bool read = in.Read([&text](const char* b, std::size_t n) {
-        text.append(b, n);
-        return text.size() <= kManifestLimit;
-      });
-      if (!read && in.error().empty()) return fail("the manifest is too large");
-      manifestText = std::move(text);
-      continue;
+    if (const std::string why = Refusal(e, name); !why.empty()) return Status::Described(path + ": " + why);
+    if (Status visited = visit(in, e, name); !visited.ok()) return visited;
+  }
+  if (!in.opened()) return Status::Described(path + ": " + in.error());
+  if (!in.error().empty()) return Status::Described(path + ": a damaged archive (" + in.error() + ")");
+  return {};
+}
+
+// The first pass: only the manifest kept, every other member's data read
+// past in blocks, so that a cancel is heard within a large one.
+Status FindManifest(const std::string& path, const JobProgress& progress, Manifest& manifest) {
+  const auto fail = [&path](const std::string& why) { return Status::Described(path + ": " + why); };
+  std::optional<std::string> text;
+  StepBeat beat(progress, {"Checking file", 1, 0});
+  const Status walked = Walk(path, [&](ArchiveIn& in, archive_entry*, const std::string& name) {
+    if (!beat.Passed(kHeaderBytes)) return Cancelled(path);
+    if (name != kManifestName) {
+      in.Read([&beat](const char*, std::size_t n) { return beat.Passed(n); });
+      return beat.cancelled() ? Cancelled(path) : Status();
     }
+    if (text) return fail(Quoted(name) + " comes twice");
+    text.emplace();
+    const bool read = in.Read([&text](const char* b, std::size_t n) {
+      text->append(b, n);
+      return text->size() <= kManifestLimit;
+    });
+    return !read && in.error().empty() ? fail("the manifest is too large") : Status();
+  });
+  if (!walked.ok()) return walked;
+  if (!text) return fail("no " + std::string(kManifestName) + "; not a backup of chattelbook-sif");
+  std::string message;
+  auto parsed = ParseManifest(*text, message);
+  if (!parsed) return fail(message);
+  manifest = std::move(*parsed);
+  return {};
+}
+
+// The second pass: each member hashed against the manifest, up to the first
+// one the manifest does not account for.
+Status CheckMembers(const std::string& path, const JobProgress& progress, const Manifest& manifest,
+                    std::vector<RestoreEntry>& entries) {
+  const auto fail = [&path](const std::string& name, const char* why) {
+    return Status::Described(path + ": " + Quoted(name) + why);
+  };
+  std::set<std::string_view> seen;  // views of the manifest's own names
+  const Status walked = Walk(path, [&](ArchiveIn& in, archive_entry* e, const std::string& name) {
+    if (name == kManifestName) {
+      in.Skip();
+      return Status();
+    }
+    const auto it = manifest.hashes.find(name);
+    if (it == manifest.hashes.end()) return fail(name, " is not in the manifest");
+    if (!seen.insert(it->first).second) return fail(name, " comes twice");
     const JobStep step{"Checking file", entries.size() + 1, 0};
     if (!progress(step)) return Cancelled(path);
     StepBeat beat(progress, step);
     const std::string hash = HashEntry(in, beat);
     if (beat.cancelled()) return Cancelled(path);
+    if (!in.error().empty()) return Status();  // the walk tells the damage
+    if (hash != it->second) return fail(name, " does not match its SHA-256 in the manifest");
     entries.push_back({name, hash, archive_entry_mtime(e)});
-  }
-  if (!in.opened()) return fail(in.error());
-  if (!in.error().empty()) return fail("a damaged archive (" + in.error() + ")");
-  if (!manifestText) return fail("no " + std::string(kManifestName) + "; not a backup of chattelbook-sif");
-  std::string message;
-  auto parsed = ParseManifest(*manifestText, message);
-  if (!parsed) return fail(message);
-  manifest = std::move(*parsed);
-  for (const auto& e : entries) {
-    const auto it = manifest.hashes.find(e.name);
-    if (it == manifest.hashes.end()) return fail("\"" + e.name + "\" is not in the manifest");
-    if (it->second != e.hash) return fail("\"" + e.name + "\" does not match its SHA-256 in the manifest");
-  }
+    return Status();
+  });
+  if (!walked.ok()) return walked;
   for (const auto& name : manifest.order)
-    if (!names.contains(name)) return fail("\"" + name + "\" is in the manifest but not in the archive");
+    if (!seen.contains(name)) return fail(name, " is in the manifest but not in the archive");
   return {};
 }
 
@@ -194,10 +248,14 @@ class Staging {
   }
 
   Status Commit() {
+    std::set<std::string> folders;
+    for (const auto& dir : made_) folders.insert(dir.parent_path().string());
     for (auto& [temp, target] : staged_) {
       if (::rename(temp.c_str(), target.c_str()) != 0) return Status::Described(target + ": " + std::strerror(errno));
       temp.clear();
+      folders.insert(fs::path(target).parent_path().string());
     }
+    for (const auto& dir : folders) SyncFolder(dir);
     staged_.clear();
     made_.clear();
     return {};
@@ -226,7 +284,8 @@ Status PlanRestore(const std::string& archivePath, const std::string& appDir, co
   RestorePlan p;
   p.archivePath = archivePath;
   p.appDir = fs::absolute(appDir).lexically_normal().string();
-  if (Status surveyed = Survey(archivePath, progress, p.entries, p.manifest); !surveyed.ok()) return surveyed;
+  if (Status found = FindManifest(archivePath, progress, p.manifest); !found.ok()) return found;
+  if (Status checked = CheckMembers(archivePath, progress, p.manifest, p.entries); !checked.ok()) return checked;
   for (const auto& e : p.entries) {
     const fs::path target = fs::path(p.appDir) / e.name;
     std::error_code ec;
@@ -238,7 +297,7 @@ Status PlanRestore(const std::string& archivePath, const std::string& appDir, co
   return {};
 }
 
-// The second pass: each file into its place, its hash checked once more.
+// The last pass: each file into its place, its hash checked once more.
 Status CarryOutRestore(const RestorePlan& plan, const JobProgress& progress) {
   const std::string& path = plan.archivePath;
   const Status changed = Status::Described(path + ": the archive changed while it was read");
@@ -264,7 +323,7 @@ Status CarryOutRestore(const RestorePlan& plan, const JobProgress& progress) {
     if (!written) return Status::Described(target.string() + ": " + std::strerror(saved));
     if (beat.cancelled()) return Cancelled(path);
     if (!in.error().empty() || hash != plan.entries[next].hash)
-      return Status::Described(path + ": \"" + name + "\" changed while it was read");
+      return Status::Described(path + ": " + Quoted(name) + " changed while it was read");
     staging.Stamp(plan.entries[next].mtime);
     ++next;
   }

@@ -7,8 +7,12 @@
 
 #include <archive.h>
 #include <archive_entry.h>
+#include <sys/stat.h>
+
+#include <functional>
 
 #include "SifTools.h"
+#include "pack/Backup.h"
 #include "pack/Manifest.h"
 
 namespace cb::sif::testing {
@@ -153,6 +157,9 @@ TEST(Backup, RestoreRefusesBadArchivesAndWritesNothing) {
       {"a hard link", {sif, {"Gallery/tv.jpg", "", AE_IFREG, "Files/Home.sif", true}, ManifestOf({sif})}, "is a link"},
       {"a folder outside the backup's", {sif, {"Reports/Report1.htm", "x"}, ManifestOf({sif})}, "no part of a backup"},
       {"a directory", {sif, {"Gallery/sub", "", AE_IFDIR}, ManifestOf({sif})}, "not a regular file"},
+      {"a name that is no UTF-8",
+       {sif, {"Gallery/\xFF.jpg", "x"}, ManifestOf({sif, {"Gallery/\xFF.jpg", "x"}})},
+       "\"Gallery/\\xFF.jpg\" is not a name this program writes"},
       {"a tar without gzip", {sif, ManifestOf({sif})}, "not a gzip-compressed tar archive", false},
   };
   for (const auto& c : cases) {
@@ -166,6 +173,54 @@ TEST(Backup, RestoreRefusesBadArchivesAndWritesNothing) {
     EXPECT_THAT(r.err, HasSubstr("nothing was written"));
     EXPECT_EQ(Names(dir), std::vector<std::string>{"bad.tar.gz"});
   }
+}
+
+// However many members follow, the check ends at the first one the
+// manifest does not name.
+TEST(Backup, RestoreStopsAtTheFirstMemberTheManifestLacks) {
+  Scratch dir;
+  const std::string archive = dir / "stray.tar.gz";
+  std::vector<TarEntry> named{{"Files/Home.sif", "slides"}};
+  for (const char* p : {"Gallery/a.jpg", "Gallery/b.jpg", "Gallery/c.jpg"}) named.push_back({p, p});
+  std::vector<TarEntry> entries = named;
+  entries.insert(entries.begin() + 1, {"Gallery/stray.jpg", "stray"});
+  entries.push_back(ManifestOf(named));
+  WriteTar(archive, entries);
+  std::vector<std::string> steps;
+  RestorePlan plan;
+  const Status s = PlanRestore(archive, dir / "app", [&](const JobStep& step) {
+    steps.push_back(StepText(step));
+    return true;
+  }, plan);
+  EXPECT_EQ(s.description(), archive + ": \"Gallery/stray.jpg\" is not in the manifest");
+  EXPECT_EQ(steps, std::vector<std::string>{"Checking file 1"});
+}
+
+// A picture left out of a backup is told with the reason.
+TEST(Backup, TellsWhyAPictureIsLeftOut) {
+  Scratch dir;
+  const std::string root = dir / "app", sif = root + "/Files/Home.sif";
+  const struct {
+    const char* picture;
+    std::function<void(const std::string&)> make;
+    const char* why;
+  } cases[] = {
+      {"gone.jpg", [](const std::string&) {}, "is missing"},
+      {"folder.jpg", [](const std::string& p) { fs::create_directory(p); }, "is a folder, not a picture"},
+      {"link.jpg", [&](const std::string& p) { fs::create_directory_symlink(root + "/Files", p); },
+       "is a folder, not a picture"},
+      {"fifo.jpg", [](const std::string& p) { ::mkfifo(p.c_str(), 0644); }, "is not a regular file"},
+  };
+  for (const char* f : {"Files", "Gallery"}) fs::create_directories(root + "/" + f);
+  std::vector<SlideText> slides;
+  for (const auto& c : cases) slides.push_back({c.picture, "x"});
+  WriteAsProgram(sif, {}, slides);
+  for (const auto& c : cases) c.make(root + "/Gallery/" + c.picture);
+  const Outcome b = RunProcess({"backup", sif, "-o", dir / "home.tar.gz"}, dir);
+  EXPECT_EQ(b.status, 0) << b.err;
+  for (std::size_t i = 0; i < std::size(cases); ++i)
+    EXPECT_THAT(b.err, HasSubstr("slide " + std::to_string(i + 1) + ": \"" + root + "/Gallery/" + cases[i].picture +
+                                 "\" " + cases[i].why + "; listed in the manifest"));
 }
 
 }  // namespace
