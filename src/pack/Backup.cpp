@@ -107,13 +107,19 @@ class SourceFile {
   struct stat st_ {};
 };
 
-// An archive being written into a private file beside its final name.
+// An archive being written into a private file beside its final name, or
+// straight into a device or a pipe named as the archive.
 class ArchiveOut {
  public:
   explicit ArchiveOut(const std::string& path) : path_(path) {
-    fd_ = MakeTempBeside(path, NewFileMode(), temp_);
+    const SaveTarget at = SaveTargetOf(path);
+    target_ = at.path;
+    if (!at.plain) {
+      fd_ = ::open(target_.c_str(), O_WRONLY | O_CLOEXEC);
+    } else if ((fd_ = MakeTempBeside(target_, at.mode, temp_)) >= 0) {
+      RemoveStaleTemps(target_, temp_);
+    }
     if (fd_ < 0) return;
-    RemoveStaleTemps(path, temp_);
     a_ = archive_write_new();
     archive_write_add_filter_gzip(a_);
     archive_write_set_format_pax_restricted(a_);
@@ -157,9 +163,11 @@ class ArchiveOut {
   // Finishes the archive and moves it into place; false with `message` filled.
   bool Commit(std::string& message) {
     if (ok() && archive_write_close(a_) != ARCHIVE_OK) Fail();
-    if (ok() && ::fsync(fd_) != 0) error_ = std::strerror(errno);
-    if (ok() && ::rename(temp_.c_str(), path_.c_str()) != 0) error_ = std::strerror(errno);
-    if (ok()) SyncFolder(fs::path(path_).parent_path().string());
+    if (ok() && !temp_.empty()) {
+      if (::fsync(fd_) != 0) error_ = std::strerror(errno);
+      if (ok() && ::rename(temp_.c_str(), target_.c_str()) != 0) error_ = std::strerror(errno);
+      if (ok()) SyncFolder(fs::path(target_).parent_path().string());
+    }
     committed_ = ok();
     if (!committed_) message = path_ + ": " + error_;
     return committed_;
@@ -177,7 +185,7 @@ class ArchiveOut {
     error_ = e ? e : "the archive could not be written";
   }
 
-  std::string path_, temp_, error_;
+  std::string path_, target_, temp_, error_;
   int fd_ = -1;
   archive* a_ = nullptr;
   bool committed_ = false;

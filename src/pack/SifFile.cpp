@@ -10,6 +10,7 @@
 #include <filesystem>
 #include <memory>
 
+#include "pack/FolderSync.h"
 #include "storage/DiskEnv.h"
 
 namespace cb::pack {
@@ -17,10 +18,10 @@ namespace {
 
 std::string Errno(const std::string& what) { return what + ": " + std::strerror(errno); }
 
-// A private file beside `path`, with the mode a newly created file gets.
-std::string NewTempBeside(const std::string& path, std::string& message) {
+// A private file beside `path`, with `mode`.
+std::string NewTempBeside(const std::string& path, unsigned mode, std::string& message) {
   std::string name;
-  const int fd = MakeTempBeside(path, NewFileMode(), name);
+  const int fd = MakeTempBeside(path, mode, name);
   if (fd < 0) {
     message = Errno(path);
     if (Env::Default().FolderRefusesSave(path)) message = ReadOnlyFolderText(path);
@@ -75,7 +76,15 @@ bool WriteSif(const std::string& path, const SifSettings& settings, const SlideA
     message = path + ": already exists; give --force to replace it";
     return false;
   }
-  const std::string temp = NewTempBeside(path, message);
+  // A link is followed, so its file is replaced and the link stays; the
+  // file keeps its mode; a device or a pipe is no slide file to replace.
+  const SaveTarget at = SaveTargetOf(path);
+  if (!at.plain) {
+    message = path + ": not a plain file; nothing was written";
+    return false;
+  }
+  const std::string& target = at.path;
+  const std::string temp = NewTempBeside(target, at.mode, message);
   if (temp.empty()) return false;
 
   SlideArray copy = slides.empty() ? SlideArray(1) : slides;
@@ -86,16 +95,17 @@ bool WriteSif(const std::string& path, const SifSettings& settings, const SlideA
   if (!ok) {
     message = path + ": " + std::string(saved.description());
   } else if (replace) {
-    ok = ::rename(temp.c_str(), path.c_str()) == 0;
+    ok = ::rename(temp.c_str(), target.c_str()) == 0;
     if (!ok) message = Errno(path);
-  } else if (::link(temp.c_str(), path.c_str()) != 0) {
+  } else if (::link(temp.c_str(), target.c_str()) != 0) {
     // link() refuses an existing name, so a file that appeared meanwhile is
     // kept; on a file system without hard links a plain move has to do.
     const bool exists = errno == EEXIST || std::filesystem::exists(path, ec);
-    ok = !exists && ::rename(temp.c_str(), path.c_str()) == 0;
+    ok = !exists && ::rename(temp.c_str(), target.c_str()) == 0;
     if (!ok) message = exists ? path + ": already exists; give --force to replace it" : Errno(path);
   }
   ::unlink(temp.c_str());  // gone already after a move
+  if (ok) SyncFolder(std::filesystem::path(target).parent_path().string());
   return ok;
 }
 

@@ -123,8 +123,9 @@ RtError DiskEnv::NewFileBeside(const std::string& target, unsigned newMode, std:
   struct stat st {};
   mode_t mode = 0;
   if (::stat(target.c_str(), &st) == 0) {
-    // Renaming needs only the directory: refuse what an in-place write could not open.
-    if (S_ISDIR(st.st_mode) || ::access(target.c_str(), W_OK) != 0) return RtError::PathFileAccess;
+    // Renaming needs only the directory: refuse what an in-place write could not
+    // open, and a device or a pipe, which a rename would replace by a plain file.
+    if (!S_ISREG(st.st_mode) || ::access(target.c_str(), W_OK) != 0) return RtError::PathFileAccess;
     mode = st.st_mode & 07777;
   } else {
     mode = static_cast<mode_t>(newMode & NewFileMode());
@@ -149,6 +150,15 @@ unsigned NewFileMode() {
   const mode_t mask = ::umask(0);
   ::umask(mask);
   return 0666 & ~mask;
+}
+
+SaveTarget SaveTargetOf(const std::string& path) {
+  SaveTarget t{DiskEnv().ResolveLinks(path), NewFileMode(), true};
+  if (struct stat st {}; ::stat(t.path.c_str(), &st) == 0) {
+    t.mode = st.st_mode & 07777;
+    t.plain = S_ISREG(st.st_mode) || S_ISDIR(st.st_mode);
+  }
+  return t;
 }
 
 int MakeTempBeside(const std::string& target, unsigned mode, std::string& name) {

@@ -33,6 +33,17 @@ class DiskEnv : public Env {
 // The mode a newly made file gets: 0666 less the umask.
 unsigned NewFileMode();
 
+// Where a whole-file save of `path` lands: the file at the end of its links
+// (the links stay), with the mode the file has, or a new file's mode.
+// `plain` is false when what stands there is a device, a pipe or a socket,
+// which a rename would replace by a plain file.
+struct SaveTarget {
+  std::string path;
+  unsigned mode = 0;
+  bool plain = true;
+};
+SaveTarget SaveTargetOf(const std::string& path);
+
 // Makes the private file a save writes before renaming it over `target`:
 // "DIR/.NAME.save-" and six random characters, with `mode`. Its descriptor,
 // or -1 with errno set.

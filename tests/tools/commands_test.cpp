@@ -121,7 +121,8 @@ TEST(Commands, ShowLabelsFieldsAsTheTemplatesEditorDoes) {
                                "  Price:          4990\n"));
 }
 
-// "-o /dev/null" or a pipe is written into, never replaced by a plain file.
+// "-o /dev/null" or a pipe is written into, never replaced by a plain file;
+// a slide file is never written into one.
 TEST(Commands, AnOutputThatIsNoPlainFileIsWrittenInPlace) {
   Scratch dir;
   WriteAsProgram(dir / "x.sif", {}, {{"tv.jpg", "Television"}});
@@ -129,12 +130,35 @@ TEST(Commands, AnOutputThatIsNoPlainFileIsWrittenInPlace) {
   ASSERT_EQ(::mkfifo(fifo.c_str(), 0600), 0);
   const int reader = ::open(fifo.c_str(), O_RDWR | O_NONBLOCK);  // holds the pipe open for the writer
   ASSERT_GE(reader, 0);
-  EXPECT_EQ(RunInProcess({"thumbnail", dir / "x.sif", fifo, "--size", "16"}).status, kExitOk);
-  char png[4] = {};
-  EXPECT_EQ(::read(reader, png, sizeof png), 4);
-  EXPECT_EQ(std::string(png + 1, 3), "PNG");
-  EXPECT_TRUE(fs::is_fifo(fifo));
+  struct Case {
+    std::vector<std::string> args;
+    int status;
+    std::string head;  // the first bytes through the pipe
+  };
+  const Case cases[] = {
+      {{"thumbnail", dir / "x.sif", fifo, "--size", "16"}, kExitOk, "\x89PNG"},
+      {{"backup", dir / "x.sif", "-o", fifo}, kExitOk, "\x1f\x8b"},
+      {{"import", "-", "-o", fifo, "--force"}, kExitData, ""},
+  };
+  for (const auto& c : cases) {
+    SCOPED_TRACE(c.args.front());
+    EXPECT_EQ(RunInProcess(c.args, "PictureFile\nsofa.jpg\n").status, c.status);
+    std::string got(64 * 1024, '\0');
+    const ssize_t n = ::read(reader, got.data(), got.size());
+    got.resize(n > 0 ? static_cast<std::size_t>(n) : 0);
+    EXPECT_EQ(got.substr(0, c.head.size()), c.head);
+    EXPECT_TRUE(fs::is_fifo(fifo));
+  }
   ::close(reader);
+
+  // A link is followed: its file is replaced and keeps its mode, the link stays.
+  fs::copy_file(dir / "x.sif", dir / "real.sif");
+  fs::permissions(dir / "real.sif", fs::perms::owner_read | fs::perms::owner_write);
+  fs::create_symlink("real.sif", dir / "link.sif");
+  ASSERT_EQ(RunInProcess({"import", "-", "-o", dir / "link.sif", "--force"}, "PictureFile\nsofa.jpg\n").status, kExitOk);
+  EXPECT_TRUE(fs::is_symlink(dir / "link.sif"));
+  EXPECT_EQ(fs::status(dir / "real.sif").permissions(), fs::perms::owner_read | fs::perms::owner_write);
+  EXPECT_NE(ReadFile(dir / "real.sif"), ReadFile(dir / "x.sif"));
 }
 
 }  // namespace
