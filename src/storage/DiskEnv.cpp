@@ -166,6 +166,10 @@ int MakeTempBeside(const std::string& target, unsigned mode, std::string& name) 
   name = target.substr(0, at) + "." + target.substr(at) + kTempMark + "XXXXXX";
   const int fd = ::mkstemp(name.data());
   if (fd < 0) return -1;
+  // The file a save replaces keeps its owner where we may give it (root
+  // saving a user's file); elsewhere the new one is ours, as it must be.
+  if (struct stat st {}; ::stat(target.c_str(), &st) == 0 && (st.st_uid != ::geteuid() || st.st_gid != ::getegid()))
+    [[maybe_unused]] const int kept = ::fchown(fd, st.st_uid, st.st_gid);
   if (::fchmod(fd, static_cast<mode_t>(mode)) != 0) {
     const int err = errno;
     ::close(fd);

@@ -45,8 +45,9 @@ struct SaveTarget {
 SaveTarget SaveTargetOf(const std::string& path);
 
 // Makes the private file a save writes before renaming it over `target`:
-// "DIR/.NAME.save-" and six random characters, with `mode`. Its descriptor,
-// or -1 with errno set.
+// "DIR/.NAME.save-" and six random characters, with `mode` and, where
+// permitted, the owner of an existing `target`. Its descriptor, or -1 with
+// errno set.
 int MakeTempBeside(const std::string& target, unsigned mode, std::string& name);
 
 // Removes what killed saves of `target` left beside it: files named as
