@@ -37,11 +37,9 @@ constexpr char kInvalidPassword[] = "Invalid password.";
 
 int SecondOfDay(const QTime& t) { return t.hour() * 3600 + t.minute() * 60 + t.second(); }
 
-void Tell(const StartupMessage& m) { MsgBox(ToQ(m.text), vbOKOnly, ToQ(m.title)); }
-
 // Every failure of a start-up step is passed over; some are told first.
 void Report(RtError e) {
-  if (auto m = StartupErrorMessage(e, kAppTitle)) Tell(*m);
+  if (auto m = StartupErrorMessage(e, kAppTitle)) MsgBox(ToQ(m->text), vbOKOnly, ToQ(m->title));
 }
 
 // The executable's directory, or the user's data directory when the program runs installed.
@@ -85,7 +83,8 @@ int RunProgram(const QStringList& args) {
     case ProgramInstance::Start::Running:
       break;
   }
-  if (!where.failure.empty()) Tell({where.failure, kAppTitle});  // and the program goes on where it stands
+  // The message names a path, which is UTF-8; the program goes on where it stands.
+  if (!where.failure.empty()) MsgBox(Utf8ToQ(where.failure), vbOKOnly, kAppTitle);
   static QtSettingsStore settings;
   if (!Main(appDir, settings)) return 0;  // the start-up refused the user
   MDIMain& main = TheMDIMain();
