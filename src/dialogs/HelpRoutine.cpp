@@ -74,14 +74,14 @@ QString PageOf(const WindowHelp& row) { return Utf8ToQ(row.page); }
 // A menu grabs the keyboard while it is open, so the window's F1 never sees it.
 class MenuF1 final : public QObject {
  public:
-  MenuF1(QWidget& window, QMenu& menu) : QObject(&menu), window_(window), menu_(menu) {}
+  explicit MenuF1(QMenu& menu) : QObject(&menu), menu_(menu) {}
 
   bool eventFilter(QObject*, QEvent* e) override {
     if (e->type() != QEvent::KeyPress || static_cast<QKeyEvent*>(e)->key() != Qt::Key_F1) return false;
     const QAction* item = menu_.activeAction();
     if (!item) return false;
-    const QByteArray name = window_.objectName().toUtf8(), control = item->objectName().toUtf8();
-    const WindowHelp* row = FindWindowHelp(View(name), View(control));
+    const QByteArray control = item->objectName().toUtf8();
+    const WindowHelp* row = FindWindowHelp(kMenuHelpRows, View(control));
     if (!row || row->control.empty() || row->page.empty()) return false;
     for (QWidget* open = &menu_; auto* m = qobject_cast<QMenu*>(open); open = m->parentWidget()) m->close();
     OpenHelp(PageOf(*row));
@@ -89,7 +89,6 @@ class MenuF1 final : public QObject {
   }
 
  private:
-  QWidget& window_;
   QMenu& menu_;
 };
 
@@ -130,7 +129,7 @@ void InstallF1(QWidget& window) {
   QObject::connect(f1, &QShortcut::activated, &window, [&window] { Run(window, RowForFocus(window)); });
 }
 
-void InstallMenuF1(QWidget& window, QMenu& menu) { menu.installEventFilter(new MenuF1(window, menu)); }
+void InstallMenuF1(QMenu& menu) { menu.installEventFilter(new MenuF1(menu)); }
 
 HelpViewerWindow* OpenHelpViewer() { return Viewer().data(); }
 

@@ -53,9 +53,9 @@ void CloseWithHelp(QWidget& window);
 // keyboard, or the nearest of its parents that has a row of its own.
 void InstallF1(QWidget& window);
 
-// F1 on an item of `menu`, a menu of `window`: the open-only routine when the
-// item, by object name, has a row of its own for the window.
-void InstallMenuF1(QWidget& window, QMenu& menu);
+// F1 on an item of `menu`: the open-only routine when the item, by object
+// name, has a row of its own among the menu items' rows.
+void InstallMenuF1(QMenu& menu);
 
 // The open viewer, or null.
 HelpViewerWindow* OpenHelpViewer();

@@ -68,7 +68,7 @@ void MDIMain::CreateMenus() {
   menus_ = BuildMenus(this, MainMenu());
   for (QMenu* m : menus_.bar) {
     menuBar()->addMenu(m);
-    InstallMenuF1(*this, *m);
+    InstallMenuF1(*m);
   }
   connect(Menu(MenuId::Window), &QMenu::aboutToShow, this, &MDIMain::FillWindowMenu);
 }

@@ -22,7 +22,6 @@ namespace {
 
 namespace fs = std::filesystem;
 
-constexpr char kClaimTitle[] = "Claim Pack";
 constexpr char kBackupTitle[] = "Back Up";
 constexpr char kRestoreTitle[] = "Restore";
 constexpr char kClaimType[] = "Claim Packs (*.pdf)";
@@ -119,13 +118,13 @@ void MDIMain::mnuFileClaim_Click() {
   pack::ClaimRequest request{OpenFilePath(), GalleryDir(), choices.ChosenKind(), choices.ChosenPage(), {}};
   request.pdfPath = ChosenSavePath("Save Claim Pack", pack::DefaultClaimPath(request.sifPath), kClaimType,
                                    kClaimPattern);
-  if (request.pdfPath.empty() || !MayWrite(request.pdfPath, kClaimTitle)) return;
+  if (request.pdfPath.empty() || !MayWrite(request.pdfPath, kClaimPackTitle)) return;
   std::vector<std::string> notes;
-  if (!RunJob(this, kClaimTitle, [&](const pack::JobProgress& p) { return pack::MakeClaimPack(request, p, notes); }))
-    return;
+  const auto claim = [&](const pack::JobProgress& p) { return pack::MakeClaimPack(request, p, notes); };
+  if (!RunJob(this, kClaimPackTitle, claim)) return;
   const std::string done = "The claim pack is written to " + request.pdfPath + ".";
   SetStatusText(Utf8ToQ(done));
-  TellNotes(notes, done, kClaimTitle);
+  TellNotes(notes, done, kClaimPackTitle);
 }
 
 void MDIMain::mnuFileBackup_Click() {

@@ -35,6 +35,7 @@ namespace cb {
 namespace {
 
 constexpr char kCannotSave[] = "Could not save sif file.";
+constexpr char kAddSlideTitle[] = "Add Slide";
 
 // Items whose commands are the main window's, of the same id.
 constexpr MenuId kForwards[] = {
@@ -86,7 +87,7 @@ QSize frmGallery::sizeHint() const {
 
 void frmGallery::CreateMenus() {
   menus_ = BuildMenus(this, GalleryMenu());
-  for (QMenu* m : menus_.bar) InstallMenuF1(*this, *m);
+  for (QMenu* m : menus_.bar) InstallMenuF1(*m);
   for (MenuId id : kForwards) {
     QAction* a = Item(id);
     connect(a, &QAction::triggered, this, [this, a, id] {
@@ -178,7 +179,7 @@ void frmGallery::mnuPopup1Delete_Click() {
 void frmGallery::mnuSlidesAdd_Click() {
   ModGlobal& g = Globals();
   UIMainController& mc = *g.MainController;
-  frmCommonDialog& d = RunCommonDialog("Add Slide", PathToQ(mc.AppPath() + mc.GetGalleryDirectory()), kSlidesPattern,
+  frmCommonDialog& d = RunCommonDialog(kAddSlideTitle, PathToQ(mc.AppPath() + mc.GetGalleryDirectory()), kSlidesPattern,
                                        {kSlidesType, kAllFilesType});
   const QString selected = d.FileListBox1->FileName();
   if (selected.isEmpty()) return;
@@ -207,19 +208,10 @@ void frmGallery::AddDroppedPictures(const std::vector<std::string>& paths) {
   ModGlobal& g = Globals();
   UIMainController& mc = *g.MainController;
   SortedDrop drop = SortDrop(paths);
-  std::size_t added = 0;
-  for (const std::string& picture : drop.pictures) {
-    if (mc.GlobalController().AppendSlide(picture, mc, g.Slides)) {
-      ++added;
-      continue;
-    }
-    // A picture that could not be copied takes its record back with it.
-    g.Slides.pop_back();
-    mc.NumberOfRecords(static_cast<std::int32_t>(g.Slides.size()) - 1);
-    drop.others.push_back(picture);
-  }
-  if (!drop.others.empty()) MsgBox(Utf8ToQ(NotTakenText(drop.others)), vbOKOnly | vbExclamation, "Add Slide");
-  if (added == 0 || !Report(mc.SaveSettings(), errors_)) return;
+  const std::vector<std::string> uncopied = mc.GlobalController().AppendSlides(drop.pictures, mc, g.Slides);
+  drop.others.insert(drop.others.end(), uncopied.begin(), uncopied.end());
+  if (!drop.others.empty()) MsgBox(Utf8ToQ(NotTakenText(drop.others)), vbOKOnly | vbExclamation, kAddSlideTitle);
+  if (uncopied.size() == drop.pictures.size() || !Report(mc.SaveSettings(), errors_)) return;
   emit CollectionChanged();
 }
 

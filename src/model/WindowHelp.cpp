@@ -13,7 +13,7 @@ constexpr char kFileMenuPage[] = "help003.htm";
 // A window's own row stands for the window and every control without a row
 // of its own. The dialogs close, so a caller waiting on one finds it
 // cancelled; the main working windows stay.
-constexpr std::array<WindowHelp, 31> kRows{{
+constexpr std::array<WindowHelp, 28> kRows{{
     {"frmCommonDialog", "", kQuickStartPage, kCloses},
     {"frmDirectory", "", kQuickStartPage, kCloses},
     {"dlgRemoveSlide", "", kQuickStartPage, kCloses},
@@ -41,13 +41,10 @@ constexpr std::array<WindowHelp, 31> kRows{{
     {"frmEditSlideVEH", "cboCategory", kNoHelp, kStays},
     {"frmEditSlideVEH", "cboLocation", "help011.htm", kStays},
     {"frmReport", "Help", "help012.htm", kStays},  // the viewer's toolbar button
-    // Menu items with F1 of their own, in both menu bars.
-    {"MDIMain", "mnuFileClaim", kFileMenuPage, kStays},
-    {"MDIMain", "mnuFileBackup", kFileMenuPage, kStays},
-    {"MDIMain", "mnuFileRestore", kFileMenuPage, kStays},
-    {"frmGallery", "mnuFileClaim", kFileMenuPage, kStays},
-    {"frmGallery", "mnuFileBackup", kFileMenuPage, kStays},
-    {"frmGallery", "mnuFileRestore", kFileMenuPage, kStays},
+    // Menu items with F1 of their own, in either menu bar.
+    {kMenuHelpRows, "mnuFileClaim", kFileMenuPage, kStays},
+    {kMenuHelpRows, "mnuFileBackup", kFileMenuPage, kStays},
+    {kMenuHelpRows, "mnuFileRestore", kFileMenuPage, kStays},
 }};
 
 }  // namespace

@@ -10,6 +10,8 @@ namespace cb {
 
 // The quick start page: a first start, the main window's popups, the viewer's own F1.
 inline constexpr char kQuickStartPage[] = "help002.htm";
+// The "window" whose rows give menu items of either menu bar their F1.
+inline constexpr char kMenuHelpRows[] = "menus";
 
 struct WindowHelp {
   std::string_view window;   // the window's object name

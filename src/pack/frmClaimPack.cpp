@@ -15,8 +15,6 @@
 namespace cb {
 namespace {
 
-constexpr char kCaption[] = "Claim Pack";
-
 // Design places in twips; the options within their frames.
 constexpr ElementRect kGroupFrame{120, 60, 2010, 1215};
 constexpr ElementRect kPageFrame{2205, 60, 2010, 1215};
@@ -43,7 +41,7 @@ QGroupBox* Frame(QWidget* dialog, const char* name, const char* caption, const E
 
 frmClaimPack::frmClaimPack(QWidget* parent) : QDialog(parent) {
   setObjectName("frmClaimPack");
-  setWindowTitle(kCaption);
+  setWindowTitle(kClaimPackTitle);
   // The location option carries the template's own word for it.
   const auto word = GroupLabel(Globals().MainController->SlideTemplate());
   fraGroup = Frame(this, "fraGroup", "Totals", kGroupFrame);

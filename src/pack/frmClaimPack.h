@@ -14,6 +14,9 @@ class QRadioButton;
 
 namespace cb {
 
+// The dialog's caption, and the title of the job's progress and messages.
+inline constexpr char kClaimPackTitle[] = "Claim Pack";
+
 class frmClaimPack : public QDialog {
   Q_OBJECT
  public:

@@ -50,6 +50,17 @@ bool UIGlobalController::AppendSlide(const std::string& fullPath, UIMainControll
   return env_->CopyFile(fullPath, destination) == RtError::None;
 }
 
+std::vector<std::string> UIGlobalController::AppendSlides(const std::vector<std::string>& fullPaths,
+                                                         UIMainController& mc, SlideArray& slides) const {
+  std::vector<std::string> refused;
+  for (const std::string& path : fullPaths)
+    if (!AppendSlide(path, mc, slides)) {
+      Shrink(mc, slides);
+      refused.push_back(path);
+    }
+  return refused;
+}
+
 bool UIGlobalController::DeleteSlide(std::int32_t index, UIMainController& mc, SlideArray& slides) const {
   const std::int32_t p = mc.CurrentlyActiveBase() + index - 1;
   // Below the first slide lies the header, which no removal may overwrite.

@@ -27,6 +27,10 @@ class UIGlobalController {
   bool AddSlide(const std::string& fullPath, UIMainController& mc, SlideArray& slides) const;
   // The same without resetting an empty collection: what the Add Slide command does.
   bool AppendSlide(const std::string& fullPath, UIMainController& mc, SlideArray& slides) const;
+  // AppendSlide for each picture in order; one whose copy fails takes its
+  // record back with it. The pictures not taken.
+  std::vector<std::string> AppendSlides(const std::vector<std::string>& fullPaths, UIMainController& mc,
+                                        SlideArray& slides) const;
 
   // Removes the slide in cell `index` of the page on show (record Base +
   // index - 1); a number past the end removes the last slide all the same.
