@@ -269,7 +269,8 @@ void AnswerDialog(QString typed, QString selected) {
   });
 }
 
-TEST_F(MainWindowTest, NewWithATypedNameOverwritesRecordByRecordWithoutAsking) {
+// A typed name is written without a question, record by record, with ".sif" added when it has no dot.
+TEST_F(MainWindowTest, NewWithATypedNameOverwritesWithoutAskingAndAddsTheExtension) {
   Start(3);
   const std::string before = ReadFile(Files("t.sif"));
   AnswerDialog("t.sif", "");
@@ -281,6 +282,13 @@ TEST_F(MainWindowTest, NewWithATypedNameOverwritesRecordByRecordWithoutAsking) {
   EXPECT_EQ(Mc().NumberOfRecords(), 0);
   EXPECT_EQ(TheMDIMain().StatusText(), "Slides: 0 to 0 of 0");
   EXPECT_EQ(ReadBack(), 0);
+
+  for (const auto& [typed, stored] : {std::pair{"a", "a.sif"}, {"a.b", "a.b"}, {"Cars.SIF", "Cars.SIF"}}) {
+    AnswerDialog(typed, "");
+    TheMDIMain().mnuFileNew_Click();
+    EXPECT_TRUE(std::filesystem::exists(Files(stored))) << typed;
+    EXPECT_EQ(settings.Get("Startup", "DefDir", ""), Files(stored));
+  }
 }
 
 TEST_F(MainWindowTest, NewAsksBeforeOverwritingTheSelectedFile) {
@@ -292,16 +300,6 @@ TEST_F(MainWindowTest, NewAsksBeforeOverwritingTheSelectedFile) {
                                    "Are you sure you want to overwrite this file?"}));
   EXPECT_EQ(styles, QList<int>({vbYesNo}));  // no icon: the question has no style that gives one
   EXPECT_EQ(Mc().NumberOfRecords(), 3);      // No leaves everything as it was
-}
-
-TEST_F(MainWindowTest, NewAddsTheExtensionOnlyWithoutADot) {
-  Start(2);
-  for (const auto& [typed, stored] : {std::pair{"a", "a.sif"}, {"a.b", "a.b"}, {"Cars.SIF", "Cars.SIF"}}) {
-    AnswerDialog(typed, "");
-    TheMDIMain().mnuFileNew_Click();
-    EXPECT_TRUE(std::filesystem::exists(Files(stored))) << typed;
-    EXPECT_EQ(settings.Get("Startup", "DefDir", ""), Files(stored));
-  }
 }
 
 TEST_F(MainWindowTest, OpenOfABadFileTellsAndRebuildsFromWhatIsHeld) {

@@ -76,13 +76,12 @@ QByteArray Undated(const std::string& pdf) {
 
 TEST_F(PackCommandsTest, ItemsFollowSaveAsAndTakeF1) {
   Start(3);
-  const std::array items{MenuId::FileClaim, MenuId::FileBackup, MenuId::FileRestore};
-  const std::array captions{"&Claim Pack...", "&Back Up...", "&Restore..."};
-  for (std::size_t i = 0; i < items.size(); ++i) {
-    SCOPED_TRACE(captions[i]);
-    EXPECT_EQ(Gallery().Item(items[i])->text(), captions[i]);
-    EXPECT_TRUE(Gallery().Item(items[i])->isEnabled());
-    EXPECT_EQ(TheMDIMain().Item(items[i])->isEnabled(), items[i] == MenuId::FileRestore);
+  for (const auto& [item, caption] : {std::pair{MenuId::FileClaim, "&Claim Pack..."},
+                                      {MenuId::FileBackup, "&Back Up..."},
+                                      {MenuId::FileRestore, "&Restore..."}}) {
+    EXPECT_EQ(Gallery().Item(item)->text(), caption);
+    EXPECT_TRUE(Gallery().Item(item)->isEnabled()) << caption;
+    EXPECT_EQ(TheMDIMain().Item(item)->isEnabled(), item == MenuId::FileRestore) << caption;
   }
   QMenu* menu = Gallery().Menu(MenuId::File);
   const auto at = [&](MenuId id) { return menu->actions().indexOf(Gallery().Item(id)); };
