@@ -40,8 +40,6 @@ class DesktopTest : public testing::GalleryFixture {
     return drop.isAccepted();
   }
 
-  std::string PictureOf(int record) { return Trim(Globals().Slides[static_cast<std::size_t>(record)].Get(Field::PictureFile)); }
-
   testing::TempDir elsewhere;
 };
 
@@ -57,21 +55,16 @@ TEST_F(DesktopTest, JpegsDroppedOnTheGalleryBecomeSlidesInOrder) {
   dropped.push_back(elsewhere / "gone.jpg");  // never written: its copy fails
   ASSERT_TRUE(Drop(Gallery(), dropped));
   EXPECT_EQ(Mc().NumberOfRecords(), 7);
-  const std::vector<std::string> expected{"e.jpg", "a.JPG", "d.jpeg", "c.jpg", "b.jpg"};
-  for (int i = 0; i < 5; ++i) {
-    EXPECT_EQ(PictureOf(3 + i), expected[static_cast<std::size_t>(i)]);
-    EXPECT_TRUE(fs::exists(app / ("Gallery/" + expected[static_cast<std::size_t>(i)])));
+  std::size_t record = 3;
+  for (const std::string name : {"e.jpg", "a.JPG", "d.jpeg", "c.jpg", "b.jpg"}) {
+    EXPECT_EQ(Trim(Globals().Slides[record++].Get(Field::PictureFile)), name);
+    EXPECT_TRUE(fs::exists(app / ("Gallery/" + name)));
   }
   ASSERT_EQ(messages.size(), 1);
   EXPECT_TRUE(messages[0].endsWith(":\n\nnotes.txt\ngone.jpg")) << messages[0].toStdString();
-  // What a later start reads: the file on disk holds all seven.
-  ModGlobal later;
-  MemorySettings s;
-  UIMainController mc(app.str(), s, later);
-  mc.SetRegistryKeys(app / "Files/t.sif");
-  ErrorArray errors;
-  ASSERT_TRUE(Report(mc.LoadSettings(), errors));
-  EXPECT_EQ(mc.NumberOfRecords(), 7);
+  ErrorArray errors;  // read back: the file on disk holds all seven
+  ASSERT_TRUE(Report(Mc().LoadSettings(), errors));
+  EXPECT_EQ(Mc().NumberOfRecords(), 7);
 }
 
 TEST_F(DesktopTest, SlideFileDroppedOrNamedOpensAsOpenWould) {

@@ -12,6 +12,7 @@
 #include <QLineEdit>
 #include <QProgressBar>
 #include <QRadioButton>
+#include <QRegularExpression>
 #include <QTest>
 #include <QTextEdit>
 #include <QToolBar>
@@ -19,7 +20,6 @@
 #include <memory>
 
 #include "dialogs/HelpRoutine.h"
-#include "dialogs/dlgWhat.h"
 #include "dialogs/frmCommonDialog.h"
 #include "frame/frmAbout.h"
 #include "frame/frmLogin.h"
@@ -73,13 +73,9 @@ Opened SlideEditor(std::int32_t code) {
   return Own(new frmEditSlide(code));
 }
 
-Opened MainWallpaperNote() {
-  auto* note = new dlgWhat;
-  note->SetHeight(800);
-  note->SetWidth(4000);
-  note->WhatText = "The wallpaper or background image.\nUse the 'Set Wallpaper' option to change the background.";
-  note->Show();
-  return Own(note);
+Opened WallpaperNote() {
+  TheMDIMain().Item(MenuId::Popup2What)->trigger();
+  return {FindOpenForm("dlgWhat"), nullptr};
 }
 
 const WindowRow kWindows[] = {
@@ -91,7 +87,7 @@ const WindowRow kWindows[] = {
     {"frmCommonDialog_Sif", SifDialog},
     {"frmModifySlide", [] { return Own(new frmModifySlide); }},
     {"frmBackground", [] { return Own(new frmBackground); }},
-    {"dlgWhat", MainWallpaperNote},
+    {"dlgWhat", WallpaperNote},
     {"frmEditSlide", [] { return SlideEditor(1); }},
     {"frmEditSlideVEH", [] { return SlideEditor(3); }},
     {"frmSetSlideTemplate", [] { return Own(new frmSetSlideTemplate); }},
@@ -109,12 +105,7 @@ const WindowRow kWindows[] = {
 };
 
 // The text a caption shows: "&&" is a literal "&", a single "&" marks the access key.
-QString Shown(QString caption) {
-  caption.replace("&&", QChar(1));
-  caption.remove('&');
-  caption.replace(QChar(1), "&");
-  return caption;
-}
+QString Shown(QString caption) { return caption.replace(QRegularExpression("&(.)"), "\\1"); }
 
 // The toolkit's own parts (a list's scroll bars, the toolbar's extension
 // button) carry object names starting "qt_"; they are not the program's controls.

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // The claim, the backup and the restore as the windows run them: their
 // steps arrive in order with their counts, and a cancel leaves nothing.
+// The backup's manifest reads back every name it writes.
 
 #include <gmock/gmock.h>
 
@@ -13,6 +14,7 @@
 
 #include "pack/Backup.h"
 #include "pack/ClaimPack.h"
+#include "pack/Manifest.h"
 #include "pack/SifFile.h"
 #include "support/TempDir.h"
 
@@ -48,12 +50,6 @@ struct App {
   }
 };
 
-Status Restore(const std::string& archive, const std::string& appDir, const JobProgress& progress) {
-  RestorePlan plan;
-  const Status planned = PlanRestore(archive, appDir, progress, plan);
-  return planned.ok() ? CarryOutRestore(plan, progress) : planned;
-}
-
 TEST(Jobs, StepInOrderAndLeaveNothingWhenCancelled) {
   const auto steps = [](const char* unit, int count, bool counted) {
     std::vector<std::string> out;
@@ -80,7 +76,12 @@ TEST(Jobs, StepInOrderAndLeaveNothingWhenCancelled) {
          return MakeBackup({a.sif, "", a.dir / "again.tar.gz"}, p, result);
        },
        "again.tar.gz", steps("File", 5, true)},
-      {"restore", [](const App& a, const JobProgress& p) { return Restore(a.archive, a.dir / "restored", p); },
+      {"restore",
+       [](const App& a, const JobProgress& p) {
+         RestorePlan plan;
+         const Status planned = PlanRestore(a.archive, a.dir / "restored", p, plan);
+         return planned.ok() ? CarryOutRestore(plan, p) : planned;
+       },
        "home.tar.gz", restore},
   };
   for (const auto& job : jobs) {
@@ -114,22 +115,39 @@ TEST(Jobs, BackupRefusesAFileThatChangesWhileItIsRead) {
   cb::testing::WriteFile(picture, std::string(5u << 20, 'x'));
   int calls = 0;
   BackupResult result;
-  const Status s = MakeBackup({app.sif, "", app.dir / "torn.tar.gz"}, [&](const JobStep& step) {
+  const auto cutShort = [&](const JobStep& step) {
     if (step.index == 3 && ++calls == 2) fs::resize_file(picture, 1);  // its second call comes 4 MiB in
     return true;
-  }, result);
+  };
+  const Status s = MakeBackup({app.sif, "", app.dir / "torn.tar.gz"}, cutShort, result);
   EXPECT_EQ(s.description(), picture + ": changed while it was read");
   EXPECT_FALSE(fs::exists(app.dir / "torn.tar.gz"));
 }
 
-TEST(Jobs, WordsAndDefaultPaths) {
+TEST(Jobs, WordsAndTheDefaultBackupPath) {
   EXPECT_EQ(StepText({"Picture", 132, 500}), "Picture 132 of 500");
   EXPECT_EQ(StepText({"Checking file", 12, 0}), "Checking file 12");
-  EXPECT_EQ(DefaultClaimPath("Files/My.sif"), "Files/My-claim.pdf");
   std::tm halfPastMidnight{};  // the local date, whatever the zone
   halfPastMidnight.tm_year = 126, halfPastMidnight.tm_mon = 10, halfPastMidnight.tm_mday = 25;
   halfPastMidnight.tm_min = 30, halfPastMidnight.tm_isdst = -1;
   EXPECT_EQ(DefaultBackupPath("Files/My.sif", std::mktime(&halfPastMidnight)), "Files/My-2026-11-25.tar.gz");
+}
+
+// Names sha256sum escapes, and others it keeps as they are.
+TEST(Backup, ManifestKeepsEveryNameItWrites) {
+  Manifest m;
+  for (const std::string name : {"Gallery/two\nlines.jpg", "Gallery/back\\slash\\n.jpg", "Gallery/\xE9t\xE9.jpg",
+                                 "  Gallery/lead.jpg", "Gallery/\\", "Gallery/\r.jpg"}) {
+    m.hashes[name] = Sha256Hex(name);
+    m.order.push_back(name);
+    m.missing.push_back(name + "-gone");
+  }
+  std::string message;
+  const auto back = ParseManifest(ManifestText(m, "Home.sif"), message);
+  ASSERT_TRUE(back) << message;
+  EXPECT_EQ(back->hashes, m.hashes);
+  EXPECT_EQ(back->order, m.order);
+  EXPECT_EQ(back->missing, m.missing);
 }
 
 }  // namespace

@@ -18,21 +18,19 @@ const TailRow kTails[] = {
     {"/", "/Files/", "Gallery/", "ckground/", "Reports/", ""},
 };
 
-class DirectoryTailTest : public ::testing::TestWithParam<TailRow> {};
-
-TEST_P(DirectoryTailTest, TailsFollowTheLastCharacterOfTheApplicationDirectory) {
-  const auto& row = GetParam();
-  MemorySettings settings;
-  ModGlobal g;
-  UIMainController mc(row.appPath, settings, g);
-  EXPECT_EQ(mc.GetSIFDirectory(), row.sif);
-  EXPECT_EQ(mc.GetGalleryDirectory(), row.gallery);
-  EXPECT_EQ(mc.GetGraphicsDirectory(), row.graphics);
-  EXPECT_EQ(mc.GetReportsDirectory(), row.reports);
-  EXPECT_EQ(mc.GetRootDirectory(), row.root);
+TEST(MainControllerTest, TailsFollowTheLastCharacterOfTheApplicationDirectory) {
+  for (const auto& row : kTails) {
+    SCOPED_TRACE(row.appPath);
+    MemorySettings settings;
+    ModGlobal g;
+    UIMainController mc(row.appPath, settings, g);
+    EXPECT_EQ(mc.GetSIFDirectory(), row.sif);
+    EXPECT_EQ(mc.GetGalleryDirectory(), row.gallery);
+    EXPECT_EQ(mc.GetGraphicsDirectory(), row.graphics);
+    EXPECT_EQ(mc.GetReportsDirectory(), row.reports);
+    EXPECT_EQ(mc.GetRootDirectory(), row.root);
+  }
 }
-
-INSTANTIATE_TEST_SUITE_P(Rows, DirectoryTailTest, ::testing::ValuesIn(kTails));
 
 struct SplitRow {
   std::string path, directory, file;
@@ -46,19 +44,18 @@ const SplitRow kSplits[] = {
     {"bare.sif", "bare.sif", "kept.sif"},  // no directory: the name cannot be cut out
 };
 
-class PathSplitTest : public ::testing::TestWithParam<SplitRow> {};
-
-TEST_P(PathSplitTest, SplitsAtTheLastSlash) {
-  MemorySettings settings;
-  ModGlobal g;
-  UIMainController mc("/app", settings, g);
-  mc.SlideInformationFile("kept.sif");
-  mc.SlideInformationFilePath(GetParam().path);
-  EXPECT_EQ(mc.SlideInformationPath(), GetParam().directory);
-  EXPECT_EQ(mc.SlideInformationFile(), GetParam().file);
+TEST(MainControllerTest, PathSplitsAtTheLastSlash) {
+  for (const auto& row : kSplits) {
+    SCOPED_TRACE(row.path);
+    MemorySettings settings;
+    ModGlobal g;
+    UIMainController mc("/app", settings, g);
+    mc.SlideInformationFile("kept.sif");
+    mc.SlideInformationFilePath(row.path);
+    EXPECT_EQ(mc.SlideInformationPath(), row.directory);
+    EXPECT_EQ(mc.SlideInformationFile(), row.file);
+  }
 }
-
-INSTANTIATE_TEST_SUITE_P(Rows, PathSplitTest, ::testing::ValuesIn(kSplits));
 
 TEST(MainControllerTest, RegistryKeysNameTheFileOfTheNextStart) {
   MemorySettings settings;

@@ -3,7 +3,6 @@
 
 #include "gallery/GalleryMenuTable.h"
 #include "state/MDIMainRules.h"
-#include "support/RowName.h"
 
 #include <set>
 
@@ -28,16 +27,14 @@ const HistoryRow kHistoryRows[] = {
     {"names_compare_exactly", {"", "a.sif", "", "", ""}, "A.sif", {"", "A.sif", "a.sif", "", ""}, true},
 };
 
-class HistoryTest : public ::testing::TestWithParam<HistoryRow> {};
-
-TEST_P(HistoryTest, MovesTheOpenFileByItsPlace) {
-  History h = GetParam().before;
-  EXPECT_EQ(UpdateHistory(h, GetParam().open), GetParam().written);
-  EXPECT_EQ(h, GetParam().after);
+TEST(MainWindowRulesTest, HistoryMovesTheOpenFileByItsPlace) {
+  for (const auto& row : kHistoryRows) {
+    SCOPED_TRACE(row.name);
+    History h = row.before;
+    EXPECT_EQ(UpdateHistory(h, row.open), row.written);
+    EXPECT_EQ(h, row.after);
+  }
 }
-
-INSTANTIATE_TEST_SUITE_P(Rows, HistoryTest, ::testing::ValuesIn(kHistoryRows),
-                         cb::testing::RowName());
 
 // What each event leaves on the toolbar: "+" live, "-" off, "." untouched;
 // the pressed column is Zoom then Unzoom.
@@ -64,17 +61,16 @@ const ToolbarRow kToolbarRows[] = {
 
 Change FromMark(char c) { return c == '+' ? Change::On : c == '-' ? Change::Off : Change::Keep; }
 
-class ToolbarEventTest : public ::testing::TestWithParam<ToolbarRow> {};
-
-TEST_P(ToolbarEventTest, SetsTheButtonsTheEventTouches) {
-  const ToolbarChange c = ToolbarAfter(GetParam().event, GetParam().facts);
-  for (std::size_t k = 0; k < kToolbarButtonCount; ++k)
-    EXPECT_EQ(c[k].enabled, FromMark(GetParam().enabled[k])) << kToolbarButtons[k].key;
-  EXPECT_EQ(c[static_cast<std::size_t>(ToolbarButton::Zoom)].pressed, FromMark(GetParam().pressed[0]));
-  EXPECT_EQ(c[static_cast<std::size_t>(ToolbarButton::Unzoom)].pressed, FromMark(GetParam().pressed[1]));
+TEST(MainWindowRulesTest, ToolbarEventSetsTheButtonsItTouches) {
+  for (const auto& row : kToolbarRows) {
+    SCOPED_TRACE(row.name);
+    const ToolbarChange c = ToolbarAfter(row.event, row.facts);
+    for (std::size_t k = 0; k < kToolbarButtonCount; ++k)
+      EXPECT_EQ(c[k].enabled, FromMark(row.enabled[k])) << kToolbarButtons[k].key;
+    EXPECT_EQ(c[static_cast<std::size_t>(ToolbarButton::Zoom)].pressed, FromMark(row.pressed[0]));
+    EXPECT_EQ(c[static_cast<std::size_t>(ToolbarButton::Unzoom)].pressed, FromMark(row.pressed[1]));
+  }
 }
-
-INSTANTIATE_TEST_SUITE_P(Rows, ToolbarEventTest, ::testing::ValuesIn(kToolbarRows), cb::testing::RowName());
 
 struct TileRow {
   const char* name;
@@ -93,18 +89,15 @@ const TileRow kTileRows[] = {
      {{0, 0, 10, 0}, {0, 0, 10, 1}, {0, 1, 10, 1}}},
 };
 
-class TileTest : public ::testing::TestWithParam<TileRow> {};
-
-TEST_P(TileTest, StripsMeetAndFillTheArea) {
-  const TileRow& row = GetParam();
-  for (int k = 0; k < row.n; ++k) {
-    const TileRect r = TilePlace(row.arrangement, row.width, row.height, k, row.n);
-    const TileRect& e = row.places[static_cast<std::size_t>(k)];
-    EXPECT_EQ(r, e) << k << ": " << r.left << "," << r.top << " " << r.width << "x" << r.height;
+TEST(MainWindowRulesTest, TileStripsMeetAndFillTheArea) {
+  for (const TileRow& row : kTileRows) {
+    for (int k = 0; k < row.n; ++k) {
+      const TileRect r = TilePlace(row.arrangement, row.width, row.height, k, row.n);
+      EXPECT_EQ(r, row.places[static_cast<std::size_t>(k)])
+          << row.name << " " << k << ": " << r.left << "," << r.top << " " << r.width << "x" << r.height;
+    }
   }
 }
-
-INSTANTIATE_TEST_SUITE_P(Rows, TileTest, ::testing::ValuesIn(kTileRows), cb::testing::RowName());
 
 // A row that names an id twice would leave one item unreachable; the history
 // entries are the only rows that share a name.
