@@ -7,16 +7,13 @@
 #include <QCryptographicHash>
 #include <QDateTime>
 #include <QFile>
-#include <QMdiSubWindow>
 #include <QScrollBar>
 #include <QUrl>
 
 #include "qt/ExifThumbnail.h"
-
 #include "qt/GalleryPictures.h"
 #include "qt/Thumbnails.h"
 #include "support/GalleryFixture.h"
-#include "support/RowName.h"
 #include "support/TempDir.h"
 
 namespace cb {
@@ -26,14 +23,6 @@ using testing::GalleryFixture;
 using testing::TempDir;
 
 constexpr QSize kBound{40, 30};
-
-QString WritePicture(const TempDir& dir, const std::string& name, QColor colour, QSize size = {80, 60}) {
-  QImage picture(size, QImage::Format_RGB32);
-  picture.fill(colour);
-  const QString path = QString::fromStdString(dir / name);
-  EXPECT_TRUE(picture.save(path, "jpg", 95));
-  return path;
-}
 
 // Moves the file's modification time, as a copy over it a little later would.
 void Touch(const QString& path, int seconds) {
@@ -51,8 +40,15 @@ QByteArray Jpeg(QSize size, QColor colour) {
   return out.data();
 }
 
+QString WritePicture(const TempDir& dir, const std::string& name, QColor colour, QSize size = {80, 60}) {
+  testing::WriteFile(dir / name, Jpeg(size, colour).toStdString());
+  return QString::fromStdString(dir / name);
+}
+
 // Which of the two a JPEG's colour came from.
-const char* RedOrBlue(QColor c) { return c.red() > 200 && c.blue() < 60 ? "red" : c.blue() > 200 && c.red() < 60 ? "blue" : "other"; }
+const char* RedOrBlue(QColor c) {
+  return c.red() > 200 && c.blue() < 60 ? "red" : c.blue() > 200 && c.red() < 60 ? "blue" : "other";
+}
 
 // A red picture of `size` carrying, as cameras do, a blue 160x120 thumbnail.
 QString WriteCameraPicture(const std::string& path, QSize size, int orientation = 1) {
@@ -112,7 +108,6 @@ TEST_F(PictureCacheTest, HoldsPicturesButNotFailuresAndWritesThumbnails) {
   ASSERT_EQ(pictures.Get(set, out, kBound), RtError::None);
   pictures.WaitForIdle();
   const QByteArray uri = QUrl::fromLocalFile(set).toEncoded();
-  EXPECT_TRUE(uri.endsWith("/tv%20set.jpg"));
   const QString thumb = QString::fromStdString(thumbs / "normal/") +
                         QCryptographicHash::hash(uri, QCryptographicHash::Md5).toHex() + ".png";
   const QImage stored(thumb, "png");
@@ -123,38 +118,33 @@ TEST_F(PictureCacheTest, HoldsPicturesButNotFailuresAndWritesThumbnails) {
   EXPECT_EQ(QFile::permissions(thumb) & (QFileDevice::ReadOther | QFileDevice::ReadGroup), 0);
 }
 
-struct CameraRow {
-  const char* name;
-  QSize picture;  // a size other than 4:3 leaves the thumbnail stale, as a crop does
-  int orientation;
-  QSize cell;
-  bool fromThumbnail, upright;
-};
-
-const CameraRow kCameraRows[] = {
-    {"small_cell", {800, 600}, 1, {80, 60}, true, false},
-    {"cell_as_large_as_the_thumbnail", {800, 600}, 1, {160, 120}, true, false},
-    {"cell_larger_than_the_thumbnail", {800, 600}, 1, {161, 120}, false, false},
-    {"cropped_picture_stale_thumbnail", {600, 600}, 1, {80, 60}, false, false},
-    {"turned_thumbnail", {800, 600}, 6, {60, 80}, true, true},
-    {"turned_decode", {800, 600}, 6, {300, 400}, false, true},
-};
-
-class CameraPictureTest : public PictureCacheTest, public ::testing::WithParamInterface<CameraRow> {};
-
-TEST_P(CameraPictureTest, ThumbnailOnlyWhereItServes) {
-  const CameraRow& row = GetParam();
-  GalleryPictures pictures(1 << 20, store);
-  const QString path = WriteCameraPicture(files / "camera.jpg", row.picture, row.orientation);
-  QImage out;
-  ASSERT_EQ(pictures.Get(path, out, {400, 400}, row.cell), RtError::None);
-  EXPECT_STREQ(RedOrBlue(Centre(out)), row.fromThumbnail ? "blue" : "red");
-  EXPECT_EQ(pictures.Decodes(), row.fromThumbnail ? 0 : 1);
-  EXPECT_EQ(out.height() > out.width(), row.upright) << out.width() << "x" << out.height();
-  EXPECT_TRUE(Covers(out.size(), row.cell));
+TEST_F(PictureCacheTest, CameraThumbnailOnlyWhereItServes) {
+  const struct {
+    const char* name;
+    QSize picture;  // a size other than 4:3 leaves the thumbnail stale, as a crop does
+    int orientation;
+    QSize cell;
+    bool fromThumbnail, upright;
+  } rows[] = {
+      {"small_cell", {800, 600}, 1, {80, 60}, true, false},
+      {"cell_as_large_as_the_thumbnail", {800, 600}, 1, {160, 120}, true, false},
+      {"cell_larger_than_the_thumbnail", {800, 600}, 1, {161, 120}, false, false},
+      {"cropped_picture_stale_thumbnail", {600, 600}, 1, {80, 60}, false, false},
+      {"turned_thumbnail", {800, 600}, 6, {60, 80}, true, true},
+      {"turned_decode", {800, 600}, 6, {300, 400}, false, true},
+  };
+  for (const auto& row : rows) {
+    SCOPED_TRACE(row.name);
+    GalleryPictures pictures(1 << 20, store);  // each its own file: no thumbnail of another row stands in
+    const QString path = WriteCameraPicture(files / (row.name + std::string(".jpg")), row.picture, row.orientation);
+    QImage out;
+    ASSERT_EQ(pictures.Get(path, out, {400, 400}, row.cell), RtError::None);
+    EXPECT_STREQ(RedOrBlue(Centre(out)), row.fromThumbnail ? "blue" : "red");
+    EXPECT_EQ(pictures.Decodes(), row.fromThumbnail ? 0 : 1);
+    EXPECT_EQ(out.height() > out.width(), row.upright) << out.width() << "x" << out.height();
+    EXPECT_TRUE(Covers(out.size(), row.cell));
+  }
 }
-
-INSTANTIATE_TEST_SUITE_P(Cells, CameraPictureTest, ::testing::ValuesIn(kCameraRows), testing::RowName());
 
 class GalleryCacheTest : public GalleryFixture {};
 
