@@ -2,7 +2,6 @@
 #include <gtest/gtest.h>
 
 #include "state/UIGlobalController.h"
-#include "support/RowName.h"
 #include "support/SifFixture.h"
 
 namespace cb {
@@ -23,36 +22,33 @@ std::string Names(const SlideArray& s) {
   return out;
 }
 
-struct DeleteRow {
-  const char* name;
-  std::int32_t base, index;
-  bool result;
-  std::string left;  // header first
-};
+using DeleteSlideTest = testing::SifFixture;
 
-const DeleteRow kDeletes[] = {
-    {"first_page_cell_three", 1, 3, true, "H1245"},
-    {"cell_counts_from_the_base", 3, 2, true, "H1235"},
-    {"past_the_end_drops_the_last", 1, 9, true, "H1234"},
-    // The header is never overwritten: the removal is refused.
-    {"cell_zero_would_overwrite_the_header", 1, 0, false, "H12345"},
-    {"before_the_header_is_out_of_range", -1, 1, false, "H12345"},
-};
-
-class DeleteSlideTest : public testing::SifFixture, public ::testing::WithParamInterface<DeleteRow> {};
-
-TEST_P(DeleteSlideTest, RemovesTheRecordOfTheCell) {
-  const auto& row = GetParam();
-  UIMainController& mc = Start();
-  SlideArray s = Five();
-  mc.NumberOfRecords(5);
-  mc.CurrentlyActiveBase(row.base);
-  EXPECT_EQ(UIGlobalController().DeleteSlide(row.index, mc, s), row.result);
-  EXPECT_EQ(Names(s), row.left);
-  EXPECT_EQ(mc.NumberOfRecords(), row.result ? 4 : 5);
+TEST_F(DeleteSlideTest, RemovesTheRecordOfTheCell) {
+  const struct {
+    const char* name;
+    std::int32_t base, index;
+    bool result;
+    std::string left;  // header first
+  } rows[] = {
+      {"first_page_cell_three", 1, 3, true, "H1245"},
+      {"cell_counts_from_the_base", 3, 2, true, "H1235"},
+      {"past_the_end_drops_the_last", 1, 9, true, "H1234"},
+      // The header is never overwritten: the removal is refused.
+      {"cell_zero_would_overwrite_the_header", 1, 0, false, "H12345"},
+      {"before_the_header_is_out_of_range", -1, 1, false, "H12345"},
+  };
+  for (const auto& row : rows) {
+    SCOPED_TRACE(row.name);
+    UIMainController& mc = Start();
+    SlideArray s = Five();
+    mc.NumberOfRecords(5);
+    mc.CurrentlyActiveBase(row.base);
+    EXPECT_EQ(UIGlobalController().DeleteSlide(row.index, mc, s), row.result);
+    EXPECT_EQ(Names(s), row.left);
+    EXPECT_EQ(mc.NumberOfRecords(), row.result ? 4 : 5);
+  }
 }
-
-INSTANTIATE_TEST_SUITE_P(Rows, DeleteSlideTest, ::testing::ValuesIn(kDeletes), cb::testing::RowName());
 
 TEST_F(DeleteSlideTest, ByFileNameDropsTheLastWhenNoneMatches) {
   UIMainController& mc = Start();

@@ -39,36 +39,32 @@ void Play(UIModifySlideController& c, NameList& available, NameList& selected, c
   }
 }
 
-struct MoveRow {
-  const char* name;
-  std::vector<Move> moves;
-  const char* available;
-  const char* selected;
-  const char* changes;  // "index:name " per row
-};
-
-const MoveRow kMoves[] = {
-    {"one_right", {{">", {1}}}, "a c ", "x y b ", "1:b "},
-    {"two_right_keep_their_indexes", {{">", {0, 2}}}, "b ", "x y a c ", "0:a 2:c "},
-    {"right_and_back_leaves_no_row", {{">", {1}}, {"<", {2}}}, "a c b ", "x y ", ""},
-    {"slide_left_and_right_leaves_no_row", {{"<", {0}}, {">", {3}}}, "a b c ", "y x ", ""},
-    {"all_right", {{">>", {}}}, "", "x y a b c ", "0:a 1:b 2:c "},
-    {"all_right_then_all_left", {{">>", {}}, {"<<", {}}}, "x y a b c ", "", "0:x 1:y "},
-    {"left_then_right_again_by_name", {{"<", {1}}, {">>", {}}}, "", "x a b c y ", "0:a 1:b 2:c "},
-};
-
-class MoveTest : public ::testing::TestWithParam<MoveRow> {};
-
-TEST_P(MoveTest, TableOfChangesFollowsTheMoves) {
-  UIModifySlideController c;
-  NameList available{"a", "b", "c"}, selected{"x", "y"};
-  Play(c, available, selected, GetParam().moves);
-  EXPECT_EQ(Joined(available), GetParam().available);
-  EXPECT_EQ(Joined(selected), GetParam().selected);
-  EXPECT_EQ(Rows(c), GetParam().changes);
+TEST(MoveTest, TableOfChangesFollowsTheMoves) {
+  const struct {
+    const char* name;
+    std::vector<Move> moves;
+    const char* available;
+    const char* selected;
+    const char* changes;  // "index:name " per row
+  } rows[] = {
+      {"one_right", {{">", {1}}}, "a c ", "x y b ", "1:b "},
+      {"two_right_keep_their_indexes", {{">", {0, 2}}}, "b ", "x y a c ", "0:a 2:c "},
+      {"right_and_back_leaves_no_row", {{">", {1}}, {"<", {2}}}, "a c b ", "x y ", ""},
+      {"slide_left_and_right_leaves_no_row", {{"<", {0}}, {">", {3}}}, "a b c ", "y x ", ""},
+      {"all_right", {{">>", {}}}, "", "x y a b c ", "0:a 1:b 2:c "},
+      {"all_right_then_all_left", {{">>", {}}, {"<<", {}}}, "x y a b c ", "", "0:x 1:y "},
+      {"left_then_right_again_by_name", {{"<", {1}}, {">>", {}}}, "", "x a b c y ", "0:a 1:b 2:c "},
+  };
+  for (const auto& row : rows) {
+    SCOPED_TRACE(row.name);
+    UIModifySlideController c;
+    NameList available{"a", "b", "c"}, selected{"x", "y"};
+    Play(c, available, selected, row.moves);
+    EXPECT_EQ(Joined(available), row.available);
+    EXPECT_EQ(Joined(selected), row.selected);
+    EXPECT_EQ(Rows(c), row.changes);
+  }
 }
-
-INSTANTIATE_TEST_SUITE_P(Rows, MoveTest, ::testing::ValuesIn(kMoves), testing::RowName());
 
 TEST(ExcludeDuplicatesTest, HidesOneMatchPerSelectedNameAndUncheckingBringsAllBack) {
   const std::vector<std::string> files{"", "a.jpg", "b.jpg", "a.jpg", "B.JPG"};
