@@ -15,7 +15,6 @@ namespace cb {
 namespace {
 
 using testing::ReadFile;
-
 using testing::WhenShown;
 
 // A header field as the file stores it: each character c as 256 - c, padded with blanks.
