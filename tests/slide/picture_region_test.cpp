@@ -23,8 +23,7 @@ TEST(PictureRegionTest, CoveringScale) {
   for (const auto& r : rows) EXPECT_EQ(CoveringEighths(r.w, r.h, r.needW, r.needH), r.eighths) << r.needW;
 }
 
-// The whole picture while it fits the budget; past that the exposed part,
-// in whole pixels with a pixel of margin, coarser if even that is too big.
+// Whole while it fits the budget; past that the exposed part plus a pixel, coarser if still too big.
 TEST(PictureRegionTest, PlanDecode) {
   const struct {
     const char* name;
@@ -62,8 +61,7 @@ TEST(PictureRegionTest, CoversNeedsScaleAndRegion) {
   EXPECT_TRUE(Covers({}, {8, {}}));
 }
 
-// A 40 x 30 stored picture and the box {1, 2, 10, 5} in it, under each of
-// the eight orientations; back again gives the stored box.
+// A 40 x 30 picture's box {1, 2, 10, 5} under each of the eight orientations, and back again.
 TEST(PictureRegionTest, OrientationsTurnBoxes) {
   const PixelBox stored{1, 2, 10, 5};
   const struct {

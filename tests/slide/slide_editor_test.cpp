@@ -1,25 +1,79 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
+#include <QApplication>
 #include <QComboBox>
-#include <QFile>
+#include <QCoreApplication>
 #include <QLabel>
 #include <QLineEdit>
+#include <QPointer>
 #include <QPushButton>
+#include <QRadioButton>
+#include <QTest>
 
 #include "dialogs/HelpRoutine.h"
+#include "dialogs/frmCommonDialog.h"
 #include "qt/OpenForms.h"
 #include "qt/Twips.h"
-#include "slide/EditorFixture.h"
+#include "slide/frmEditSlide.h"
+#include "slide/frmSetSlideTemplate.h"
+#include "support/GalleryFixture.h"
 #include "support/RowName.h"
 
 namespace cb {
 namespace {
 
 using testing::RowName;
+using testing::WhenModal;
 
-class SlideEditorTest : public testing::EditorFixture {};
+// The main window on a small collection, the editor opened as a user does: thumbnail, then Edit.
+class SlideEditorTest : public testing::GalleryFixture {
+ protected:
+  // Opens the slide in gallery cell `cell` and presses Edit; the editor that opened.
+  frmEditSlide* OpenEditor(int cell) {
+    QTest::mouseClick(Gallery().Image1(cell), Qt::LeftButton);
+    return PressEdit();
+  }
 
-// Help closes a second editor alone; the slide window may be gone by then: OK still
-// reports on the slide current now.
+  frmEditSlide* PressEdit() {
+    const auto before = Editors();
+    TheMDIMain().Button(ToolbarButton::Edit)->trigger();
+    for (frmEditSlide* e : Editors())
+      if (!before.contains(e)) return e;
+    return nullptr;
+  }
+
+  // The editors open now.
+  static QList<frmEditSlide*> Editors() {
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    QList<frmEditSlide*> open;
+    for (QWidget* w : QApplication::topLevelWidgets())
+      if (auto* e = qobject_cast<frmEditSlide*>(w); e && e->isVisible()) open.append(e);
+    return open;
+  }
+
+  // Whether `editor` has been unloaded.
+  static bool Gone(const QPointer<frmEditSlide>& editor) {
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    return editor.isNull();
+  }
+
+  // The open file as the disk holds it, read by a program of its own.
+  struct Disk {
+    SlideArray slides;
+    std::int32_t slideTemplate = 0;
+    std::string Get(int record, Field f) const { return Trim(slides.at(static_cast<std::size_t>(record)).Get(f)); }
+  };
+  Disk OnDisk() {
+    ModGlobal other;
+    MemorySettings s;
+    other.MainController = std::make_unique<UIMainController>(app.str(), s, other);
+    other.MainController->SetRegistryKeys(app / "Files/t.sif");
+    ErrorArray errors;
+    EXPECT_TRUE(Report(other.MainController->LoadSettings(), errors));
+    return {other.Slides, other.MainController->SlideTemplate()};
+  }
+};
+
+// Help closes a second editor alone; with the slide window gone, OK writes to the slide current now.
 TEST_F(SlideEditorTest, OkWritesToTheSlideCurrentAtOkNotAtOpening) {
   Start(4);
   QPointer<frmEditSlide> e = OpenEditor(2);
@@ -138,8 +192,7 @@ TEST_P(EditorTemplate, LabelsSizeLongTextsAndTabOrder) {
   Mc().SlideTemplate(row.code);
   // As long as the field holds, in wide letters: the shortened path is wider than its box.
   const std::string picture = "wwwwwwwwwwwwwwwwwwwwww.png";
-  ASSERT_TRUE(QFile::copy(QString::fromStdString(app / "Gallery/p1.png"),
-                          QString::fromStdString(app / ("Gallery/" + picture))));
+  ASSERT_TRUE(std::filesystem::copy_file(app / "Gallery/p1.png", app / ("Gallery/" + picture)));
   Globals().Slides[1].Set(Field::PictureFile, picture);
   Globals().Slides[1].Set(Field::SlideText,
                           "Walnut sideboard with two cabinets, bought in 2004 at the Wilson estate sale, "
@@ -162,7 +215,6 @@ TEST_P(EditorTemplate, LabelsSizeLongTextsAndTabOrder) {
     ASSERT_GT(box->fontMetrics().horizontalAdvance(box->text()), box->width()) << box->objectName().toStdString();
     EXPECT_EQ(box->cursorPosition(), 0) << box->objectName().toStdString();
   }
-  EXPECT_EQ(Focused(), "txtEditText");
   QStringList visited, expected;
   for (std::size_t i = 0; i <= row.tabs.size(); ++i) {
     visited << Focused();
@@ -220,6 +272,84 @@ TEST_P(EditorKeys, ClosesOrStaysByTemplateAndDropsTheEdit) {
 }
 
 INSTANTIATE_TEST_SUITE_P(Rows, EditorKeys, ::testing::ValuesIn(kKeyRows), RowName());
+
+TEST_F(SlideEditorTest, ChosenTemplateStaysInForceWhenNewIsCancelled) {
+  Start(3);
+  Globals().Slides[2].Set(Field::Serial, "ABC-123");
+  Mc().SlideTemplate(1);
+  const std::int32_t inFile = OnDisk().slideTemplate;
+  QString asked;
+  WhenModal<frmSetSlideTemplate>([&asked](frmSetSlideTemplate* d) {
+    WhenModal<frmCommonDialog>([&asked](frmCommonDialog* f) {
+      asked = f->DialogTitle;
+      f->cmdCancel->click();
+    });
+    d->optVEH->click();
+    d->cmdOK->click();
+  });
+  Gallery().Item(MenuId::SlidesTemplate)->trigger();
+  QCoreApplication::processEvents();  // the command runs once the menu is done
+  EXPECT_EQ(asked, "New");
+  EXPECT_EQ(Mc().SlideTemplate(), 3);
+  EXPECT_EQ(Mc().NumberOfRecords(), 3);  // the old gallery stays open
+  // Its editor now shows the car yard's labels over the old values...
+  QPointer<frmEditSlide> e = OpenEditor(2);
+  ASSERT_TRUE(e);
+  EXPECT_EQ(e->txtSerial->text(), "ABC-123");
+  EXPECT_EQ(e->txtSerial->accessibleName(), "Regn #");
+  EXPECT_EQ(OnDisk().slideTemplate, inFile);  // the choice itself rewrites nothing
+  // ...and the next save writes the new code into the old file.
+  e->cmdOK->click();
+  EXPECT_EQ(OnDisk().slideTemplate, 3);
+}
+
+struct LoadRow {
+  const char* name;
+  std::int32_t code;
+  const char* chosen;
+  const char* end;  // the button or key that leaves the dialog
+};
+
+const LoadRow kLoadRows[] = {
+    {"home", 1, "optHome", "cmdCancel"},
+    {"real_estate_ok_unchanged_still_asks_for_a_new_file", 2, "optRE", "cmdOK"},
+    {"car_yard_left_by_f1", 3, "optVEH", "F1"},
+    {"unknown_code", 9, "optHome", "cmdCancel"},
+};
+
+class SetTemplateLoad : public SlideEditorTest, public ::testing::WithParamInterface<LoadRow> {};
+
+// Cancel and F1 both leave the template alone and ask for no new file; OK always asks.
+TEST_P(SetTemplateLoad, ShowsTheTemplateInForceAndLeavingChangesNothing) {
+  const LoadRow& row = GetParam();
+  Start(1);
+  Mc().SlideTemplate(row.code);
+  OpenHelp("help001.htm");
+  QString asked;
+  WhenModal<frmSetSlideTemplate>([&](frmSetSlideTemplate* d) {
+    WhenModal<frmCommonDialog>([&asked](frmCommonDialog* f) {
+      asked = f->DialogTitle;
+      f->cmdCancel->click();
+    });
+    QStringList checked;
+    for (QRadioButton* o : d->findChildren<QRadioButton*>())
+      if (o->isChecked()) checked << o->objectName();
+    EXPECT_EQ(checked, QStringList{row.chosen});
+    if (std::string(row.end) == "cmdOK") return d->cmdOK->click();
+    d->optVEH->setChecked(true);
+    if (std::string(row.end) == "cmdCancel") return d->cmdCancel->click();
+    EXPECT_TRUE(QTest::qWaitForWindowActive(d));  // F1 is the active window's
+    QTest::keyClick(d->optVEH, Qt::Key_F1);
+    if (d->isVisible()) d->cmdCancel->click();  // F1 went nowhere
+  });
+  Gallery().Item(MenuId::SlidesTemplate)->trigger();
+  QCoreApplication::processEvents();
+  EXPECT_EQ(asked, std::string(row.end) == "cmdOK" ? "New" : "");
+  EXPECT_EQ(Mc().SlideTemplate(), row.code);
+  EXPECT_EQ(HelpPage(), std::string(row.end) == "F1" ? "help015.htm" : "help001.htm");
+}
+
+INSTANTIATE_TEST_SUITE_P(Rows, SetTemplateLoad, ::testing::ValuesIn(kLoadRows), RowName());
 
 }  // namespace
 }  // namespace cb

@@ -28,8 +28,7 @@ std::string BigJpeg() {
   return path;
 }
 
-// A point of the picture element, as fractions of its size, and the colour
-// drawn there; none for the window's own background.
+// A point of the picture element, as fractions of its size, and its colour (none: the background).
 struct Sample {
   double fx, fy;
   std::optional<QColor> colour;
@@ -112,10 +111,8 @@ TEST_F(SlidePictureTest, OpensEachKindOfPicture) {
   }
 }
 
-// Clicks by the picture's corner ((0, 0) would be taken for the centre)
-// bring it to the centre and zoom in, until a picture pixel spans six window
-// pixels: the checkerboard there is drawn pixel for pixel, not as the grey of
-// a coarse decode.
+// Clicks by the corner ((0, 0) counts as the centre) zoom in until a picture pixel spans six:
+// the checkerboard is drawn pixel for pixel, not as a coarse decode's grey.
 TEST_F(SlidePictureTest, ZoomedInShowsEveryPixelWithinTheBudget) {
   Start(1);
   std::filesystem::create_symlink(BigJpeg(), GalleryFile("big.jpg"));
