@@ -1,13 +1,16 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include <gtest/gtest.h>
 
+#include "gallery/UIModifySlideController.h"
 #include "state/UIGlobalController.h"
+#include "support/RowName.h"
 #include "support/SifFixture.h"
 
 namespace cb {
 namespace {
 
 using testing::Slide;
+using testing::WriteFile;
 
 // Five slides named "1".."5" in PictureFile; the header holds "H".
 SlideArray Five() {
@@ -75,6 +78,151 @@ TEST_F(DeleteSlideTest, AddingToAnEmptyCollectionStartsFromAFreshHeader) {
   EXPECT_FALSE(UIGlobalController().AddSlide(app / "Pictures/gone.jpg", mc, s));
   EXPECT_EQ(mc.NumberOfRecords(), 2);  // the record stays when the copy fails
 }
+
+std::string Rows(const UIModifySlideController& c) {
+  std::string out;
+  for (const ChangeRow& r : c.GetChanges()) out += r.index + ":" + r.fileName + " ";
+  return out;
+}
+
+std::string Joined(const NameList& names) {
+  std::string out;
+  for (const auto& n : names) out += n + " ";
+  return out;
+}
+
+// One press of a transfer button: ">" or "<" with the picked indexes, ">>" or "<<".
+struct Move {
+  const char* button;
+  std::vector<std::int16_t> picked;
+};
+
+void Play(UIModifySlideController& c, NameList& available, NameList& selected, const std::vector<Move>& moves) {
+  for (const Move& m : moves) {
+    const std::string b = m.button;
+    if (b == ">") c.MoveSelected(available, selected, m.picked);
+    if (b == "<") c.MoveSelected(selected, available, m.picked);
+    if (b == ">>") c.MoveAll(available, selected);
+    if (b == "<<") c.MoveAll(selected, available);
+  }
+}
+
+TEST(MoveTest, TableOfChangesFollowsTheMoves) {
+  const struct {
+    const char* name;
+    std::vector<Move> moves;
+    const char* available;
+    const char* selected;
+    const char* changes;  // "index:name " per row
+  } rows[] = {
+      {"one_right", {{">", {1}}}, "a c ", "x y b ", "1:b "},
+      {"two_right_keep_their_indexes", {{">", {0, 2}}}, "b ", "x y a c ", "0:a 2:c "},
+      {"right_and_back_leaves_no_row", {{">", {1}}, {"<", {2}}}, "a c b ", "x y ", ""},
+      {"slide_left_and_right_leaves_no_row", {{"<", {0}}, {">", {3}}}, "a b c ", "y x ", ""},
+      {"all_right", {{">>", {}}}, "", "x y a b c ", "0:a 1:b 2:c "},
+      {"all_right_then_all_left", {{">>", {}}, {"<<", {}}}, "x y a b c ", "", "0:x 1:y "},
+      {"left_then_right_again_by_name", {{"<", {1}}, {">>", {}}}, "", "x a b c y ", "0:a 1:b 2:c "},
+  };
+  for (const auto& row : rows) {
+    SCOPED_TRACE(row.name);
+    UIModifySlideController c;
+    NameList available{"a", "b", "c"}, selected{"x", "y"};
+    Play(c, available, selected, row.moves);
+    EXPECT_EQ(Joined(available), row.available);
+    EXPECT_EQ(Joined(selected), row.selected);
+    EXPECT_EQ(Rows(c), row.changes);
+  }
+}
+
+TEST(ExcludeDuplicatesTest, HidesOneMatchPerSelectedNameAndUncheckingBringsAllBack) {
+  const std::vector<std::string> files{"", "a.jpg", "b.jpg", "a.jpg", "B.JPG"};
+  NameList available{"a.jpg", "b.jpg", "a.jpg", "B.JPG"};
+  UIModifySlideController::ExcludeDuplicates(true, available, {"a.jpg", "b.jpg", "z.jpg"}, files);
+  EXPECT_EQ(Joined(available), "a.jpg B.JPG ");  // exact names, the first match only
+  UIModifySlideController::ExcludeDuplicates(false, available, {"a.jpg"}, files);
+  EXPECT_EQ(Joined(available), "a.jpg b.jpg a.jpg B.JPG ");
+}
+
+class ModifyCollectionTest : public testing::SifFixture {
+ protected:
+  ModifyCollectionTest() {
+    for (const char* f :
+         {"Gallery/x.jpg", "Gallery/y.jpg", "Camera/a.jpg", "Camera/IMG_2.JPG", "Camera/note.txt", "Camera/old.jpeg"})
+      WriteFile(app / f, f);
+    std::filesystem::create_directories(app / "Camera/sub.jpg");
+    std::filesystem::create_directories(app / "Empty");
+  }
+
+  std::string Names() const {
+    std::string out;
+    for (std::size_t i = 1; i < g.Slides.size(); ++i) out += Trim(g.Slides[i].Get(Field::PictureFile)) + " ";
+    return out;
+  }
+};
+
+TEST_F(ModifyCollectionTest, LoadDirectoryListsPicturesWhateverTheirCase) {
+  UIModifySlideController c;
+  std::vector<std::string> files;
+  EXPECT_EQ(c.LoadDirectory(app / "Camera/", files, false), 2);
+  EXPECT_EQ(files, (std::vector<std::string>{"", "a.jpg", "IMG_2.JPG"}));
+  const std::string p = app / "Camera/";
+  EXPECT_EQ(c.LoadDirectory(p, files, true), 0);
+  EXPECT_EQ(files, (std::vector<std::string>{"", p + "a.jpg", p + "IMG_2.JPG", p, ""}));
+}
+
+// Moves on the two lists, then OK pressed `oks` times.
+struct ApplyRow {
+  const char* name;
+  NameList collection, available;
+  std::vector<Move> moves;
+  const char* source;  // the folder chosen
+  int oks;
+  const char* applied;  // per row: "+" added, "-" removed, "!" after one that failed
+  const char* after;    // the collection's pictures afterwards
+};
+
+// clang-format off
+const ApplyRow kApplies[] = {
+    {"adds_copy_and_a_second_ok_adds_again", {"x.jpg"}, {"a.jpg", "IMG_2.JPG"}, {{">>", {}}}, "Camera", 2,
+     "++++", "x.jpg a.jpg IMG_2.JPG a.jpg IMG_2.JPG "},
+    {"removal_before_any_addition_removes", {"x.jpg", "y.jpg"}, {"a.jpg"}, {{"<", {0}}, {">", {0}}}, "Camera", 1,
+     "-+", "y.jpg a.jpg "},
+    // Found is never cleared: after an addition a removal counts as one (y.jpg is not in Camera).
+    {"removal_after_an_addition_adds", {"x.jpg", "y.jpg"}, {"a.jpg"}, {{">", {0}}, {"<", {0}}}, "Camera", 1,
+     "++!", "x.jpg y.jpg a.jpg x.jpg "},
+    {"gallery_folder_itself_appends_without_copying", {"x.jpg"}, {"y.jpg"}, {{">>", {}}}, "Gallery", 1,
+     "+", "x.jpg y.jpg "},
+    // Rows are toggled by name: moving both cancels out and nothing is removed.
+    {"both_slides_of_a_shared_name", {"x.jpg", "y.jpg", "x.jpg"}, {}, {{"<", {0, 2}}}, "Camera", 1,
+     "", "x.jpg y.jpg x.jpg "},
+    // The other x.jpg still stands in the list, so the row is an addition from the chosen folder.
+    {"one_slide_of_a_shared_name", {"x.jpg", "y.jpg", "x.jpg"}, {}, {{"<", {2}}}, "Gallery", 1,
+     "+", "x.jpg y.jpg x.jpg x.jpg "},
+};
+// clang-format on
+
+class ApplyTest : public ModifyCollectionTest, public ::testing::WithParamInterface<ApplyRow> {};
+
+TEST_P(ApplyTest, OkAppliesTheTableOfChanges) {
+  UIMainController& mc = Start();
+  g.Slides.assign(1, SlideRecord());
+  for (const std::string& n : GetParam().collection) g.Slides.push_back(Slide({{Field::PictureFile, n}}));
+  mc.NumberOfRecords(static_cast<std::int32_t>(GetParam().collection.size()));
+  UIModifySlideController c;
+  NameList available = GetParam().available, selected = GetParam().collection;
+  Play(c, available, selected, GetParam().moves);
+  std::string applied;
+  for (int k = 0; k < GetParam().oks; ++k)
+    c.ApplyChanges(app / GetParam().source, selected, mc, g.Slides, [&](const AppliedRow& r) {
+      applied += r.added ? "+" : "-";
+      if (!r.done) applied += "!";
+    });
+  EXPECT_EQ(applied, GetParam().applied);
+  EXPECT_EQ(Names(), GetParam().after);
+  EXPECT_EQ(mc.NumberOfRecords(), static_cast<std::int32_t>(g.Slides.size()) - 1);
+}
+
+INSTANTIATE_TEST_SUITE_P(Rows, ApplyTest, ::testing::ValuesIn(kApplies), testing::RowName());
 
 }  // namespace
 }  // namespace cb

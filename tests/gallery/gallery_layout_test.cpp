@@ -33,8 +33,7 @@ TEST(GalleryLayoutTest, PlacesEveryElementFromTheClientSize) {
   EXPECT_EQ(opening.FlatScrollBar1, (ElementRect{0, 4695, 6630, 255}));
 }
 
-// A resize takes the writes before the first refused one; the elements keep
-// the rest of their old values, property by property.
+// A resize takes the writes before the first refused one; the rest keep their old values.
 TEST(GalleryLayoutTest, ResizeStopsAtTheFirstRefusedWrite) {
   const ElementRect old{1, 2, 3, 4};
   GalleryLayout layout = LayOutGallery(6630, 4950, kScrollBarHeight);

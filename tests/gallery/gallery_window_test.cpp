@@ -1,12 +1,24 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
+#include <QCoreApplication>
+#include <QLabel>
+#include <QListWidget>
 #include <QMdiSubWindow>
+#include <QMenu>
 #include <QMenuBar>
+#include <QProgressBar>
 #include <QPushButton>
 #include <QScrollBar>
 #include <QTest>
+#include <QTimer>
+#include <functional>
 
 #include "dialogs/HelpRoutine.h"
+#include "dialogs/frmCommonDialog.h"
+#include "dialogs/frmDirectory.h"
+#include "dialogs/frmLoading.h"
 #include "gallery/dlgRemoveSlide.h"
+#include "gallery/frmBackground.h"
+#include "gallery/frmModifySlide.h"
 #include "qt/OpenForms.h"
 #include "slide/frmSlide.h"
 #include "support/GalleryFixture.h"
@@ -16,6 +28,8 @@ namespace cb {
 namespace {
 
 using testing::GalleryFixture;
+using testing::ReadFile;
+using testing::WhenShown;
 
 std::vector<int> Range(int from, int to, int pad = 15) {
   std::vector<int> v;
@@ -24,7 +38,65 @@ std::vector<int> Range(int from, int to, int pad = 15) {
   return v;
 }
 
-class GalleryWindowTest : public GalleryFixture {};
+class GalleryWindowTest : public GalleryFixture {
+ protected:
+  // A camera folder of `n` pictures: IMG_1.JPG, IMG_2.JPG, ...
+  void Camera(int n) {
+    QImage picture(8, 6, QImage::Format_RGB32);
+    picture.fill(Qt::darkGreen);
+    std::filesystem::create_directories(app / "Camera");
+    for (int i = 1; i <= n; ++i)
+      picture.save(QString::fromStdString(app / ("Camera/IMG_" + std::to_string(i) + ".JPG")));
+  }
+
+  // Slides > Modify Slide Collection: picks `folder` in the chooser (none cancels), then plays `act` on the editor.
+  void Modify(const std::string& folder, std::function<void(frmModifySlide&)> act) {
+    bool asked = false;
+    WhenShown("frmDirectory", [this, folder, act, &asked](QWidget& w) {
+      asked = true;
+      auto& chooser = static_cast<frmDirectory&>(w);
+      if (folder.empty()) return chooser.cmdCancel->click();
+      chooser.Dir1->Path(QString::fromStdString(app / folder));
+      WhenShown("frmModifySlide", [act](QWidget& e) {
+        auto& editor = static_cast<frmModifySlide&>(e);
+        act(editor);
+        if (editor.isVisible()) editor.cmdCancel->click();
+      });
+      chooser.cmdOK->click();
+    });
+    // The editor opens once the menu's click is over: its OK replaces the gallery and the menu.
+    Gallery().Item(MenuId::SlidesModify)->trigger();
+    EXPECT_FALSE(asked);
+    QCoreApplication::processEvents();
+    EXPECT_TRUE(asked);
+  }
+
+  std::string OnDisk() {
+    ErrorArray errors;
+    EXPECT_TRUE(Report(Mc().LoadSettings(), errors));
+    std::string names;
+    for (std::size_t i = 1; i < Globals().Slides.size(); ++i)
+      names += Trim(Globals().Slides[i].Get(Field::PictureFile)) + " ";
+    return names;
+  }
+
+  // Frames "Frame01.jpg", "frame02.jpg", ... in alternating case, each of its own grey.
+  void Frames(int n) {
+    std::filesystem::remove_all(app / "Background");
+    std::filesystem::create_directories(app / "Background");
+    for (int i = 1; i <= n; ++i) {
+      QImage frame(8, 8, QImage::Format_RGB32);
+      frame.fill(QColor(i * 10, i * 10, i * 10));
+      frame.save(QString::fromStdString(app / FrameName(i)), "JPG");
+    }
+  }
+  static std::string FrameName(int i) {
+    return std::string("Background/") + (i % 2 ? "Frame" : "frame") + (i < 10 ? "0" : "") + std::to_string(i) + ".jpg";
+  }
+
+  std::string Header() { return ReadFile(Mc().SlideInformationFilePath()).substr(0, 278); }
+  QRgb FrameColour() { return Gallery().Image1(16)->Picture().pixel(2, 2); }
+};
 
 struct ScrollRow {
   const char* name;
@@ -51,7 +123,7 @@ const ScrollRow kScrolls[] = {
     {"column_left_from_the_end", 20, {2, 3, 2}, 4, 17, 2, Range(4, 17), "Slides: 4 to 17 of 20"},
 };
 
-class GalleryScrollTest : public GalleryFixture, public ::testing::WithParamInterface<ScrollRow> {};
+class GalleryScrollTest : public GalleryWindowTest, public ::testing::WithParamInterface<ScrollRow> {};
 
 TEST_P(GalleryScrollTest, BarStepsMoveTheRecordsOnShow) {
   Start(GetParam().slides);
@@ -81,15 +153,12 @@ TEST_F(GalleryWindowTest, MissingFileWithNoWarnsOnceAndRemovesTheSlide) {
   EXPECT_EQ(Mc().NumberOfRecords(), 15);
   EXPECT_FALSE(Gallery().FlatScrollBar1->isEnabled());
   EXPECT_EQ(Shown(), (std::vector<int>{1, 3, 4, 5, 6, 7, 8, 9, 10, 11, 12, 13, 14, 15, 16}));
-  ModGlobal other;
-  UIMainController fresh(app.str(), settings, other);
   ErrorArray errors;
-  ASSERT_TRUE(Report(fresh.LoadSettings(), errors));
-  EXPECT_EQ(fresh.NumberOfRecords(), 15);  // saved at once
+  ASSERT_TRUE(Report(Mc().LoadSettings(), errors));
+  EXPECT_EQ(Mc().NumberOfRecords(), 15);  // saved at once
 }
 
-// Removal is offered on filled cells only, the right-click opens no slide,
-// and the cell counts from the page's first record.
+// Removal is offered on filled cells only, opens no slide, and counts from the page's first record.
 TEST_F(GalleryWindowTest, RightClickOnCellThreeOfThePageFromSixteenRemovesEighteen) {
   Start(20);
   Gallery().FlatScrollBar1->setValue(16);  // records 16 to 20 in cells 1 to 5
@@ -147,8 +216,7 @@ TEST_F(GalleryWindowTest, SlideWindowBesideTheGallery) {
   EXPECT_EQ(slide->size(), slide->sizeHint());
   EXPECT_NE(Gallery().parentWidget()->pos(), slide->parentWidget()->pos());
 
-  // A double-click is one click, as on the platform the program comes from: what the toolkit
-  // delivers (press, release, press, double-click, release) zooms one step.
+  // A double-click (press, release, press, double-click, release) zooms one step, not two.
   const ElementRect before = slide->ImageRect();
   const QPoint at(10, 10);
   QTest::mouseClick(slide->Image1, Qt::LeftButton, {}, at);
@@ -181,11 +249,9 @@ TEST_F(GalleryWindowTest, LargestCollectionOpensAndScrollsToTheEnd) {
   EXPECT_EQ(Mc().CurrentlyActiveBase(), 32767 - 14);
 }
 
-// The thumb dragged to the far left: the first page, and the header record
-// (element 0) never reaches a cell. From there a jump right, a column right and
-// back leave Base at -1; a column step right then finds record 2's picture gone
-// and the cell names record 0, which is not removed: the retry ends with the
-// cell empty and the header intact.
+// The thumb dragged left shows the first page, never the header. A jump right, a column
+// right and back leave Base at -1: a step then misses record 2's picture in a cell that
+// names record 0, which is not removed, and the cell ends empty with the header intact.
 TEST_F(GalleryWindowTest, ThumbToTheLeftEndAndASlideThatCannotBeRemoved) {
   Start(40);
   const SlideRecord header = Globals().Slides[0];
@@ -208,6 +274,232 @@ TEST_F(GalleryWindowTest, ThumbToTheLeftEndAndASlideThatCannotBeRemoved) {
   EXPECT_EQ(Globals().Slides[0], header);
   EXPECT_FALSE(Gallery().Image1(1)->HasPicture());
   EXPECT_EQ(Shown(), Range(2, 16));  // the tool tip follows the record all the same
+}
+
+QStringList Items(const QListWidget& list) {
+  QStringList names;
+  for (int i = 0; i < list.count(); ++i) names << list.item(i)->text();
+  return names;
+}
+
+// Moves that cancel out or no folder leave the gallery; a camera folder's OK rebuilds it, the editor stays.
+TEST_F(GalleryWindowTest, NothingToApplyThenAllOfACameraFolder) {
+  Start(2);
+  Camera(3);
+  std::filesystem::create_directories(app / "Empty");
+  QPointer<frmGallery> before = &Gallery();  // null once that gallery is gone
+  before->parentWidget()->showMaximized();
+  Modify("Empty", [&](frmModifySlide& editor) {
+    EXPECT_EQ(editor.lstAvailable->count(), 0);
+    EXPECT_EQ(Items(*editor.lstSelected), QStringList({"p1.png", "p2.png"}));
+    editor.lstSelected->item(1)->setSelected(true);
+    editor.cmdRemoveOne->click();
+    editor.lstAvailable->item(0)->setSelected(true);
+    editor.cmdAddOne->click();
+    editor.cmdRemoveAll->click();
+    EXPECT_EQ(Items(*editor.lstAvailable), QStringList({"p1.png", "p2.png"}));
+    EXPECT_EQ(editor.lstSelected->count(), 0);
+    editor.cmdAddAll->click();
+    editor.cmdOK->click();
+  });
+  EXPECT_EQ(TheMDIMain().fGallery(), before.data());
+  Modify("", [](frmModifySlide&) { ADD_FAILURE() << "the editor showed without a folder"; });
+  EXPECT_EQ(TheMDIMain().fGallery(), before.data());
+  Modify("Camera", [&](frmModifySlide& editor) {
+    EXPECT_EQ(Items(*editor.lstAvailable), QStringList({"IMG_1.JPG", "IMG_2.JPG", "IMG_3.JPG"}));
+    EXPECT_EQ(Items(*editor.lstSelected), QStringList({"p1.png", "p2.png"}));
+    editor.cmdAddAll->click();
+    editor.cmdOK->click();
+    EXPECT_TRUE(editor.isVisible());
+    EXPECT_TRUE(before.isNull());                                         // built anew...
+    EXPECT_TRUE(TheMDIMain().fGallery()->parentWidget()->isMaximized());  // ...in the state it had
+  });
+  EXPECT_TRUE(messages.isEmpty()) << messages.join("; ").toStdString();
+  for (int i = 1; i <= 15; ++i) EXPECT_EQ(Gallery().Image1(i)->HasPicture(), i <= 5) << i;
+  EXPECT_EQ(OnDisk(), "p1.png p2.png IMG_1.JPG IMG_2.JPG IMG_3.JPG ");
+}
+
+TEST_F(GalleryWindowTest, OkShowsProgressAndKeepsEventsRunningWhileItCopies) {
+  Start(2);
+  Camera(4);
+  bool timerRan = false;
+  Modify("Camera", [&](frmModifySlide& editor) {
+    editor.cmdAddAll->click();
+    std::filesystem::remove(app / "Camera/IMG_2.JPG");  // its copy fails, and is told
+    // A timer due at once runs only if OK lets events through while it works.
+    QTimer::singleShot(0, [&] {
+      timerRan = true;
+      EXPECT_TRUE(TheLoading().isVisible());
+      EXPECT_EQ(TheLoading().lblText->text(), "Updating the slide collection...");
+      EXPECT_EQ(TheLoading().ProgressBar1->maximum(), 4);
+      EXPECT_FALSE(editor.isEnabled());
+      editor.cmdCancel->click();  // refused while the changes are applied
+    });
+    editor.cmdOK->click();
+    EXPECT_TRUE(editor.isVisible());
+    EXPECT_TRUE(editor.isEnabled());
+    EXPECT_FALSE(FindOpenForm("frmLoading") && FindOpenForm("frmLoading")->isVisible());
+  });
+  EXPECT_TRUE(timerRan);
+  // Told once while copying; the new gallery then offers to drop the slide whose picture is missing.
+  EXPECT_EQ(messages.value(0), "Error: Couldn't add record.");
+  EXPECT_EQ(messages.filter("Couldn't add").size(), 1);
+  EXPECT_EQ(OnDisk(), "p1.png p2.png IMG_1.JPG IMG_3.JPG IMG_4.JPG ");
+}
+
+// A header field as the file stores it: each character c as 256 - c, padded with blanks.
+std::string Stored(const std::string& text, std::size_t width) {
+  std::string out;
+  for (char c : text) out += static_cast<char>(256 - static_cast<unsigned char>(c));
+  return out + std::string(width - out.size(), ' ');
+}
+
+struct SampleRow {
+  const char* name;
+  int frames;
+  int offered;
+  bool windowMenuEnabled;
+};
+
+class BackgroundSampleTest : public GalleryWindowTest, public ::testing::WithParamInterface<SampleRow> {};
+
+// F1 reaches the chooser (its samples take no keys) and closes it on its page, changing nothing.
+TEST_P(BackgroundSampleTest, OffersTheFirstFifteenFramesColumnByColumn) {
+  Start(1);
+  Frames(GetParam().frames);
+  const std::string before = Header();
+  TheMDIMain().Menu(MenuId::Window)->menuAction()->setEnabled(false);
+  WhenShown("frmBackground", [](QWidget& w) {
+    auto& chooser = static_cast<frmBackground&>(w);
+    for (int i = 1; i <= 15; ++i) {
+      const bool offered = i <= GetParam().offered;
+      EXPECT_EQ(Globals().BackgroundNames[static_cast<std::size_t>(i)], offered ? FrameName(i).substr(11) : "") << i;
+      EXPECT_EQ(chooser.Image1(i)->HasPicture(), offered) << i;
+    }
+    // Column by column, as the gallery's cells: the fourth sample heads the second column.
+    EXPECT_EQ(chooser.Image1(4)->geometry().top(), chooser.Image1(1)->geometry().top());
+    EXPECT_GT(chooser.Image1(4)->geometry().left(), chooser.Image1(3)->geometry().right());
+    ASSERT_TRUE(QTest::qWaitForWindowActive(&w));
+    QTest::keyClick(QApplication::focusWidget(), Qt::Key_F1);
+    if (w.isVisible()) w.close();  // F1 went nowhere
+  });
+  TheMDIMain().SetBackground();
+  EXPECT_EQ(TheMDIMain().Menu(MenuId::Window)->menuAction()->isEnabled(), GetParam().windowMenuEnabled);
+  EXPECT_EQ(Mc().BackgroundImage(), "oak.jpg");
+  EXPECT_EQ(HelpPage(), "help014.htm");
+  EXPECT_EQ(Header(), before);
+}
+
+const SampleRow kSamples[] = {
+    {"three_frames_leave_twelve_blank", 3, 3, false},
+    {"twenty_frames_offer_fifteen", 20, 15, true},
+};
+INSTANTIATE_TEST_SUITE_P(Rows, BackgroundSampleTest, ::testing::ValuesIn(kSamples), testing::RowName());
+
+// Each way to the chooser, and what a click on a sample does.
+struct ChoiceRow {
+  const char* name;
+  std::function<void()> open;
+  int sample;
+  const char* chosen;  // the frame afterwards
+  bool rebuilt;
+};
+
+const ChoiceRow kChoices[] = {
+    {"back_button_other_frame", [] { TheMDIMain().Button(ToolbarButton::Back)->trigger(); }, 2, "frame02.jpg", true},
+    {"popup_other_frame",
+     [] {
+       TheMDIMain().fGallery()->Item(MenuId::Popup4SetBackground)->trigger();
+       QCoreApplication::processEvents();  // the command runs once the popup is done
+     },
+     3, "Frame03.jpg", true},
+    {"frame_in_use", [] { TheMDIMain().Button(ToolbarButton::Back)->trigger(); }, 1, "Frame01.jpg", false},
+    {"blank_position", [] { TheMDIMain().Button(ToolbarButton::Back)->trigger(); }, 9, "", true},
+};
+
+class BackgroundChoiceTest : public GalleryWindowTest, public ::testing::WithParamInterface<ChoiceRow> {};
+
+TEST_P(BackgroundChoiceTest, ClickOnASampleChoosesIt) {
+  Frames(4);
+  Start(2);
+  Mc().BackgroundImage("Frame01.jpg");
+  TheMDIMain().RebuildGallery();
+  const std::string before = Header();
+  const QPointer<frmGallery> gallery = &Gallery();  // null once that gallery is gone
+  WhenShown("frmBackground", [](QWidget& w) {
+    QTest::mouseClick(static_cast<frmBackground&>(w).Image1(GetParam().sample), Qt::LeftButton);
+  });
+  GetParam().open();
+  EXPECT_EQ(TheMDIMain().fBackground(), nullptr);
+  EXPECT_EQ(Mc().BackgroundImage(), GetParam().chosen);
+  // The popup is still handling its click: the gallery must outlive it and go only afterwards.
+  EXPECT_FALSE(gallery.isNull());
+  QCoreApplication::processEvents();
+  EXPECT_EQ(gallery.isNull(), GetParam().rebuilt);
+  if (!GetParam().rebuilt) {
+    EXPECT_EQ(Header(), before);
+    return;
+  }
+  EXPECT_EQ(Header().substr(11, 26), Stored(GetParam().chosen, 26));
+  EXPECT_EQ(Header().substr(37), before.substr(37));
+  EXPECT_EQ(Gallery().Image1(16)->HasPicture(), *GetParam().chosen != 0);
+  if (*GetParam().chosen) {
+    EXPECT_NEAR(qGray(FrameColour()), GetParam().sample * 10, 3);
+  }
+}
+
+INSTANTIATE_TEST_SUITE_P(Rows, BackgroundChoiceTest, ::testing::ValuesIn(kChoices), testing::RowName());
+
+class WallpaperTest : public GalleryWindowTest {
+ protected:
+  WallpaperTest() {
+    std::filesystem::create_directories(app / "Wallpaper");
+    for (const auto& [name, colour] : {std::pair{"dawn.jpg", Qt::red}, std::pair{"dusk.jpg", Qt::blue}}) {
+      QImage picture(10, 6, QImage::Format_RGB32);
+      picture.fill(colour);
+      picture.save(QString::fromStdString(app / (std::string("Wallpaper/") + name)), "JPG");
+    }
+    testing::WriteFile(app / "Wallpaper/broken.jpg", "not a picture");
+  }
+
+  // Plays the wallpaper dialog: a click on `file`, then `button`.
+  void Answer(const QString& file, const char* button) {
+    WhenShown("frmCommonDialog", [file, button](QWidget& w) {
+      auto& d = static_cast<frmCommonDialog&>(w);
+      d.FileListBox1->setCurrentItem(d.FileListBox1->findItems(file, Qt::MatchExactly).value(0));
+      w.findChild<QPushButton*>(button)->click();
+    });
+  }
+  const QImage& Shown() { return TheMDIMain().MdiArea()->Picture(); }
+};
+
+// Each caller stores the bare name; Cancel changes nothing; a broken picture is stored, not shown.
+TEST_F(WallpaperTest, EachCallerAndAnswerInTurn) {
+  Start(1);
+  const struct {
+    std::function<void()> caller;
+    const char *file, *button, *stored;
+    bool red;  // dawn on show, else dusk
+  } steps[] = {
+      {[] { TheMDIMain().Item(MenuId::FileWallpaper)->trigger(); }, "dawn.jpg", "cmdOK", "dawn.jpg", true},
+      {[] { TheMDIMain().fGallery()->Item(MenuId::FileWallpaper)->trigger(); }, "dusk.jpg", "cmdOK", "dusk.jpg", false},
+      {[] { TheMDIMain().Item(MenuId::Popup2SetWallpaper)->trigger(); }, "dawn.jpg", "cmdOK", "dawn.jpg", true},
+      {[] { TheMDIMain().mnuFileWallpaper_Click(); }, "dusk.jpg", "cmdCancel", "dawn.jpg", true},
+      {[] { TheMDIMain().mnuFileWallpaper_Click(); }, "broken.jpg", "cmdOK", "broken.jpg", true},
+  };
+  for (const auto& step : steps) {
+    SCOPED_TRACE(std::string(step.file) + " " + step.button);
+    const std::string before = Header();
+    Answer(step.file, step.button);
+    step.caller();
+    QCoreApplication::processEvents();  // the gallery's menu hands its command on after the click
+    ASSERT_FALSE(Shown().isNull());
+    EXPECT_EQ(qRed(Shown().pixel(1, 1)) > 200, step.red);
+    EXPECT_EQ(Mc().Wallpaper(), step.stored);
+    EXPECT_EQ(Header().substr(37, 100), Stored(step.stored, 100));
+    EXPECT_EQ(Header().substr(0, 37) + Header().substr(137), before.substr(0, 37) + before.substr(137));
+  }
+  EXPECT_TRUE(messages.isEmpty());
 }
 
 }  // namespace

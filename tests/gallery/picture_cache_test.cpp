@@ -1,6 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// The gallery's picture cache: memory bound, files changed or gone behind it,
-// and the desktop's thumbnails kept honest.
+// The gallery's picture cache: memory bound, stale files, honest desktop and camera thumbnails.
 #include <gtest/gtest.h>
 
 #include <QBuffer>
@@ -19,6 +18,7 @@
 namespace cb {
 namespace {
 
+using namespace std::string_literals;
 using testing::GalleryFixture;
 using testing::TempDir;
 
@@ -40,24 +40,17 @@ QByteArray Jpeg(QSize size, QColor colour) {
   return out.data();
 }
 
-QString WritePicture(const TempDir& dir, const std::string& name, QColor colour, QSize size = {80, 60}) {
-  testing::WriteFile(dir / name, Jpeg(size, colour).toStdString());
-  return QString::fromStdString(dir / name);
+// A JPEG in `colour`; given an orientation, it carries a camera's blue 160x120 thumbnail.
+QString WritePicture(const std::string& path, QColor colour, QSize size = {80, 60}, int orientation = 0) {
+  const QByteArray picture = Jpeg(size, colour);
+  const std::string exif = orientation ? ExifSegment(orientation, Jpeg({160, 120}, Qt::blue).toStdString()) : "";
+  testing::WriteFile(path, picture.left(2).toStdString() + exif + picture.mid(2).toStdString());
+  return QString::fromStdString(path);
 }
 
 // Which of the two a JPEG's colour came from.
 const char* RedOrBlue(QColor c) {
   return c.red() > 200 && c.blue() < 60 ? "red" : c.blue() > 200 && c.red() < 60 ? "blue" : "other";
-}
-
-// A red picture of `size` carrying, as cameras do, a blue 160x120 thumbnail.
-QString WriteCameraPicture(const std::string& path, QSize size, int orientation = 1) {
-  const QByteArray thumbnail = Jpeg({160, 120}, Qt::blue);
-  const QByteArray picture = Jpeg(size, Qt::red);
-  testing::WriteFile(path, picture.left(2).toStdString() +
-                               ExifSegment(orientation, {thumbnail.constData(), std::size_t(thumbnail.size())}) +
-                               picture.mid(2).toStdString());
-  return QString::fromStdString(path);
 }
 
 QColor Centre(const QImage& image) { return image.pixelColor(image.width() / 2, image.height() / 2); }
@@ -72,7 +65,7 @@ TEST_F(PictureCacheTest, StaysWithinItsBoundOverAThousandPictures) {
   const std::size_t limit = 64 * 1024;
   GalleryPictures pictures(limit, store);
   for (int i = 0; i < 1000; ++i) {
-    const QString path = WritePicture(files, "p" + std::to_string(i) + ".jpg", QColor::fromHsv(i % 360, 200, 200));
+    const QString path = WritePicture(files / ("p" + std::to_string(i) + ".jpg"), QColor::fromHsv(i % 360, 200, 200));
     QImage out;
     ASSERT_EQ(pictures.Get(path, out, kBound), RtError::None);
     ASSERT_LE(pictures.MemoryUsed(), limit) << "after picture " << i;
@@ -88,12 +81,11 @@ TEST_F(PictureCacheTest, StaysWithinItsBoundOverAThousandPictures) {
   EXPECT_EQ(pictures.Decodes(), 1000) << "a valid thumbnail stands in for the decode";
 }
 
-// Held pictures are not decoded again; a failure is never held. Thumbnails
-// follow the desktop's standard.
+// Held pictures are not decoded again, failures never held; thumbnails follow the desktop's standard.
 TEST_F(PictureCacheTest, HoldsPicturesButNotFailuresAndWritesThumbnails) {
   GalleryPictures pictures(1 << 20, store);
   const QSize noThumbnail{1100, 500};  // beyond every thumbnail folder
-  const QString path = WritePicture(files, "tv.jpg", Qt::red);
+  const QString path = WritePicture(files / "tv.jpg", Qt::red);
   QImage out;
   ASSERT_EQ(pictures.Get(path, out, noThumbnail), RtError::None);
   ASSERT_EQ(pictures.Get(path, out, noThumbnail), RtError::None);
@@ -104,7 +96,7 @@ TEST_F(PictureCacheTest, HoldsPicturesButNotFailuresAndWritesThumbnails) {
   EXPECT_NE(first, RtError::None);
   EXPECT_EQ(pictures.Get(bad, out, kBound), first);
 
-  const QString set = WritePicture(files, "tv set.jpg", Qt::red, {800, 600});
+  const QString set = WritePicture(files / "tv set.jpg", Qt::red, {800, 600});
   ASSERT_EQ(pictures.Get(set, out, kBound), RtError::None);
   pictures.WaitForIdle();
   const QByteArray uri = QUrl::fromLocalFile(set).toEncoded();
@@ -136,7 +128,7 @@ TEST_F(PictureCacheTest, CameraThumbnailOnlyWhereItServes) {
   for (const auto& row : rows) {
     SCOPED_TRACE(row.name);
     GalleryPictures pictures(1 << 20, store);  // each its own file: no thumbnail of another row stands in
-    const QString path = WriteCameraPicture(files / (row.name + std::string(".jpg")), row.picture, row.orientation);
+    const QString path = WritePicture(files / (row.name + std::string(".jpg")), Qt::red, row.picture, row.orientation);
     QImage out;
     ASSERT_EQ(pictures.Get(path, out, {400, 400}, row.cell), RtError::None);
     EXPECT_STREQ(RedOrBlue(Centre(out)), row.fromThumbnail ? "blue" : "red");
@@ -148,11 +140,10 @@ TEST_F(PictureCacheTest, CameraThumbnailOnlyWhereItServes) {
 
 class GalleryCacheTest : public GalleryFixture {};
 
-// A cell first shown from the thumbnail keeps it while the window grows
-// within it, and takes the decode once the cell is larger.
+// A cell shown from the thumbnail keeps it while it grows within it, and decodes once larger.
 TEST_F(GalleryCacheTest, CellTakesTheDecodeOnlyWhenItOutgrowsTheThumbnail) {
   Start(1);
-  WriteCameraPicture(app / "Gallery/p1.png", {1600, 1200});
+  WritePicture(app / "Gallery/p1.png", Qt::red, {1600, 1200}, 1);
   Touch(QString::fromStdString(app / "Gallery/p1.png"), 10);
   TheMDIMain().resize(1600, 1000);
   TheMDIMain().RebuildGallery();
@@ -171,8 +162,7 @@ TEST_F(GalleryCacheTest, CellTakesTheDecodeOnlyWhenItOutgrowsTheThumbnail) {
   EXPECT_EQ(GalleryPictures::Instance().Decodes(), decodes + 1);
 }
 
-// The load decodes the next column ahead; a step then finds it in memory,
-// yet a file deleted or replaced meanwhile is seen as it is now.
+// The load decodes a column ahead, yet a step sees a file deleted or replaced since.
 TEST_F(GalleryCacheTest, StepSeesFilesDeletedOrReplacedAfterCaching) {
   answer = vbNo;
   Start(20);
@@ -190,6 +180,94 @@ TEST_F(GalleryCacheTest, StepSeesFilesDeletedOrReplacedAfterCaching) {
   ASSERT_EQ(Shown()[12], 16);
   EXPECT_EQ(Centre(Gallery().Image1(13)->Picture()), QColor(Qt::red));
   EXPECT_EQ(Centre(Gallery().Image1(12)->Picture()), QColor(Qt::darkCyan));
+}
+
+// The JPEG head reader against crafted and hostile files, and when a thumbnail stands for its picture.
+const std::string kSoi = "\xFF\xD8"s;
+const std::string kThumb = "\xFF\xD8\xFF\xD9"s;  // the least a JPEG can be
+const std::string kJfif = "\xFF\xE0\x00\x10JFIF\0\x01\x01\0\0\x01\0\x01\0\0"s;
+// A frame header of 4000 x 3000, then the scan.
+const std::string kFrame = "\xFF\xC0\x00\x0B\x08\x0B\xB8\x0F\xA0\x01\x01\x11\x00\xFF\xDA"s;
+// Where the writer's little-endian segment puts things, counted from the file's start.
+constexpr std::size_t kTiff = 12, kIfd0Offset = kTiff + 4, kIfd0Count = kTiff + 8, kThumbAtValue = kTiff + 36,
+                      kThumbLengthValue = kTiff + 48, kThumbAt = kTiff + 56;
+
+std::string Camera(int orientation = 6) { return kSoi + ExifSegment(orientation, kThumb) + kFrame; }
+
+// `bytes` with the little-endian number `v` written over `width` bytes at `at`.
+std::string Patched(std::string bytes, std::size_t at, std::uint32_t v, int width = 4) {
+  for (int i = 0; i < width; ++i) bytes[at + std::size_t(i)] = char((v >> (8 * i)) & 0xFF);
+  return bytes;
+}
+
+JpegHead Read(const std::string& bytes) {
+  return ReadJpegHead({reinterpret_cast<const std::uint8_t*>(bytes.data()), bytes.size()});
+}
+
+// Big-endian, written out by hand: orientation 3, the thumbnail at 56.
+const std::string kBigEndian = kSoi + "\xFF\xE1\x00\x44"s + "Exif\0\0"s + "MM\x00\x2A\x00\x00\x00\x08"s +
+                               "\x00\x01\x01\x12\x00\x03\x00\x00\x00\x01\x00\x03\x00\x00\x00\x00\x00\x1A"s +
+                               "\x00\x02\x02\x01\x00\x04\x00\x00\x00\x01\x00\x00\x00\x38"s +
+                               "\x02\x02\x00\x04\x00\x00\x00\x01\x00\x00\x00\x04\x00\x00\x00\x00"s + kThumb + kFrame;
+
+TEST(HeadTest, ReadsWhatLiesWithinTheBytes) {
+  const struct {
+    const char* name;
+    std::string bytes;
+    int width, orientation;
+    std::size_t thumbnailAt;  // 0 for none
+  } rows[] = {
+      {"little_endian", Camera(), 4000, 6, kThumbAt},
+      {"big_endian", kBigEndian, 4000, 3, kThumbAt},
+      {"after_jfif", kSoi + kJfif + ExifSegment(8, kThumb, true) + kFrame, 4000, 8, kThumbAt + kJfif.size()},
+      {"no_exif", kSoi + kJfif + kFrame, 4000, 1, 0},
+      {"orientation_out_of_range", Camera(9), 4000, 1, kThumbAt},
+      {"thumbnail_past_the_end", Patched(Camera(), kThumbAtValue, 0xFFFFFFF0), 4000, 6, 0},
+      {"thumbnail_longer_than_segment", Patched(Camera(), kThumbLengthValue, 5), 4000, 6, 0},
+      {"thumbnail_not_a_jpeg", Patched(Camera(), kThumbAtValue, 52), 4000, 6, 0},
+      {"ifd0_past_the_end", Patched(Camera(), kIfd0Offset, 0x7FFFFFFF), 4000, 1, 0},
+      {"entry_count_past_the_end", Patched(Camera(), kIfd0Count, 0xFFFF, 2), 4000, 1, 0},
+      {"segment_length_past_the_end", kSoi + "\xFF\xE1\xFF\xFF"s + "Exif\0\0II"s, 0, 1, 0},
+      {"not_a_jpeg", "GIF89a" + Camera().substr(2), 0, 1, 0},
+  };
+  for (const auto& row : rows) {
+    SCOPED_TRACE(row.name);
+    const JpegHead head = Read(row.bytes);
+    EXPECT_EQ(head.size.width, row.width);
+    EXPECT_EQ(head.size.height, row.width ? 3000 : 0);
+    EXPECT_EQ(head.orientation, row.orientation);
+    EXPECT_EQ(head.thumbnailAt, row.thumbnailAt);
+    EXPECT_EQ(head.thumbnailLength, row.thumbnailAt ? kThumb.size() : 0);
+  }
+}
+
+// A head cut anywhere never reads past the cut nor names bytes beyond it.
+TEST(HeadCutTest, EveryCutIsSafe) {
+  const std::string whole = Camera();
+  for (std::size_t cut = 0; cut < whole.size(); ++cut) {
+    const JpegHead head = Read(whole.substr(0, cut));
+    EXPECT_LE(head.thumbnailAt + head.thumbnailLength, cut);
+    EXPECT_EQ(head.thumbnailLength != 0, cut >= kThumbAt + kThumb.size()) << "cut at " << cut;
+    EXPECT_EQ(head.size.width != 0, cut >= whole.size() - 2 - 4) << "cut at " << cut;
+  }
+}
+
+TEST(ServeTest, SameShapeAndCoveringOnceTurned) {
+  const struct {
+    const char* name;
+    PixelSize thumbnail, picture;
+    int orientation;
+    PixelSize cell;
+    bool serves;
+  } rows[] = {
+      {"turned_covers_a_tall_cell", {160, 120}, {4000, 3000}, 6, {100, 150}, true},
+      {"unturned_misses_a_tall_cell", {160, 120}, {4000, 3000}, 1, {100, 150}, false},
+      {"shape_within_one_percent", {160, 120}, {4032, 3000}, 1, {80, 60}, true},
+      {"shape_off_by_two_percent", {160, 120}, {4080, 3000}, 1, {80, 60}, false},
+      {"empty_thumbnail", {0, 0}, {4000, 3000}, 1, {0, 0}, false},
+  };
+  for (const auto& row : rows)
+    EXPECT_EQ(ThumbnailServes(row.thumbnail, row.picture, row.orientation, row.cell), row.serves) << row.name;
 }
 
 }  // namespace
