@@ -450,32 +450,17 @@ TEST_P(BackgroundChoiceTest, ClickOnASampleChoosesIt) {
 
 INSTANTIATE_TEST_SUITE_P(Rows, BackgroundChoiceTest, ::testing::ValuesIn(kChoices), testing::RowName());
 
-class WallpaperTest : public GalleryWindowTest {
- protected:
-  WallpaperTest() {
-    std::filesystem::create_directories(app / "Wallpaper");
-    for (const auto& [name, colour] : {std::pair{"dawn.jpg", Qt::red}, std::pair{"dusk.jpg", Qt::blue}}) {
-      QImage picture(10, 6, QImage::Format_RGB32);
-      picture.fill(colour);
-      picture.save(QString::fromStdString(app / (std::string("Wallpaper/") + name)), "JPG");
-    }
-    testing::WriteFile(app / "Wallpaper/broken.jpg", "not a picture");
-  }
-
-  // Plays the wallpaper dialog: a click on `file`, then `button`.
-  void Answer(const QString& file, const char* button) {
-    WhenShown("frmCommonDialog", [file, button](QWidget& w) {
-      auto& d = static_cast<frmCommonDialog&>(w);
-      d.FileListBox1->setCurrentItem(d.FileListBox1->findItems(file, Qt::MatchExactly).value(0));
-      w.findChild<QPushButton*>(button)->click();
-    });
-  }
-  const QImage& Shown() { return TheMDIMain().MdiArea()->Picture(); }
-};
-
 // Each caller stores the bare name; Cancel changes nothing; a broken picture is stored, not shown.
-TEST_F(WallpaperTest, EachCallerAndAnswerInTurn) {
+TEST_F(GalleryWindowTest, WallpaperFromEachCallerAndAnswerInTurn) {
   Start(1);
+  std::filesystem::create_directories(app / "Wallpaper");
+  for (const auto& [name, colour] : {std::pair{"dawn.jpg", Qt::red}, std::pair{"dusk.jpg", Qt::blue}}) {
+    QImage picture(10, 6, QImage::Format_RGB32);
+    picture.fill(colour);
+    picture.save(QString::fromStdString(app / (std::string("Wallpaper/") + name)), "JPG");
+  }
+  testing::WriteFile(app / "Wallpaper/broken.jpg", "not a picture");
+  const QImage& shown = TheMDIMain().MdiArea()->Picture();
   const struct {
     std::function<void()> caller;
     const char *file, *button, *stored;
@@ -490,11 +475,15 @@ TEST_F(WallpaperTest, EachCallerAndAnswerInTurn) {
   for (const auto& step : steps) {
     SCOPED_TRACE(std::string(step.file) + " " + step.button);
     const std::string before = Header();
-    Answer(step.file, step.button);
+    WhenShown("frmCommonDialog", [&step](QWidget& w) {  // a click on the file, then the button
+      auto& d = static_cast<frmCommonDialog&>(w);
+      d.FileListBox1->setCurrentItem(d.FileListBox1->findItems(step.file, Qt::MatchExactly).value(0));
+      w.findChild<QPushButton*>(step.button)->click();
+    });
     step.caller();
     QCoreApplication::processEvents();  // the gallery's menu hands its command on after the click
-    ASSERT_FALSE(Shown().isNull());
-    EXPECT_EQ(qRed(Shown().pixel(1, 1)) > 200, step.red);
+    ASSERT_FALSE(shown.isNull());
+    EXPECT_EQ(qRed(shown.pixel(1, 1)) > 200, step.red);
     EXPECT_EQ(Mc().Wallpaper(), step.stored);
     EXPECT_EQ(Header().substr(37, 100), Stored(step.stored, 100));
     EXPECT_EQ(Header().substr(0, 37) + Header().substr(137), before.substr(0, 37) + before.substr(137));
