@@ -2,20 +2,26 @@
 #include <QApplication>
 #include <QComboBox>
 #include <QCoreApplication>
+#include <QImageWriter>
 #include <QLabel>
 #include <QLineEdit>
 #include <QPointer>
 #include <QPushButton>
 #include <QRadioButton>
 #include <QTest>
+#include <filesystem>
+#include <optional>
 
 #include "dialogs/HelpRoutine.h"
 #include "dialogs/frmCommonDialog.h"
 #include "qt/OpenForms.h"
+#include "qt/PictureSource.h"
 #include "qt/Twips.h"
 #include "slide/frmEditSlide.h"
 #include "slide/frmSetSlideTemplate.h"
+#include "slide/frmSlide.h"
 #include "support/GalleryFixture.h"
+#include "support/LargeJpeg.h"
 #include "support/RowName.h"
 
 namespace cb {
@@ -24,12 +30,36 @@ namespace {
 using testing::RowName;
 using testing::WhenModal;
 
+// A picture too large to decode whole opens at the scale the window needs, every pixel zoomed in.
+constexpr int kBigW = 8000, kBigH = 6000;
+constexpr std::array<unsigned char, 3> kRust{200, 60, 40};
+
+// The 48-megapixel picture, written once for every test.
+std::string BigJpeg() {
+  static const testing::TempDir dir;
+  static const std::string path = dir / "big.jpg";
+  static const bool written = testing::WriteLargeJpeg(path, kBigW, kBigH, 90, testing::CheckerCorner(kBigW, 64, kRust));
+  EXPECT_TRUE(written);
+  return path;
+}
+
+// A point of the picture element, as fractions of its size, and its colour (none: the background).
+struct Sample {
+  double fx, fy;
+  std::optional<QColor> colour;
+};
+
+// Within what JPEG's losses give; a grey blur of black and white is 128 off.
+bool Near(const QColor& a, const QColor& b) {
+  return std::abs(a.red() - b.red()) < 48 && std::abs(a.green() - b.green()) < 48 && std::abs(a.blue() - b.blue()) < 48;
+}
+
 // The main window on a small collection, the editor opened as a user does: thumbnail, then Edit.
-class SlideEditorTest : public testing::GalleryFixture {
+class SlideWindowTest : public testing::GalleryFixture {
  protected:
   // Opens the slide in gallery cell `cell` and presses Edit; the editor that opened.
   frmEditSlide* OpenEditor(int cell) {
-    QTest::mouseClick(Gallery().Image1(cell), Qt::LeftButton);
+    Open("", cell);
     return PressEdit();
   }
 
@@ -71,10 +101,29 @@ class SlideEditorTest : public testing::GalleryFixture {
     EXPECT_TRUE(Report(other.MainController->LoadSettings(), errors));
     return {other.Slides, other.MainController->SlideTemplate()};
   }
+
+  // Opens the slide in `cell`, with `name` as its picture file unless empty.
+  frmSlide* Open(const std::string& name, int cell = 1) {
+    if (!name.empty()) Globals().Slides[cell].Set(Field::PictureFile, name);
+    QTest::mouseClick(Gallery().Image1(cell), Qt::LeftButton);
+    return qobject_cast<frmSlide*>(FindOpenForm("frmSlide"));
+  }
+  std::string GalleryFile(const std::string& name) { return app / ("Gallery/" + name); }
+
+  void ExpectDrawn(frmSlide* slide, const std::vector<Sample>& samples) {
+    const QImage shot = slide->grab().toImage();
+    const QRect e = slide->Image1->geometry();
+    for (const Sample& s : samples) {
+      const QColor got = shot.pixelColor(e.x() + int(s.fx * e.width()), e.y() + int(s.fy * e.height()));
+      const QColor want = s.colour.value_or(slide->palette().color(QPalette::Window));
+      EXPECT_TRUE(Near(got, want)) << s.fx << "," << s.fy << " drawn " << got.name().toStdString() << " not "
+                                   << want.name().toStdString();
+    }
+  }
 };
 
 // Help closes a second editor alone; with the slide window gone, OK writes to the slide current now.
-TEST_F(SlideEditorTest, OkWritesToTheSlideCurrentAtOkNotAtOpening) {
+TEST_F(SlideWindowTest, OkWritesToTheSlideCurrentAtOkNotAtOpening) {
   Start(4);
   QPointer<frmEditSlide> e = OpenEditor(2);
   ASSERT_TRUE(e);
@@ -102,7 +151,7 @@ TEST_F(SlideEditorTest, OkWritesToTheSlideCurrentAtOkNotAtOpening) {
 }
 
 // The combos list the values in first appearance; Enter in a box or a combo is OK.
-TEST_F(SlideEditorTest, EditTypedAndEnterIsOnDiskAtOnce) {
+TEST_F(SlideWindowTest, EditTypedAndEnterIsOnDiskAtOnce) {
   Start(5);
   const char* categories[] = {"Chairs", "", "Art", "Chairs", "Beds"};
   for (int i = 1; i <= 5; ++i) Globals().Slides[static_cast<std::size_t>(i)].Set(Field::Category, categories[i - 1]);
@@ -176,7 +225,7 @@ const TemplateRow kTemplates[] = {
 };
 // clang-format on
 
-class EditorTemplate : public SlideEditorTest, public ::testing::WithParamInterface<TemplateRow> {};
+class EditorTemplate : public SlideWindowTest, public ::testing::WithParamInterface<TemplateRow> {};
 
 // The control that has the focus; a combo's typing box counts as the combo.
 QString Focused() {
@@ -245,7 +294,7 @@ const KeyRow kKeyRows[] = {
     {"escape_cancels", 1, "txtSerial", Qt::Key_Escape, true, false},
 };
 
-class EditorKeys : public SlideEditorTest, public ::testing::WithParamInterface<KeyRow> {};
+class EditorKeys : public SlideWindowTest, public ::testing::WithParamInterface<KeyRow> {};
 
 // F1 and Escape never store what was typed, whether the editor closes or stays.
 TEST_P(EditorKeys, ClosesOrStaysByTemplateAndDropsTheEdit) {
@@ -273,7 +322,7 @@ TEST_P(EditorKeys, ClosesOrStaysByTemplateAndDropsTheEdit) {
 
 INSTANTIATE_TEST_SUITE_P(Rows, EditorKeys, ::testing::ValuesIn(kKeyRows), RowName());
 
-TEST_F(SlideEditorTest, ChosenTemplateStaysInForceWhenNewIsCancelled) {
+TEST_F(SlideWindowTest, ChosenTemplateStaysInForceWhenNewIsCancelled) {
   Start(3);
   Globals().Slides[2].Set(Field::Serial, "ABC-123");
   Mc().SlideTemplate(1);
@@ -317,7 +366,7 @@ const LoadRow kLoadRows[] = {
     {"unknown_code", 9, "optHome", "cmdCancel"},
 };
 
-class SetTemplateLoad : public SlideEditorTest, public ::testing::WithParamInterface<LoadRow> {};
+class SetTemplateLoad : public SlideWindowTest, public ::testing::WithParamInterface<LoadRow> {};
 
 // Cancel and F1 both leave the template alone and ask for no new file; OK always asks.
 TEST_P(SetTemplateLoad, ShowsTheTemplateInForceAndLeavingChangesNothing) {
@@ -350,6 +399,88 @@ TEST_P(SetTemplateLoad, ShowsTheTemplateInForceAndLeavingChangesNothing) {
 }
 
 INSTANTIATE_TEST_SUITE_P(Rows, SetTemplateLoad, ::testing::ValuesIn(kLoadRows), RowName());
+
+TEST_F(SlideWindowTest, OpensEachKindOfPicture) {
+  const QColor rust(kRust[0], kRust[1], kRust[2]);
+  const struct {
+    const char* name;
+    std::string file;
+    std::function<void(const std::string&)> write;
+    std::vector<Sample> samples;
+  } rows[] = {
+      // clang-format off
+      {"jpeg_of_48_megapixels", "big.jpg",
+       [](const std::string& to) { std::filesystem::create_symlink(BigJpeg(), to); }, {{0.5, 0.5, rust}}},
+      {"bmp", "flat.bmp",
+       [](const std::string& to) {
+         QImage i(300, 200, QImage::Format_RGB32);
+         i.fill(Qt::darkGreen);
+         i.save(QString::fromStdString(to), "BMP");
+       },
+       {{0.5, 0.5, QColor(Qt::darkGreen)}}},
+      {"gif", "dot.gif",  // one red pixel
+       [](const std::string& to) {
+         testing::WriteFile(to, QByteArray::fromBase64("R0lGODlhAQABAIAAAP8AAAAAACwAAAAAAQABAAACAkQBADs=").toStdString());
+       },
+       {{0.5, 0.5, QColor(Qt::red)}}},
+      {"jpeg_turned_by_exif", "turned.jpg",  // stored left half black: upright, the top half
+       [](const std::string& to) {
+         QImage i(64, 32, QImage::Format_RGB32);
+         i.fill(Qt::white);
+         for (int y = 0; y < 32; ++y)
+           for (int x = 0; x < 32; ++x) i.setPixel(x, y, qRgb(0, 0, 0));
+         QImageWriter w(QString::fromStdString(to), "jpeg");
+         w.setTransformation(QImageIOHandler::TransformationRotate90);
+         w.write(i);
+       },
+       {{0.5, 0.2, QColor(Qt::black)}, {0.5, 0.8, QColor(Qt::white)}}},
+      {"not_a_picture", "junk.jpg", [](const std::string& to) { testing::WriteFile(to, "no picture here"); },
+       {{0.5, 0.5, std::nullopt}}},
+      // clang-format on
+  };
+  for (const auto& row : rows) {
+    SCOPED_TRACE(row.name);
+    Start(1);
+    row.write(GalleryFile(row.file));
+    frmSlide* slide = Open(row.file);
+    ASSERT_NE(slide, nullptr);
+    EXPECT_EQ(slide->windowTitle(), "Slide 1 - Slide 1");
+    ExpectDrawn(slide, row.samples);
+    UnloadForms();
+  }
+}
+
+// Clicks by the corner ((0, 0) counts as the centre) zoom in until a picture pixel spans six:
+// the checkerboard is drawn pixel for pixel, not as a coarse decode's grey.
+TEST_F(SlideWindowTest, ZoomedInShowsEveryPixelWithinTheBudget) {
+  Start(1);
+  std::filesystem::create_symlink(BigJpeg(), GalleryFile("big.jpg"));
+  frmSlide* slide = Open("big.jpg");
+  ASSERT_NE(slide, nullptr);
+  slide->grab();
+  EXPECT_LT(slide->Image1->Held().eighths, 8);
+  EXPECT_LE(double(slide->Image1->Picture().sizeInBytes()), kDecodePixels * 4);
+  while (slide->Image1->width() < 6 * kBigW) QTest::mouseClick(slide->Image1, Qt::LeftButton, {}, QPoint(1, 1));
+  std::vector<Sample> samples;
+  const double px = 1.0 / kBigW, py = 1.0 / kBigH;
+  for (int y = 0; y < 6; ++y)
+    for (int x = 0; x < 6; ++x)
+      samples.push_back({(x + 0.5) * px, (y + 0.5) * py, QColor((x + y) % 2 ? Qt::black : Qt::white)});
+  ExpectDrawn(slide, samples);
+  EXPECT_EQ(slide->Image1->Held().eighths, 8);
+  EXPECT_LE(double(slide->Image1->Picture().sizeInBytes()), kDecodePixels * 4);
+}
+
+// An open window shows the next slide's picture only when it decodes.
+TEST_F(SlideWindowTest, ReusedWindowKeepsItsPictureWhenTheNextDoesNotDecode) {
+  Start(2);
+  testing::WriteFile(GalleryFile("p2.png"), "no picture here");
+  Open("", 1);
+  frmSlide* slide = Open("", 2);
+  ASSERT_NE(slide, nullptr);
+  EXPECT_EQ(slide->windowTitle(), "Slide 2 - Slide 2");
+  ExpectDrawn(slide, {{0.5, 0.5, QColor(Qt::darkCyan)}});
+}
 
 }  // namespace
 }  // namespace cb
