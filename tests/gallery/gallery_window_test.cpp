@@ -51,15 +51,44 @@ std::vector<int> Range(int from, int to, int pad = 15) {
   return v;
 }
 
+constexpr QSize kBound{40, 30};
+
+// Moves the file's modification time, as a copy over it a little later would.
+void Touch(const QString& path, int seconds) {
+  QFile f(path);
+  ASSERT_TRUE(f.open(QIODevice::ReadWrite));
+  ASSERT_TRUE(f.setFileTime(QDateTime::currentDateTime().addSecs(seconds), QFileDevice::FileModificationTime));
+}
+
+QByteArray Jpeg(QSize size, QColor colour) {
+  QImage picture(size, QImage::Format_RGB32);
+  picture.fill(colour);
+  QBuffer out;
+  out.open(QIODevice::WriteOnly);
+  picture.save(&out, "jpg", 95);
+  return out.data();
+}
+
+// A JPEG in `colour`; given an orientation, it carries a camera's blue 160x120 thumbnail.
+QString WritePicture(const std::string& path, QColor colour, QSize size = {80, 60}, int orientation = 0) {
+  const QByteArray picture = Jpeg(size, colour);
+  const std::string exif = orientation ? ExifSegment(orientation, Jpeg({160, 120}, Qt::blue).toStdString()) : "";
+  testing::WriteFile(path, picture.left(2).toStdString() + exif + picture.mid(2).toStdString());
+  return QString::fromStdString(path);
+}
+
+// Which of the two a JPEG's colour came from.
+const char* RedOrBlue(QColor c) {
+  return c.red() > 200 && c.blue() < 60 ? "red" : c.blue() > 200 && c.red() < 60 ? "blue" : "other";
+}
+
+QColor Centre(const QImage& image) { return image.pixelColor(image.width() / 2, image.height() / 2); }
+
 class GalleryWindowTest : public GalleryFixture {
  protected:
   // A camera folder of `n` pictures: IMG_1.JPG, IMG_2.JPG, ...
   void Camera(int n) {
-    QImage picture(8, 6, QImage::Format_RGB32);
-    picture.fill(Qt::darkGreen);
-    std::filesystem::create_directories(app / "Camera");
-    for (int i = 1; i <= n; ++i)
-      picture.save(QString::fromStdString(app / ("Camera/IMG_" + std::to_string(i) + ".JPG")));
+    for (int i = 1; i <= n; ++i) WritePicture(app / ("Camera/IMG_" + std::to_string(i) + ".JPG"), Qt::darkGreen);
   }
 
   // Slides > Modify Slide Collection: picks `folder` in the chooser (none cancels), then plays `act` on the editor.
@@ -96,12 +125,7 @@ class GalleryWindowTest : public GalleryFixture {
   // Frames "Frame01.jpg", "frame02.jpg", ... in alternating case, each of its own grey.
   void Frames(int n) {
     std::filesystem::remove_all(app / "Background");
-    std::filesystem::create_directories(app / "Background");
-    for (int i = 1; i <= n; ++i) {
-      QImage frame(8, 8, QImage::Format_RGB32);
-      frame.fill(QColor(i * 10, i * 10, i * 10));
-      frame.save(QString::fromStdString(app / FrameName(i)), "JPG");
-    }
+    for (int i = 1; i <= n; ++i) WritePicture(app / FrameName(i), QColor(i * 10, i * 10, i * 10), {8, 8});
   }
   static std::string FrameName(int i) {
     return std::string("Background/") + (i % 2 ? "Frame" : "frame") + (i < 10 ? "0" : "") + std::to_string(i) + ".jpg";
@@ -242,9 +266,7 @@ TEST_F(GalleryWindowTest, SlideWindowBesideTheGallery) {
 }
 
 TEST_F(GalleryWindowTest, LargestCollectionOpensAndScrollsToTheEnd) {
-  QImage picture(6, 4, QImage::Format_RGB32);
-  picture.fill(Qt::darkCyan);
-  picture.save(QString::fromStdString(app / "Gallery/same.png"));
+  WritePicture(app / "Gallery/same.png", Qt::darkCyan);
   ModGlobal& g = Globals();
   g.MainController = std::make_unique<UIMainController>(app.str(), settings, g);
   g.MainController->SetRegistryKeys(app / "Files/big.sif");
@@ -466,12 +488,8 @@ INSTANTIATE_TEST_SUITE_P(Rows, BackgroundChoiceTest, ::testing::ValuesIn(kChoice
 // Each caller stores the bare name; Cancel changes nothing; a broken picture is stored, not shown.
 TEST_F(GalleryWindowTest, WallpaperFromEachCallerAndAnswerInTurn) {
   Start(1);
-  std::filesystem::create_directories(app / "Wallpaper");
-  for (const auto& [name, colour] : {std::pair{"dawn.jpg", Qt::red}, std::pair{"dusk.jpg", Qt::blue}}) {
-    QImage picture(10, 6, QImage::Format_RGB32);
-    picture.fill(colour);
-    picture.save(QString::fromStdString(app / (std::string("Wallpaper/") + name)), "JPG");
-  }
+  WritePicture(app / "Wallpaper/dawn.jpg", Qt::red, {10, 6});
+  WritePicture(app / "Wallpaper/dusk.jpg", Qt::blue, {10, 6});
   testing::WriteFile(app / "Wallpaper/broken.jpg", "not a picture");
   const QImage& shown = TheMDIMain().MdiArea()->Picture();
   const struct {
@@ -505,39 +523,6 @@ TEST_F(GalleryWindowTest, WallpaperFromEachCallerAndAnswerInTurn) {
 }
 
 // The gallery's picture cache: memory bound, stale files, honest desktop and camera thumbnails.
-constexpr QSize kBound{40, 30};
-
-// Moves the file's modification time, as a copy over it a little later would.
-void Touch(const QString& path, int seconds) {
-  QFile f(path);
-  ASSERT_TRUE(f.open(QIODevice::ReadWrite));
-  ASSERT_TRUE(f.setFileTime(QDateTime::currentDateTime().addSecs(seconds), QFileDevice::FileModificationTime));
-}
-
-QByteArray Jpeg(QSize size, QColor colour) {
-  QImage picture(size, QImage::Format_RGB32);
-  picture.fill(colour);
-  QBuffer out;
-  out.open(QIODevice::WriteOnly);
-  picture.save(&out, "jpg", 95);
-  return out.data();
-}
-
-// A JPEG in `colour`; given an orientation, it carries a camera's blue 160x120 thumbnail.
-QString WritePicture(const std::string& path, QColor colour, QSize size = {80, 60}, int orientation = 0) {
-  const QByteArray picture = Jpeg(size, colour);
-  const std::string exif = orientation ? ExifSegment(orientation, Jpeg({160, 120}, Qt::blue).toStdString()) : "";
-  testing::WriteFile(path, picture.left(2).toStdString() + exif + picture.mid(2).toStdString());
-  return QString::fromStdString(path);
-}
-
-// Which of the two a JPEG's colour came from.
-const char* RedOrBlue(QColor c) {
-  return c.red() > 200 && c.blue() < 60 ? "red" : c.blue() > 200 && c.red() < 60 ? "blue" : "other";
-}
-
-QColor Centre(const QImage& image) { return image.pixelColor(image.width() / 2, image.height() / 2); }
-
 class PictureCacheTest : public ::testing::Test {
  protected:
   TempDir files, thumbs;
