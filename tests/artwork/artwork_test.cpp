@@ -15,8 +15,6 @@ namespace {
 const char* const kKeys[] = {"New",    "Open",       "Edit", "Report", "Zoom",     "Unzoom",
                              "Window", "Background", "Help", "Print",  "Previous", "Next"};
 
-QImage Pixels(const QPixmap& pm) { return pm.toImage().convertToFormat(QImage::Format_ARGB32); }
-
 // What a picture holds: opaque and half-clear pixels, opaque colours, and whether all is grey.
 struct Survey {
   int opaque = 0, partial = 0, colours = 0;
@@ -24,7 +22,7 @@ struct Survey {
 };
 
 Survey Look(const QPixmap& pm) {
-  const QImage image = Pixels(pm);
+  const QImage image = pm.toImage().convertToFormat(QImage::Format_ARGB32);
   Survey s;
   QSet<QRgb> seen;
   for (int y = 0; y < image.height(); ++y)

@@ -169,12 +169,6 @@ TEST(PictureRegionTest, PartToDraw) {
   }
 }
 
-// `text` padded with blanks to the width of `field`, as the record holds it.
-std::string Padded(Field field, std::string text) {
-  text.resize(LayoutOf(field).width, ' ');
-  return text;
-}
-
 TEST(OkRule, StoresTheFieldByItsRule) {
   const struct {
     const char* name;
@@ -202,7 +196,9 @@ TEST(OkRule, StoresTheFieldByItsRule) {
     SlideEdits typed = EditsFromSlide(slides[2]);
     typed.*row.box = row.typed;
     const auto status = StoreEdits(typed, 2, slides);
-    EXPECT_EQ(slides[2].Get(row.field), Padded(row.field, row.stored));
+    std::string stored = row.stored;
+    stored.resize(LayoutOf(row.field).width, ' ');  // padded with blanks, as the record holds it
+    EXPECT_EQ(slides[2].Get(row.field), stored);
     EXPECT_EQ(Trim(slides[2].Get(Field::PictureFile)), "a.jpg");  // the editor renames nothing
     EXPECT_EQ(status.value_or(""), "Slide: 2 (" + Trim(slides[2].Get(Field::SlideText)) + ")");  // the text as cut
   }
