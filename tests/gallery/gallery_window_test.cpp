@@ -532,16 +532,16 @@ class PictureCacheTest : public ::testing::Test {
 TEST_F(PictureCacheTest, StaysWithinItsBoundOverAThousandPictures) {
   const std::size_t limit = 64 * 1024;
   GalleryPictures pictures(limit, store);
+  QImage out;
   for (int i = 0; i < 1000; ++i) {
-    const QString path = WritePicture(files / ("p" + std::to_string(i) + ".jpg"), QColor::fromHsv(i % 360, 200, 200));
-    QImage out;
+    const std::string name = "p" + std::to_string(i) + ".jpg";
+    const QString path = WritePicture(files / name, QColor::fromHsv(i % 360, 200, 200));
     ASSERT_EQ(pictures.Get(path, out, kBound), RtError::None);
     ASSERT_LE(pictures.MemoryUsed(), limit) << "after picture " << i;
   }
   EXPECT_EQ(pictures.Decodes(), 1000);
   pictures.WaitForIdle();
   // The newest are still held; the oldest went first.
-  QImage out;
   pictures.Get(QString::fromStdString(files / "p999.jpg"), out, kBound);
   EXPECT_EQ(pictures.Decodes(), 1000);
   pictures.Clear();
@@ -596,7 +596,7 @@ TEST_F(PictureCacheTest, CameraThumbnailOnlyWhereItServes) {
   for (const auto& row : rows) {
     SCOPED_TRACE(row.name);
     GalleryPictures pictures(1 << 20, store);  // each its own file: no thumbnail of another row stands in
-    const QString path = WritePicture(files / (row.name + std::string(".jpg")), Qt::red, row.picture, row.orientation);
+    const QString path = WritePicture(files / row.name, Qt::red, row.picture, row.orientation);
     QImage out;
     ASSERT_EQ(pictures.Get(path, out, {400, 400}, row.cell), RtError::None);
     EXPECT_STREQ(RedOrBlue(Centre(out)), row.fromThumbnail ? "blue" : "red");
