@@ -1,13 +1,13 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "artwork/ToolbarIcons.h"
-
 #include <gtest/gtest.h>
 
 #include <QImage>
 #include <QPixmap>
 #include <QSet>
 
+#include "artwork/ProgramIcon.h"
 #include "artwork/TemplatePictures.h"
+#include "artwork/ToolbarIcons.h"
 
 namespace cb {
 namespace {
@@ -15,25 +15,22 @@ namespace {
 const char* const kKeys[] = {"New",    "Open",       "Edit", "Report", "Zoom",     "Unzoom",
                              "Window", "Background", "Help", "Print",  "Previous", "Next"};
 
-QImage Pixels(const QPixmap& pm) { return pm.toImage().convertToFormat(QImage::Format_ARGB32); }
-
-// What a picture holds: opaque pixels, half-clear ones, colours among the
-// opaque, and whether every visible pixel is grey.
+// What a picture holds: opaque and half-clear pixels, opaque colours, and whether all is grey.
 struct Survey {
   int opaque = 0, partial = 0, colours = 0;
   bool grey = true;
 };
 
 Survey Look(const QPixmap& pm) {
-  const QImage image = Pixels(pm);
+  const QImage image = pm.toImage().convertToFormat(QImage::Format_ARGB32);
   Survey s;
   QSet<QRgb> seen;
   for (int y = 0; y < image.height(); ++y)
     for (int x = 0; x < image.width(); ++x) {
       const QRgb c = image.pixel(x, y);
       const int a = qAlpha(c);
+      s.partial += a > 0 && a < 255;
       if (a == 255) ++s.opaque, seen.insert(c);
-      else if (a > 0) ++s.partial;
       if (a > 0 && (std::abs(qRed(c) - qGreen(c)) > 1 || std::abs(qGreen(c) - qBlue(c)) > 1)) s.grey = false;
     }
   s.colours = static_cast<int>(seen.size());
@@ -78,6 +75,34 @@ TEST(ToolbarIcon, UnknownKeysAndTemplatesGiveNothing) {
   }
   EXPECT_TRUE(TemplatePicture(0, 32).isNull());
   EXPECT_TRUE(TemplatePicture(4, 32).isNull());
+}
+
+struct Probe {
+  double x, y;  // as a fraction of the side
+  bool opaque;
+  const char* where;
+};
+
+// At every size the tile is clear around its rounded corners and solid inside.
+constexpr Probe kProbes[] = {
+    {0.0, 0.0, false, "the corner outside the tile"},
+    {1.0, 1.0, false, "the opposite corner"},
+    {0.5, 0.5, true, "the picture in the middle"},
+    {0.12, 0.5, true, "the tile's left edge"},
+    {0.78, 0.8, true, "the price tag"},
+};
+
+TEST(ProgramIcon, EverySizeIsTheTileOnAClearGround) {
+  for (const int size : {16, 22, 32, 48, 128, 256}) {
+    const QImage image = PaintProgramIcon(size).convertToFormat(QImage::Format_ARGB32);
+    ASSERT_EQ(image.size(), QSize(size, size));
+    for (const auto& p : kProbes) {
+      SCOPED_TRACE(std::to_string(size) + " px, " + p.where);
+      const int alpha = qAlpha(image.pixel(static_cast<int>(p.x * (size - 1)), static_cast<int>(p.y * (size - 1))));
+      EXPECT_EQ(alpha, p.opaque ? 255 : 0);
+    }
+  }
+  EXPECT_GE(ProgramIcon().availableSizes().size(), 4);
 }
 
 }  // namespace
