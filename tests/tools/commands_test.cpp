@@ -18,70 +18,45 @@ using ::testing::StartsWith;
 
 struct ExitCase {
   const char* name;
-  std::vector<std::string> args;  // "@" stands for the scratch directory
+  const char* args;  // split at blanks; "@" stands for the scratch directory
   int status;
-  const char* err;  // the start of standard error, "@" expanded too; "" for none
-  std::string outTo{};  // where standard output goes, when not to the test
+  const char* err;         // after "chattelbook-sif: ", "@" expanded too; a status of 0 prints nothing there
+  const char* outTo = "";  // where standard output goes, when not to the test
 };
 
 const ExitCase kExitCases[] = {
-    {"help", {"--help"}, 0, ""},
-    {"a command's help", {"export", "--help"}, 0, ""},
-    {"version", {"--version"}, 0, ""},
-    {"show", {"show", "@/good.sif"}, 0, ""},
-    {"export", {"export", "@/good.sif", "--format", "json"}, 0, ""},
-    {"report", {"report", "@/good.sif", "--by", "location", "-o", "@/r.htm"}, 0, ""},
-    {"show to a full disk", {"show", "@/good.sif"}, 1, "chattelbook-sif: cannot write to standard output", "/dev/full"},
-    {"export to a full disk", {"export", "@/good.sif"}, 1, "chattelbook-sif: cannot write to standard output", "/dev/full"},
-    {"report to a full disk",
-     {"report", "@/good.sif", "--by", "location"},
-     1,
-     "chattelbook-sif: cannot write to standard output",
-     "/dev/full"},
-    {"no command", {}, 2, "chattelbook-sif: a command is missing\n\nUsage:"},
-    {"unknown command", {"list", "@/good.sif"}, 2, "chattelbook-sif: unknown command \"list\"\n\nUsage:"},
-    {"unknown option", {"show", "--fast", "@/good.sif"}, 2, "chattelbook-sif: Unknown option 'fast'."},
-    {"file missing", {"export"}, 2, "chattelbook-sif: a file is missing"},
-    {"two files", {"show", "@/good.sif", "@/good.sif"}, 2, "chattelbook-sif: too many files"},
-    {"bad format", {"export", "@/good.sif", "--format", "xml"}, 2, "chattelbook-sif: --format takes csv or json"},
-    {"import without -o", {"import", "@/in.csv"}, 2, "chattelbook-sif: import needs -o FILE.sif"},
-    {"bad template",
-     {"import", "@/in.csv", "-o", "@/x.sif", "--template", "4"},
-     2,
-     "chattelbook-sif: --template takes 1, 2 or 3"},
-    {"report without --by", {"report", "@/good.sif"}, 2, "chattelbook-sif: report needs --by"},
-    {"no such file", {"show", "@/absent.sif"}, 1, "chattelbook-sif: "},
-    {"a load would fail", {"export", "@/huge.sif"}, 1, "chattelbook-sif: "},
-    {"check of no file", {"check", "@/absent.sif"}, 1, "chattelbook-sif: "},
-    {"thumbnail of a file that does not load", {"thumbnail", "@/huge.sif", "@/t.png"}, 1, "chattelbook-sif: "},
-    {"thumbnail into no folder",
-     {"thumbnail", "@/good.sif", "@/none/t.png"},
-     1,
-     "chattelbook-sif: @/none/t.png: cannot be written"},
-    {"thumbnail without OUT", {"thumbnail", "@/good.sif"}, 2, "chattelbook-sif: thumbnail takes FILE.sif and OUT.png"},
-    {"thumbnail too small",
-     {"thumbnail", "@/good.sif", "@/t.png", "--size", "8"},
-     2,
-     "chattelbook-sif: --size takes a number from 16 to 4096"},
-    {"refused import", {"import", "@/bad.csv", "-o", "@/x.sif"}, 1, "chattelbook-sif: "},
-    {"import onto a file",
-     {"import", "@/in.csv", "-o", "@/good.sif"},
-     1,
-     "chattelbook-sif: @/good.sif: already exists"},
-    {"import forced onto a file", {"import", "@/in.csv", "-o", "@/forced.sif", "--force"}, 0, ""},
-    {"claim without -o", {"claim", "@/good.sif"}, 2, "chattelbook-sif: claim needs -o CLAIM.pdf"},
-    {"claim on A5",
-     {"claim", "@/good.sif", "--page", "a5", "-o", "@/x.pdf"},
-     2,
-     "chattelbook-sif: --page takes a4 or letter"},
-    {"backup into no folder",
-     {"backup", "@/good.sif", "-o", "@/none/b.tar.gz"},
-     1,
-     "chattelbook-sif: @/none/b.tar.gz: No such file or directory"},
-    {"claim without a gallery",
-     {"claim", "@/good.sif", "--gallery", "@/none", "-o", "@/x.pdf"},
-     1,
-     "chattelbook-sif: "},
+    {"help", "--help", 0, ""},
+    {"a command's help", "export --help", 0, ""},
+    {"version", "--version", 0, ""},
+    {"show", "show @/good.sif", 0, ""},
+    {"export", "export @/good.sif --format json", 0, ""},
+    {"report", "report @/good.sif --by location -o @/r.htm", 0, ""},
+    {"show to a full disk", "show @/good.sif", 1, "cannot write to standard output", "/dev/full"},
+    {"export to a full disk", "export @/good.sif", 1, "cannot write to standard output", "/dev/full"},
+    {"report to a full disk", "report @/good.sif --by location", 1, "cannot write to standard output", "/dev/full"},
+    {"no command", "", 2, "a command is missing\n\nUsage:"},
+    {"unknown command", "list @/good.sif", 2, "unknown command \"list\"\n\nUsage:"},
+    {"unknown option", "show --fast @/good.sif", 2, "Unknown option 'fast'."},
+    {"file missing", "export", 2, "a file is missing"},
+    {"two files", "show @/good.sif @/good.sif", 2, "too many files"},
+    {"bad format", "export @/good.sif --format xml", 2, "--format takes csv or json"},
+    {"import without -o", "import @/in.csv", 2, "import needs -o FILE.sif"},
+    {"bad template", "import @/in.csv -o @/x.sif --template 4", 2, "--template takes 1, 2 or 3"},
+    {"report without --by", "report @/good.sif", 2, "report needs --by"},
+    {"no such file", "show @/absent.sif", 1, ""},
+    {"a load would fail", "export @/huge.sif", 1, ""},
+    {"check of no file", "check @/absent.sif", 1, ""},
+    {"thumbnail of a file that does not load", "thumbnail @/huge.sif @/t.png", 1, ""},
+    {"thumbnail into no folder", "thumbnail @/good.sif @/none/t.png", 1, "@/none/t.png: cannot be written"},
+    {"thumbnail without OUT", "thumbnail @/good.sif", 2, "thumbnail takes FILE.sif and OUT.png"},
+    {"thumbnail too small", "thumbnail @/good.sif @/t.png --size 8", 2, "--size takes a number from 16 to 4096"},
+    {"refused import", "import @/bad.csv -o @/x.sif", 1, ""},
+    {"import onto a file", "import @/in.csv -o @/good.sif", 1, "@/good.sif: already exists"},
+    {"import forced onto a file", "import @/in.csv -o @/forced.sif --force", 0, ""},
+    {"claim without -o", "claim @/good.sif", 2, "claim needs -o CLAIM.pdf"},
+    {"claim on A5", "claim @/good.sif --page a5 -o @/x.pdf", 2, "--page takes a4 or letter"},
+    {"backup into no folder", "backup @/good.sif -o @/none/b.tar.gz", 1, "@/none/b.tar.gz: No such file or directory"},
+    {"claim without a gallery", "claim @/good.sif --gallery @/none -o @/x.pdf", 1, ""},
 };
 
 TEST(Commands, ExitStatusesAndStreams) {
@@ -92,18 +67,20 @@ TEST(Commands, ExitStatusesAndStreams) {
   WriteFile(dir / "bad.csv", "Value\r\n123456789012\r\n");
   WriteFile(dir / "forced.sif", "precious");
   const auto expand = [&dir](std::string a) {
-    if (const auto at = a.find('@'); at != std::string::npos) a.replace(at, 1, dir.str());
+    for (std::size_t at; (at = a.find('@')) != std::string::npos;) a.replace(at, 1, dir.str());
     return a;
   };
   for (const auto& c : kExitCases) {
     SCOPED_TRACE(c.name);
     std::vector<std::string> args;
-    for (const auto& a : c.args) args.push_back(expand(a));
+    std::istringstream words(expand(c.args));
+    for (std::string w; words >> w;) args.push_back(w);
     const Outcome r = RunProcess(args, dir, c.outTo);
     EXPECT_EQ(r.status, c.status) << r.err;
-    EXPECT_THAT(r.err, StartsWith(expand(c.err)));
-    if (*c.err == '\0') {
+    if (c.status == 0) {
       EXPECT_EQ(r.err, "");
+    } else {
+      EXPECT_THAT(r.err, StartsWith("chattelbook-sif: " + expand(c.err)));
     }
     if (c.status == 2) {
       EXPECT_EQ(r.out, "");
@@ -164,7 +141,8 @@ TEST(Commands, AnOutputThatIsNoPlainFileIsWrittenInPlace) {
   if (root) {
     ASSERT_EQ(::chown((dir / "real.sif").c_str(), 65534, 65534), 0);
   }
-  ASSERT_EQ(RunInProcess({"import", "-", "-o", dir / "link.sif", "--force"}, "PictureFile\nsofa.jpg\n").status, kExitOk);
+  ASSERT_EQ(RunInProcess({"import", "-", "-o", dir / "link.sif", "--force"}, "PictureFile\nsofa.jpg\n").status,
+            kExitOk);
   EXPECT_TRUE(fs::is_symlink(dir / "link.sif"));
   EXPECT_EQ(fs::status(dir / "real.sif").permissions(), fs::perms::owner_read | fs::perms::owner_write);
   struct stat st {};
