@@ -25,36 +25,28 @@ TEST(SifFile, ReadAndCheckAgreeWithTheProgramsLoad) {
                       {"tv.jpg", "Television", "Electrical", "Lounge", "", "", "", "1,500"},
                       {"ring.jpg", "Ring, \"gold\"", "Jewellery", "Bedroom", "", "", "AB 12", "€900"}});
   const auto nul = [&f](std::size_t at) { return f.substr(0, at) + '\0' + f.substr(at + 1); };
-  // The one finding check prints for each copy; those that end "a load fails"
-  // do not load.
+  // The one finding check prints for each copy; those ending "a load fails" do not load.
   const std::tuple<const char*, std::string, std::string> cases[] = {
       {"as saved", f, ""},
       {"count beyond the records", f.substr(0, 3 * kRecordLength),
-       "header: the slide count 3 is beyond the 2 slide records in the file; "
-       "slides 3 to 3 load empty"},
+       "header: the slide count 3 is beyond the 2 slide records in the file; slides 3 to 3 load empty"},
       {"last record cut short", f.substr(0, 4 * kRecordLength - 8),
-       "the file's 1104 bytes are no whole number of 278-byte records; the "
-       "last record is cut short"},
+       "the file's 1104 bytes are no whole number of 278-byte records; the last record is cut short"},
       {"count no number", WithHeader(f, "three", "2"),
-       "header: the slide count \"three\" is not a number; a load finds no "
-       "slides"},
+       "header: the slide count \"three\" is not a number; a load finds no slides"},
       {"count with text behind", WithHeader(f, "2abc", "2"), ""},
       {"template outside 1 to 3", WithHeader(f, "3", "7"), "header: the template 7 is outside 1 to 3"},
       {"template no number", WithHeader(f, "3", "Home"),
-       "header: the template \"Home\" is not a number; a load keeps the "
-       "template it had"},
+       "header: the template \"Home\" is not a number; a load keeps the template it had"},
       {"NUL in a slide's field", nul(2 * kRecordLength + 189 + 3), "slide 2, Make: NUL bytes, which a load drops"},
       {"NUL in a used header field", nul(189 + 25), "header, ReportFont: NUL bytes, which a load drops"},
       {"NUL in a header field the program leaves alone", nul(137), ""},
       {"NUL behind the counted slides", WithHeader(nul(3 * kRecordLength), "2", "2"), ""},
-      {"empty file", "",
-       "the file is empty; a load finds no slides and keeps the template it "
-       "had"},
+      {"empty file", "", "the file is empty; a load finds no slides and keeps the template it had"},
       {"count above 32767", WithHeader(f, "40000", "2"),
        "header: the slide count \"40000\" is above 32767; a load fails"},
       {"template beyond 32 bits", WithHeader(f, "3", "99999999999"),
-       "header: the template \"99999999999\" is too large a number; a load "
-       "fails"},
+       "header: the template \"99999999999\" is too large a number; a load fails"},
   };
   for (const auto& [name, bytes, finding] : cases) {
     SCOPED_TRACE(name);
