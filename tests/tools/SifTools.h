@@ -53,9 +53,10 @@ struct Header {
 // The test's UTF-8 text as the program holds it, in Windows-1252.
 inline std::string Cp(const std::string& utf8) { return Utf8ToCp1252(utf8).value(); }
 
-// Writes `path` as the program does: File New, then each slide added and
-// edited with a save after each step. Returns the bytes on disk.
+// Writes `path`, its folder made, as the program does: File New, then each
+// slide added and edited with a save after each step. Returns the bytes on disk.
 inline std::string WriteAsProgram(const std::string& path, const Header& h, const std::vector<SlideText>& slides) {
+  fs::create_directories(fs::path(path).parent_path());
   ModGlobal g;
   MemorySettings settings;
   UIMainController mc(fs::path(path).parent_path().string(), settings, g);

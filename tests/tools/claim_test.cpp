@@ -49,7 +49,6 @@ struct Fixture {
   Scratch app;
   std::string path = app / "Files/Home.sif";
   explicit Fixture(std::int32_t slideTemplate) {
-    fs::create_directories(app / "Files");
     fs::create_directories(app / "Gallery");
     WriteAsProgram(path, {slideTemplate}, kSlides);
   }

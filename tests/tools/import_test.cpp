@@ -150,7 +150,6 @@ TEST(Csv, WritesAndReadsBack) {
 // refuse; its own saves keep the lock; once it lets go, they work again.
 TEST(OpenFileLock, CommandsLeaveAFileOpenInTheProgramAlone) {
   Scratch dir;
-  fs::create_directories(dir / "app/Files");
   const std::string open = dir / "app/Files/open.sif";
   WriteAsProgram(open, {}, {{"tv.jpg", "Television"}});
   ASSERT_EQ(RunInProcess({"backup", open, "-o", dir / "b.tar.gz"}).status, 0);

@@ -18,7 +18,6 @@ using ::testing::HasSubstr;
 
 TEST(SifFile, ReadAndCheckAgreeWithTheProgramsLoad) {
   Scratch app;
-  fs::create_directories(app / "Files");
   const std::string f =
       WriteAsProgram(app / "made.sif", {2, "Frame3.jpg", "Clouds.jpg", "Times New Roman"},
                      {{"chair.jpg", "Oak chair", "Furniture", "Lounge", "Ikea", "Poäng", "1234", "150"},
@@ -148,7 +147,6 @@ TEST(Report, IsThePageTheProgramWrites) {
   for (const auto& c : cases) {
     SCOPED_TRACE(c.name);
     Scratch app;
-    fs::create_directories(app / "Files");
     const std::string path = app / "Files/Home.sif";
     WriteFile(path,
               WithHeader(WriteAsProgram(path, {1, "", "", "Tahoma"}, slides), "5", std::to_string(c.slideTemplate)));

@@ -74,7 +74,6 @@ char Seen(QRgb p) {
 QImage Thumbnail(const Scratch& dir, const std::vector<std::string>& pictures, int size) {
   std::vector<SlideText> slides;
   for (const auto& p : pictures) slides.push_back({p, "Slide"});
-  fs::create_directories(dir / "Files");
   WriteAsProgram(dir / "Files/x.sif", {}, slides);
   const Outcome r = RunProcess({"thumbnail", dir / "Files/x.sif", dir / "x.png", "--size", std::to_string(size)}, dir);
   EXPECT_EQ(r.status, 0) << r.err;
