@@ -116,12 +116,12 @@ TEST(Claim, PdfHoldsEverySlideAsTextAndEachFoundPicture) {
   if (std::system("command -v pdftotext >/dev/null && command -v pdfimages >/dev/null") != 0)
     GTEST_SKIP() << "poppler-utils is not installed";
   const std::string pdf = f.app / "claim.pdf";
-  const Outcome r = RunProcess({"claim", f.path, "-o", pdf}, f.app);
+  const Outcome r = RunProcess({"claim", f.path, "-o", pdf});
   ASSERT_EQ(r.status, 0) << r.err;
   EXPECT_THAT(r.err, HasSubstr("slide 3: picture \"ring.jpg\" is missing"));
   EXPECT_THAT(r.err, HasSubstr("slide 5: no picture named"));
 
-  const std::string text = Squeezed(Piped("pdftotext -layout " + ShellQuote(pdf) + " - 2>/dev/null"));
+  const std::string text = Squeezed(RunProcess({"-layout", pdf, "-"}, "", "pdftotext").out);
   std::string summary, message;
   ASSERT_TRUE(MakeReport({ReportKind::ByCategory, {}, {}, f.path}, f.Read(), SystemReportLocale(), summary, message))
       << message;
@@ -140,7 +140,7 @@ TEST(Claim, PdfHoldsEverySlideAsTextAndEachFoundPicture) {
   EXPECT_THAT(text, HasSubstr("Picture missing"));  // in the picture's place
 
   // One JPEG per picture found, none for the four that are not.
-  const std::string images = Squeezed(Piped("pdfimages -list " + ShellQuote(pdf) + " 2>/dev/null"));
+  const std::string images = Squeezed(RunProcess({"-list", pdf}, "", "pdfimages").out);
   const auto count = [&images](const std::regex& re) {
     return std::distance(std::sregex_iterator(images.begin(), images.end(), re), std::sregex_iterator());
   };

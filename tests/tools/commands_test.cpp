@@ -75,7 +75,7 @@ TEST(Commands, ExitStatusesAndStreams) {
     std::vector<std::string> args;
     std::istringstream words(expand(c.args));
     for (std::string w; words >> w;) args.push_back(w);
-    const Outcome r = RunProcess(args, dir, c.outTo);
+    const Outcome r = RunProcess(args, c.outTo);
     EXPECT_EQ(r.status, c.status) << r.err;
     if (c.status == 0) {
       EXPECT_EQ(r.err, "");

@@ -75,7 +75,7 @@ QImage Thumbnail(const Scratch& dir, const std::vector<std::string>& pictures, i
   std::vector<SlideText> slides;
   for (const auto& p : pictures) slides.push_back({p, "Slide"});
   WriteAsProgram(dir / "Files/x.sif", {}, slides);
-  const Outcome r = RunProcess({"thumbnail", dir / "Files/x.sif", dir / "x.png", "--size", std::to_string(size)}, dir);
+  const Outcome r = RunProcess({"thumbnail", dir / "Files/x.sif", dir / "x.png", "--size", std::to_string(size)});
   EXPECT_EQ(r.status, 0) << r.err;
   EXPECT_EQ(r.err, "");
   return QImage(QString::fromStdString(dir / "x.png"));
