@@ -3,8 +3,6 @@
 // load makes of whole, cut, damaged and unreadable files.
 #include <gtest/gtest.h>
 
-#include <random>
-
 #include "storage/DataAccess.h"
 #include "storage/RandomFile.h"
 #include "storage/Scramble.h"
@@ -200,23 +198,6 @@ TEST_F(SifFileTest, BadOrEmptyHeaderTakesTheLoadsResultOrFailurePath) {
     }
     EXPECT_EQ(mc.NumberOfRecords(), row.records);
     EXPECT_EQ(mc.SlideTemplate(), row.slideTemplate);
-  }
-}
-
-TEST_F(SifFileTest, RandomBytesNeverCrashOrOverreach) {
-  std::mt19937 rng(2024);
-  for (int round = 0; round < 200; ++round) {
-    std::string bytes(rng() % 2000, '\0');
-    for (char& c : bytes) c = static_cast<char>(rng());
-    WriteFile(FilesPath("noise.sif"), bytes);
-    UIMainController& mc = Open("noise.sif");
-    if (Report(mc.LoadSettings(), errors)) {
-      EXPECT_EQ(static_cast<std::int32_t>(g.Slides.size()) - 1, mc.NumberOfRecords());
-      EXPECT_LE(mc.NumberOfRecords(), kMaxRecords);
-    } else {
-      EXPECT_FALSE(errors[0].empty());
-      EXPECT_FALSE(errors[2].empty());
-    }
   }
 }
 
