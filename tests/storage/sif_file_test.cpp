@@ -183,12 +183,10 @@ TEST_F(SifFileTest, BadOrEmptyHeaderTakesTheLoadsResultOrFailurePath) {
   } rows[] = {
       // The count is stored before the loop refuses it.
       {"count 40000", Header("40000", "1"), false, "6", 40000, 1},
-      {"count max long", Header("2147483647", "1"), false, "6", 2147483647, 1},
       {"count beyond long", Header("99999999999", "1"), false, "6", 7, 3},
       {"count non-digits", Header("abc", "2"), true, "", 0, 2},
       {"count leading digits", Header("2x", "2"), true, "", 2, 2},
       {"template non-numeric", Header("0", "x"), true, "", 0, 3},
-      {"template empty", Header("0", ""), true, "", 0, 3},
       {"template rounds half even", Header("0", "2.5"), true, "", 0, 2},
       {"template beyond long", Header("0", "99999999999"), false, "6", 0, 3},
       {"empty file", "", true, "", 0, 3},
@@ -256,12 +254,10 @@ TEST(Scramble, StoresEachCharacterAsItsComplement) {
   }
 }
 
+// Padding blanks vanish wherever they stand, and so do NULs.
 TEST(Scramble, UnscrambleSkipsPaddingAndNul) {
   const std::pair<std::string, std::string> rows[] = {
-      {"\xBF   ", "A"},   {"\x9F\xE0\x9E", "a b"}, {"\x9F \x9E", "ab"},  // padding blanks vanish wherever they stand
-      {"\0\0\xBF"s, "A"},                                                // so do NULs
-      {"", ""},
-  };
+      {"\xBF   ", "A"}, {"\x9F\xE0\x9E", "a b"}, {"\x9F \x9E", "ab"}, {"\0\0\xBF"s, "A"}, {"", ""}};
   for (const auto& [stored, plain] : rows) {
     SCOPED_TRACE(stored);
     EXPECT_EQ(UnscrambleField(stored), plain);

@@ -41,7 +41,6 @@ const ExitCase kExitCases[] = {
     {"report", "report @/good.sif --by location -o @/r.htm", 0, ""},
     {"show to a full disk", "show @/good.sif", 1, "cannot write to standard output", "/dev/full"},
     {"export to a full disk", "export @/good.sif", 1, "cannot write to standard output", "/dev/full"},
-    {"report to a full disk", "report @/good.sif --by location", 1, "cannot write to standard output", "/dev/full"},
     {"no command", "", 2, "a command is missing\n\nUsage:"},
     {"unknown command", "list @/good.sif", 2, "unknown command \"list\"\n\nUsage:"},
     {"unknown option", "show --fast @/good.sif", 2, "Unknown option 'fast'."},
