@@ -454,9 +454,7 @@ TEST(AtomicSave, EqualsTheInPlaceWriteKeepsLinkAndModeAndClearsKilledSaves) {
   EXPECT_EQ(st.st_mode & 07777, 0640u);
 }
 
-class SmallFilesTest : public SifFileTest {};
-
-TEST_F(SmallFilesTest, PasswordIsOneScrambledRecordOfEightBytesOrRefused) {
+TEST_F(SifFileTest, PasswordIsOneScrambledRecordOfEightBytesOrRefused) {
   UIMainController& mc = Start();
   std::string back = "x";
   ASSERT_TRUE(mc.GetPassword(back).ok());  // the first read makes an empty private file
@@ -488,7 +486,7 @@ TEST_F(SmallFilesTest, PasswordIsOneScrambledRecordOfEightBytesOrRefused) {
 
 // The history is one line of four quoted names; a report page, replaced
 // by a shorter one, ends in a line end.
-TEST_F(SmallFilesTest, HistoryAndReportPagesAreWrittenAsLines) {
+TEST_F(SifFileTest, HistoryAndReportPagesAreWrittenAsLines) {
   UIMainController& mc = Start();
   FileHistory h;
   EXPECT_FALSE(Report(mc.GetFileHistoryList(h), errors));
@@ -524,7 +522,7 @@ TEST(ReadFields, ReadsQuotedAndBareFields) {
 
 // The number follows the failure: a directory missing on the way is 76, a
 // refusal 75, whether it comes from making the folder or writing the file.
-TEST_F(SmallFilesTest, WriteFailureNumberFollowsTheFailure) {
+TEST_F(SifFileTest, WriteFailureNumberFollowsTheFailure) {
   const struct {
     const char* name;
     const char* appPath;   // empty: the temporary installation
@@ -556,7 +554,7 @@ TEST_F(SmallFilesTest, WriteFailureNumberFollowsTheFailure) {
 
 // "old" and "old.sif" are stored first; then, with one step refused, "new"
 // and "new.sif" are put and both files read back.
-TEST_F(SmallFilesTest, ARefusedStepKeepsTheOldFilesAndTellsTheStep) {
+TEST_F(SifFileTest, ARefusedStepKeepsTheOldFilesAndTellsTheStep) {
   const struct {
     const char* refused;
     RtError putPassword, putHistory, getPassword, getHistory;
