@@ -115,23 +115,19 @@ TEST(Commands, AnOutputThatIsNoPlainFileIsWrittenInPlace) {
   ASSERT_EQ(::mkfifo(fifo.c_str(), 0600), 0);
   const int reader = ::open(fifo.c_str(), O_RDWR | O_NONBLOCK);  // holds the pipe open for the writer
   ASSERT_GE(reader, 0);
-  struct Case {
-    std::vector<std::string> args;
-    int status;
-    std::string head;  // the first bytes through the pipe
-  };
-  const Case cases[] = {
+  // The command, its status, and the first bytes through the pipe.
+  const std::tuple<std::vector<std::string>, int, std::string> cases[] = {
       {{"thumbnail", dir / "x.sif", fifo, "--size", "16"}, kExitOk, "\x89PNG"},
       {{"backup", dir / "x.sif", "-o", fifo}, kExitOk, "\x1f\x8b"},
       {{"import", "-", "-o", fifo, "--force"}, kExitData, ""},
   };
-  for (const auto& c : cases) {
-    SCOPED_TRACE(c.args.front());
-    EXPECT_EQ(RunInProcess(c.args, "PictureFile\nsofa.jpg\n").status, c.status);
+  for (const auto& [args, status, head] : cases) {
+    SCOPED_TRACE(args.front());
+    EXPECT_EQ(RunInProcess(args, "PictureFile\nsofa.jpg\n").status, status);
     std::string got(64 * 1024, '\0');
     const ssize_t n = ::read(reader, got.data(), got.size());
     got.resize(n > 0 ? static_cast<std::size_t>(n) : 0);
-    EXPECT_EQ(got.substr(0, c.head.size()), c.head);
+    EXPECT_EQ(got.substr(0, head.size()), head);
     EXPECT_TRUE(fs::is_fifo(fifo));
   }
   ::close(reader);
@@ -182,10 +178,7 @@ std::string Jpeg(const Picture& p) {
 }
 
 // A probe's point and what it shows: 'r' red, 'b' blue, ' ' nothing.
-struct Probe {
-  int x, y;
-  char seen;
-};
+using Probe = std::tuple<int, int, char>;
 
 struct ThumbnailRow {
   const char* name;
