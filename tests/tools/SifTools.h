@@ -5,14 +5,13 @@
 
 #include <gtest/gtest.h>
 
-#include <sys/wait.h>
-#include <cstdio>
 #include <filesystem>
 #include <sstream>
 #include <string>
 #include <utility>
 #include <vector>
 
+#include <QProcess>
 #include <QStringList>
 
 #include "Commands.h"
@@ -53,9 +52,10 @@ struct Header {
 // The test's UTF-8 text as the program holds it, in Windows-1252.
 inline std::string Cp(const std::string& utf8) { return Utf8ToCp1252(utf8).value(); }
 
-// Writes `path` as the program does: File New, then each slide added and
-// edited with a save after each step. Returns the bytes on disk.
+// Writes `path`, its folder made, as the program does: File New, then each
+// slide added and edited with a save after each step. Returns the bytes on disk.
 inline std::string WriteAsProgram(const std::string& path, const Header& h, const std::vector<SlideText>& slides) {
+  fs::create_directories(fs::path(path).parent_path());
   ModGlobal g;
   MemorySettings settings;
   UIMainController mc(fs::path(path).parent_path().string(), settings, g);
@@ -107,36 +107,19 @@ inline Outcome RunInProcess(const std::vector<std::string>& args, const std::str
   return {RunSif(list, out, err, in), out.str(), err.str()};  // a braced list runs left to right
 }
 
-inline std::string ShellQuote(const std::string& s) {
-  std::string q = "'";
-  for (char c : s) q += c == '\'' ? std::string("'\\''") : std::string(1, c);
-  return q + "'";
-}
-
-// What `cmd` prints on its standard output; `status` takes its exit status.
-inline std::string Piped(const std::string& cmd, int* status = nullptr) {
-  std::string out;
-  FILE* p = ::popen(cmd.c_str(), "r");
-  if (!p) return out;
-  char buf[4096];
-  for (std::size_t n; (n = std::fread(buf, 1, sizeof buf, p)) > 0;) out.append(buf, n);
-  const int s = ::pclose(p);
-  if (status) *status = WIFEXITED(s) ? WEXITSTATUS(s) : -1;
-  return out;
-}
-
-// The built program as its own process; stdout and stderr kept apart, or
-// stdout sent to `outTo` when one is given.
-inline Outcome RunProcess(const std::vector<std::string>& args, const Scratch& dir, const std::string& outTo = "") {
-  std::string cmd = ShellQuote(SIF_BINARY);
-  for (const auto& a : args) cmd += " " + ShellQuote(a);
-  const std::string errFile = dir / ".stderr";
-  Outcome r;
-  if (!outTo.empty()) cmd += " >" + ShellQuote(outTo);
-  r.out = Piped(cmd + " 2>" + ShellQuote(errFile) + " </dev/null", &r.status);
-  r.err = ReadFile(errFile);
-  fs::remove(errFile);
-  return r;
+// `program`, by default the built companion, as its own process with nothing
+// on its standard input; stdout is kept apart from stderr, or sent to `outTo`.
+inline Outcome RunProcess(const std::vector<std::string>& args, const std::string& outTo = "",
+                          const char* program = SIF_BINARY) {
+  QStringList list;
+  for (const auto& a : args) list << QString::fromStdString(a);
+  QProcess p;
+  p.setStandardInputFile(QProcess::nullDevice());
+  if (!outTo.empty()) p.setStandardOutputFile(QString::fromStdString(outTo));
+  p.start(program, list);
+  p.waitForFinished(-1);
+  const bool exited = p.error() != QProcess::FailedToStart && p.exitStatus() == QProcess::NormalExit;
+  return {exited ? p.exitCode() : -1, p.readAllStandardOutput().toStdString(), p.readAllStandardError().toStdString()};
 }
 
 }  // namespace cb::sif::testing
