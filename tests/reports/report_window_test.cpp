@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// The report windows driven as a user drives them: the toolbar's Report and
-// the chooser, the links of the pages by mouse and keyboard, Previous and
-// Next, Print, F1; and the locale the pages are written in.
+// The report windows driven as a user drives them, and the locale the pages
+// are written in.
 
 #include <QComboBox>
 #include <QDateTime>
@@ -36,23 +35,17 @@ using testing::WhenModal;
 // window started on it offscreen.
 class ReportWindowTest : public testing::GalleryFixture {
  protected:
-  // Slides 1 to 5: picture "p<i>.png", text "Slide <i>".
   void SetUp() override {
-    struct Row {
-      const char *category, *location, *value;
-    };
-    static constexpr Row kRows[] = {{"Furniture", "Lounge", "1500"},
-                                    {"Electrical", "Lounge", "900"},
-                                    {"Furniture", "Study", "300"},
-                                    {"Art", "Room #2", "50"},
-                                    {"Electrical", "Study", "20"}};
+    static constexpr const char* kRows[][3] = {{"Furniture", "Lounge", "1500"},
+                                               {"Electrical", "Lounge", "900"},
+                                               {"Furniture", "Study", "300"},
+                                               {"Art", "Room #2", "50"},
+                                               {"Electrical", "Study", "20"}};
     Start(5);
     Mc().SlideTemplate(1);
-    for (std::size_t i = 1; i <= 5; ++i) {
-      Globals().Slides[i].Set(Field::Category, kRows[i - 1].category);
-      Globals().Slides[i].Set(Field::Location, kRows[i - 1].location);
-      Globals().Slides[i].Set(Field::Value, kRows[i - 1].value);
-    }
+    for (std::size_t i = 1; i <= 5; ++i)
+      for (std::size_t c = 0; c < 3; ++c)
+        Globals().Slides[i].Set(std::array{Field::Category, Field::Location, Field::Value}[c], kRows[i - 1][c]);
     ErrorArray errors;
     ASSERT_TRUE(Report(Mc().SaveSettings(), errors));
   }
@@ -88,14 +81,6 @@ class ReportWindowTest : public testing::GalleryFixture {
 
   static void FlushDeletes() { QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete); }
 
-  // The user turns to another child, then back to the viewer.
-  void Activate(frmReport& r) {
-    QMdiArea& area = *TheMDIMain().MdiArea();
-    for (QMdiSubWindow* other : area.subWindowList())
-      if (other->widget() != &r) area.setActiveSubWindow(other);
-    area.setActiveSubWindow(qobject_cast<QMdiSubWindow*>(r.parentWidget()));
-  }
-
   // The report font as the file on disk holds it.
   std::string StoredFont() {
     ModGlobal other;
@@ -108,16 +93,11 @@ class ReportWindowTest : public testing::GalleryFixture {
   // Prints the viewer's page through the dialog, to a PDF file at `path`.
   void PrintTo(frmReport& r, const std::string& path) {
     bool dialogSeen = false;
-    WhenModal([&](QWidget* w) {
-      auto* dialog = qobject_cast<QPrintDialog*>(w);
-      ASSERT_NE(dialog, nullptr);
+    WhenModal<QPrintDialog>([&](QPrintDialog* dialog) {
       dialogSeen = true;
       auto* printers = dialog->findChild<QComboBox*>("printers");
-      ASSERT_NE(printers, nullptr);
       printers->setCurrentIndex(printers->findText("Print to File (PDF)"));
-      auto* file = dialog->findChild<QLineEdit*>("filename");
-      ASSERT_NE(file, nullptr);
-      file->setText(QString::fromStdString(path));
+      dialog->findChild<QLineEdit*>("filename")->setText(QString::fromStdString(path));
       dialog->accept();
     });
     r.PrintButton->trigger();
@@ -126,27 +106,22 @@ class ReportWindowTest : public testing::GalleryFixture {
 };
 
 TEST_F(ReportWindowTest, ReportThenOkShowsTheSummaryAndBlocksASecondViewer) {
-  QStringList dialogs;
-  WhenModal([&dialogs](QWidget* w) {
-    dialogs << w->objectName();
-    static_cast<frmSelectReport*>(w)->cmdOK->click();
-  });
+  WhenModal<frmSelectReport>([](frmSelectReport* d) { d->cmdOK->click(); });
   TheMDIMain().Toolbar1_ButtonClick(ToolbarButton::Report);
-  ASSERT_EQ(dialogs, QStringList{"frmSelectReport"});
   frmReport& r = Viewer();
   EXPECT_EQ(Shown(r), "Report1.htm");
   EXPECT_EQ(r.WebBrowser1->documentTitle(), "Report By Location");
   EXPECT_FALSE(r.PreviousButton->isEnabled());
 
   // A click that reaches the handler while the viewer is open does nothing.
-  dialogs.clear();
-  WhenModal([&dialogs](QWidget* w) {
-    dialogs << w->objectName();
-    static_cast<QDialog*>(w)->reject();
+  bool shown = false;
+  WhenModal<QDialog>([&shown](QDialog* d) {
+    shown = true;
+    d->reject();
   });
   TheMDIMain().Toolbar1_ButtonClick(ToolbarButton::Report);
   QTest::qWait(50);
-  EXPECT_TRUE(dialogs.isEmpty());
+  EXPECT_FALSE(shown);
 }
 
 TEST_F(ReportWindowTest, ASlideLinkBringsTheSlideWindowUpOnItsRecord) {
@@ -166,11 +141,8 @@ TEST_F(ReportWindowTest, ASlideLinkBringsTheSlideWindowUpOnItsRecord) {
   // Another slide of the page: the one slide window, now on that record.
   ClickLink(r, "p3.png");
   FlushDeletes();
-  QList<QWidget*> slides;
-  for (QWidget* w : QApplication::allWidgets())
-    if (w->objectName() == "frmSlide") slides << w;
-  ASSERT_EQ(slides.size(), 1);
-  EXPECT_EQ(qobject_cast<frmSlide*>(slides[0])->Image1->toolTip(), "Slide 3");
+  EXPECT_EQ(std::ranges::count(QApplication::allWidgets(), QString("frmSlide"), &QWidget::objectName), 1);
+  EXPECT_EQ(qobject_cast<frmSlide*>(FindOpenForm("frmSlide"))->Image1->toolTip(), "Slide 3");
   EXPECT_EQ(TheMDIMain().StatusText(), "Slide: 3");
 }
 
@@ -222,7 +194,9 @@ TEST_F(ReportWindowTest, HelpOpensOnTheReportsPage) {
   UnloadHelp();
 
   QApplication::setActiveWindow(&TheMDIMain());
-  Activate(r);
+  QMdiArea& area = *TheMDIMain().MdiArea();  // the user turns to another child, then back
+  for (QMdiSubWindow* w : area.subWindowList()) area.setActiveSubWindow(w);
+  area.setActiveSubWindow(qobject_cast<QMdiSubWindow*>(r.parentWidget()));
   r.WebBrowser1->setFocus();
   QTest::keyClick(r.WebBrowser1, Qt::Key_F1);
   EXPECT_EQ(HelpPage(), "help012.htm");
