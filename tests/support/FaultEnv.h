@@ -5,6 +5,7 @@
 // the file is synced, and a name made, moved or removed in a folder lasts
 // only once that folder is synced. At a crash every step not yet made to last
 // is lost, and an unsynced tail may be kept in part, as a torn write leaves it.
+// Only the calls a save makes see these files; the others are MemoryEnv's.
 
 #include <map>
 #include <memory>
@@ -15,7 +16,7 @@
 
 namespace cb::testing {
 
-class FaultEnv : public Env {
+class FaultEnv : public MemoryEnv {
  public:
   explicit FaultEnv(unsigned seed) : rng_(seed) {}
 
@@ -37,32 +38,21 @@ class FaultEnv : public Env {
   void Restart() {
     names_ = durable_;
     for (auto& [name, node] : names_) {
-      const std::size_t kept = node->synced.size() < node->data.size() && node->data.starts_with(node->synced)
-                                   ? std::uniform_int_distribution<std::size_t>(node->synced.size(), node->data.size())(rng_)
-                                   : node->synced.size();
+      const std::size_t kept =
+          node->synced.size() < node->data.size() && node->data.starts_with(node->synced)
+              ? std::uniform_int_distribution<std::size_t>(node->synced.size(), node->data.size())(rng_)
+              : node->synced.size();
       node->data = node->synced = node->data.substr(0, kept);
     }
     stepsLeft = -1;
   }
 
-  RtError OpenRecords(const std::string& path, std::size_t recordLength, OpenMode mode,
-                      std::unique_ptr<RecordFile>& file) override {
-    auto it = names_.find(path);
-    if (it == names_.end()) {
-      if (mode == OpenMode::Read) return RtError::FileNotFound;
-      it = names_.emplace(path, std::make_shared<Node>()).first;
-    }
-    file = RecordsOver(it->second->data, recordLength);
-    return RtError::None;
-  }
-  std::string EntryName(const std::string& path) override { return path; }
   RtError ReadWhole(const std::string& path, std::string& bytes) override {
     const auto it = names_.find(path);
     if (it == names_.end()) return RtError::FileNotFound;
     bytes = it->second->data;
     return RtError::None;
   }
-  std::string ResolveLinks(const std::string& path) override { return path; }
   RtError NewFileBeside(const std::string& target, unsigned, std::string& name,
                         std::unique_ptr<WritableFile>& file) override {
     if (!Step()) return RtError::DeviceIO;
@@ -86,19 +76,6 @@ class FaultEnv : public Env {
   void Remove(const std::string& path) override {
     if (Step()) names_.erase(path);
   }
-
-  // A save needs none of the folder work; it is refused, so a use shows.
-  RtError MakeDirectory(const std::string&, unsigned) override { return RtError::PathFileAccess; }
-  RtError NewWritableFile(const std::string&, unsigned, std::unique_ptr<WritableFile>&) override {
-    return RtError::PathFileAccess;
-  }
-  RtError CopyFile(const std::string&, const std::string&) override { return RtError::PathFileAccess; }
-  RtError ListDirectory(const std::string&, std::vector<DirEntry>&) override { return RtError::PathFileAccess; }
-  EntryKind KindOf(const std::string&) override { return EntryKind::Missing; }
-  RtError CopyTree(const std::string&, const std::string&) override { return RtError::PathFileAccess; }
-  RtError MakeUniqueDirectory(const std::string&, unsigned, std::string&) override { return RtError::PathFileAccess; }
-  RtError MakeLink(const std::string&, const std::string&) override { return RtError::PathFileAccess; }
-  void RemoveTree(const std::string&) override {}
 
  private:
   struct Node {
