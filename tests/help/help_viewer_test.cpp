@@ -26,7 +26,9 @@ constexpr char kContents[] = "Contents";
 constexpr char kQuickStart[] = "Chattelworks Help - Quick Start";
 constexpr char kFileMenu[] = "Menu Options - (File Menu)";
 
+// F1 in `control` of the active window.
 void F1In(QWidget* control) {
+  QApplication::setActiveWindow(control->window());
   control->setFocus();
   QTest::keyClick(control, Qt::Key_F1);
 }
@@ -129,7 +131,6 @@ TEST_F(HelpViewerTest, AnOpenViewerComesForwardAndKeepsItsPage) {
   EXPECT_EQ(Title(), kContents);
   EXPECT_EQ(Viewer().History().Stack().TotalItems(), 2);
   EXPECT_EQ(TheMDIMain().MdiArea()->activeSubWindow(), Frame());
-  QApplication::setActiveWindow(&TheMDIMain());
   F1In(Viewer().WebBrowser1);  // its own F1 asks for the quick start, and it keeps its page too
   EXPECT_EQ(HelpPage(), "help002.htm");
   EXPECT_EQ(Title(), kContents);
@@ -170,7 +171,6 @@ template <class Dialog, class... Args>
 QWidget* Show(std::unique_ptr<QWidget>& keep, Args... args) {
   keep = std::make_unique<Dialog>(args...);
   keep->show();
-  QApplication::setActiveWindow(keep.get());
   return keep.get();
 }
 
@@ -179,22 +179,13 @@ const Routine kRoutines[] = {
      [](QWidget* w) { F1In(static_cast<frmLogin*>(w)->txtConfirmPassword); }, "help004.htm", true},
     {"remove_slide_f1", [](auto& k) { return Show<dlgRemoveSlide>(k); },
      [](QWidget* w) { F1In(static_cast<dlgRemoveSlide*>(w)->cmdOK); }, "help002.htm", true},
-    {"gallery_f1", [](auto&) -> QWidget* { return TheMDIMain().fGallery(); },
-     [](QWidget* w) {
-       QApplication::setActiveWindow(&TheMDIMain());
-       F1In(w);
-     },
-     "help011.htm", false},
+    {"gallery_f1", [](auto&) -> QWidget* { return TheMDIMain().fGallery(); }, F1In, "help011.htm", false},
     {"gallery_popup_help", [](auto&) -> QWidget* { return TheMDIMain().fGallery(); },
      [](QWidget*) { TheMDIMain().fGallery()->Item(MenuId::Popup4Help)->trigger(); }, "help011.htm", false},
     {"wallpaper_popup_help", [](auto&) -> QWidget* { return &TheMDIMain(); },
      [](QWidget*) { TheMDIMain().Item(MenuId::Popup2Help)->trigger(); }, "help002.htm", false},
     {"gallery_help_contents", [](auto&) -> QWidget* { return &TheMDIMain(); },
-     [](QWidget*) {
-       TheMDIMain().fGallery()->Item(MenuId::HelpContents)->trigger();
-       QCoreApplication::processEvents();  // the command runs once the menu is done
-     },
-     "help001.htm", false},
+     [](QWidget*) { TheMDIMain().fGallery()->Item(MenuId::HelpContents)->trigger(); }, "help001.htm", false},
 };
 
 class HelpRoutineTest : public HelpViewerTest, public ::testing::WithParamInterface<Routine> {};
@@ -204,6 +195,7 @@ TEST_P(HelpRoutineTest, OpensTheWindowsPageAndClosesOnlyDialogs) {
   QWidget* window = GetParam().open(keep);
   ASSERT_EQ(HelpViewer(), nullptr);
   GetParam().ask(window);
+  QCoreApplication::processEvents();  // a menu's command runs once the menu is done
   EXPECT_EQ(Viewer().Shown(), Page(GetParam().page));
   EXPECT_TRUE(Viewer().isVisible());
   EXPECT_EQ(window->isVisible(), !GetParam().closes);
