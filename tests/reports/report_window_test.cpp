@@ -12,8 +12,8 @@
 #include <QRadioButton>
 #include <QScrollBar>
 #include <QTest>
-#include <QTextBlock>
 #include <QTextBrowser>
+#include <QTextCursor>
 
 #include "dialogs/HelpRoutine.h"
 #include "help/frmHelp.h"
@@ -64,16 +64,10 @@ class ReportWindowTest : public testing::GalleryFixture {
   // A left click on the link whose href ends in "?" + key.
   static void ClickLink(frmReport& r, const QString& key) {
     QTextBrowser& b = *r.WebBrowser1;
-    for (QTextBlock block = b.document()->begin(); block.isValid(); block = block.next())
-      for (auto it = block.begin(); !it.atEnd(); ++it) {
-        const QTextFragment f = it.fragment();
-        if (!f.charFormat().isAnchor() || !f.charFormat().anchorHref().endsWith("?" + key)) continue;
-        QTextCursor c(b.document());
-        c.setPosition(f.position() + 1);
-        QTest::mouseClick(b.viewport(), Qt::LeftButton, {}, b.cursorRect(c).center());
-        return;
-      }
-    ADD_FAILURE() << "no link to " << key.toStdString();
+    QTextCursor c(b.document());  // its format is that of the character before it
+    while (c.atBlockStart() || !(c.charFormat().isAnchor() && c.charFormat().anchorHref().endsWith("?" + key)))
+      ASSERT_TRUE(c.movePosition(QTextCursor::NextCharacter)) << "no link to " << key.toStdString();
+    QTest::mouseClick(b.viewport(), Qt::LeftButton, {}, b.cursorRect(c).center());
   }
 
   // The file name of the page on show.
@@ -148,32 +142,31 @@ TEST_F(ReportWindowTest, ASlideLinkBringsTheSlideWindowUpOnItsRecord) {
 
 TEST_F(ReportWindowTest, PreviousAndNextWalkTheHistoryThatLinksRecord) {
   frmReport& r = OpenReport();
-  ClickLink(r, "Lounge");  // Report 2.htm, recorded
-  r.Previous_Click();
-  EXPECT_EQ(Shown(r), "Report1.htm");
-  EXPECT_FALSE(r.PreviousButton->isEnabled());
-  EXPECT_TRUE(r.NextButton->isEnabled());
-
-  // The first link after Previous is shown but not recorded.
-  ClickLink(r, "Study");
-  EXPECT_EQ(Shown(r), "Report 3.htm");
-  EXPECT_TRUE(r.PreviousButton->isEnabled());
-  EXPECT_TRUE(r.NextButton->isEnabled());
-
-  r.Next_Click();  // leads to the first sub-report
-  EXPECT_EQ(Shown(r), "Report 2.htm");
-  EXPECT_FALSE(r.NextButton->isEnabled());
-  EXPECT_TRUE(r.PreviousButton->isEnabled());
-
-  // After a slide the page shown is the last one written, not the one left by Next;
-  // that first link is not recorded either, the second one is.
-  ClickLink(r, "p1.png");
-  EXPECT_EQ(Shown(r), "Report 3.htm");
-  EXPECT_EQ(r.Stack().TotalItems(), 2);
-  ClickLink(r, "p3.png");
-  EXPECT_EQ(r.Stack().TotalItems(), 3);
-  EXPECT_EQ(r.Stack().CurrentItem(), 3);
-  EXPECT_FALSE(r.NextButton->isEnabled());
+  const auto click = [&r](const char* key) { return [&r, key] { ClickLink(r, key); }; };
+  const struct {
+    std::function<void()> act;
+    const char* shown;
+    bool previous, next;
+    int current, total;
+  } steps[] = {
+      {click("Lounge"), "Report 2.htm", true, false, 2, 2},
+      {[&r] { r.Previous_Click(); }, "Report1.htm", false, true, 1, 2},
+      {click("Study"), "Report 3.htm", true, true, 1, 2},  // the first link after Previous is not recorded
+      {[&r] { r.Next_Click(); }, "Report 2.htm", true, false, 2, 2},
+      // After a slide the page shown is the last one written, not the one left by Next;
+      // that first link is not recorded either, the second one is.
+      {click("p1.png"), "Report 3.htm", true, false, 2, 2},
+      {click("p3.png"), "Report 3.htm", true, false, 3, 3},
+  };
+  for (const auto& s : steps) {
+    SCOPED_TRACE(&s - steps);
+    s.act();
+    EXPECT_EQ(Shown(r), s.shown);
+    EXPECT_EQ(r.PreviousButton->isEnabled(), s.previous);
+    EXPECT_EQ(r.NextButton->isEnabled(), s.next);
+    EXPECT_EQ(r.Stack().CurrentItem(), s.current);
+    EXPECT_EQ(r.Stack().TotalItems(), s.total);
+  }
 }
 
 TEST_F(ReportWindowTest, AReportThatCannotBeWrittenClosesTheViewerSilently) {
