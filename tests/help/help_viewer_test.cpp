@@ -44,11 +44,7 @@ class HelpViewerTest : public testing::GalleryFixture {
     Start(0);
   }
 
-  frmHelp& Viewer() {
-    frmHelp* viewer = HelpViewer();
-    if (!viewer) throw std::runtime_error("no help viewer");
-    return *viewer;
-  }
+  frmHelp& Viewer() { return HelpViewer() ? *HelpViewer() : throw std::runtime_error("no help viewer"); }
   QString Title() { return Viewer().WebBrowser1->documentTitle(); }
   std::string Page(const std::string& file) { return app / ("Help/" + file); }
   QMdiSubWindow* Frame() { return qobject_cast<QMdiSubWindow*>(Viewer().parentWidget()); }

@@ -53,8 +53,7 @@ class ReportWindowTest : public testing::GalleryFixture {
   // The viewer open, as the chooser's OK makes it.
   frmReport& Viewer() {
     auto* r = qobject_cast<frmReport*>(FindOpenForm("frmReport"));
-    if (!r) throw std::runtime_error("no report viewer");
-    return *r;
+    return r ? *r : throw std::runtime_error("no report viewer");
   }
   frmReport& OpenReport() {
     TheMDIMain().OpenReport(ReportKind::ByLocation, "Arial");
@@ -222,23 +221,18 @@ TEST_F(ReportWindowTest, APageThatFitsItsViewHasNoHorizontalScrollBar) {
 }
 
 TEST_F(ReportWindowTest, TheFirstOptionIsCaptionedByTemplate) {
-  struct Row {
-    std::int32_t slideTemplate;
-    const char* caption;
-    std::int32_t after;
-  };
-  const Row rows[] = {{1, "Report By Location", 1},
-                      {2, "Report By Suburb", 2},
-                      {3, "Report By Year", 3},
-                      {0, "Report By Location", 1},
-                      {9, "Report By Location", 1}};
-  for (const Row& row : rows) {
-    Mc().SlideTemplate(row.slideTemplate);
+  const std::tuple<int, const char*, int> rows[] = {{1, "Report By Location", 1},
+                                                    {2, "Report By Suburb", 2},
+                                                    {3, "Report By Year", 3},
+                                                    {0, "Report By Location", 1},
+                                                    {9, "Report By Location", 1}};
+  for (const auto& [slideTemplate, caption, after] : rows) {
+    Mc().SlideTemplate(slideTemplate);
     frmSelectReport dialog;
-    EXPECT_EQ(dialog.optLocation->text(), row.caption) << row.slideTemplate;
+    EXPECT_EQ(dialog.optLocation->text(), caption) << slideTemplate;
     EXPECT_TRUE(dialog.optLocation->isChecked());
     EXPECT_EQ(dialog.optCategory->text(), "Report By Category");
-    EXPECT_EQ(Mc().SlideTemplate(), row.after);
+    EXPECT_EQ(Mc().SlideTemplate(), after);
   }
   EXPECT_EQ(StoredFont(), "");  // the correction stays in memory
 }
@@ -286,28 +280,21 @@ TEST_F(ReportWindowTest, PrintWritesAPdfOrSaysWhyNot) {
                            "report and selecting the 'Print' option."));
 }
 
-struct LocaleRow {
-  const char* name;
-  const char* separator;
-  const char* point;
-  const char* currency;
-  const char* date;  // of 1 February 2003, 16:05:06
-};
-
 TEST(SystemLocale, SeparatorPointCurrencyAndDateComeFromTheLocale) {
-  const LocaleRow rows[] = {
+  const std::array<const char*, 5> rows[] = {
       {"en_US", ",", ".", "$", "2/1/03 4:05:06 PM"},
       {"de_DE", ".", ",", "\x80", "01.02.03 16:05:06"},
       {"fr_FR", "\xA0", ",", "\x80", "01/02/2003 16:05:06"},  // a narrow blank groups digits: the no-break space
   };
   const QDateTime when(QDate(2003, 2, 1), QTime(16, 5, 6));
-  for (const auto& row : rows) {
-    const QLocale locale(row.name);
+  for (const auto& [name, separator, point, currency, date] : rows) {
+    SCOPED_TRACE(name);
+    const QLocale locale(name);
     const ReportLocale l = ReportLocaleOf(locale);
-    EXPECT_EQ(l.thousandsSeparator, row.separator) << row.name;
-    EXPECT_EQ(l.decimalPoint, row.point) << row.name;
-    EXPECT_EQ(l.currencySymbol, row.currency) << row.name;
-    EXPECT_EQ(GeneralDateFileText(locale, when), row.date) << row.name;
+    EXPECT_EQ(l.thousandsSeparator, separator);
+    EXPECT_EQ(l.decimalPoint, point);
+    EXPECT_EQ(l.currencySymbol, currency);
+    EXPECT_EQ(GeneralDateFileText(locale, when), date);
   }
 }
 

@@ -61,16 +61,8 @@ TEST(FontFallbacks, EveryOfferedFontEndsInAFontDebianAlwaysHas) {
   EXPECT_TRUE(FontFallbacks("Comic Sans MS").empty());
 }
 
-struct WBStep {
-  std::int32_t operation;
-  const char* fileName;
-  const char* result;
-  std::int32_t current;
-  std::int32_t total;
-};
-
 TEST(WBStack, BackForwardAndPushDropsTheForwardHistory) {
-  const WBStep steps[] = {
+  const std::tuple<int, const char*, const char*, int, int> steps[] = {
       {2, "", "", 0, 0},   {1, "", "", 0, 0},    // an empty start changes nothing
       {1, "a", "a", 1, 1}, {3, "a", "a", 2, 2},  // the viewer pushes its first page once more
       {3, "b", "b", 3, 3}, {3, "", "", 3, 3},   {2, "", "a", 2, 3},
@@ -80,11 +72,11 @@ TEST(WBStack, BackForwardAndPushDropsTheForwardHistory) {
       {1, "z", "z", 1, 1}, {9, "q", "z", 1, 1},
   };
   WBStack stack;
-  for (const auto& s : steps) {
-    SCOPED_TRACE(std::to_string(s.operation) + " " + s.fileName);
-    EXPECT_EQ(stack.GetStackFile(s.operation, s.fileName), s.result);
-    EXPECT_EQ(stack.CurrentItem(), s.current);
-    EXPECT_EQ(stack.TotalItems(), s.total);
+  for (const auto& [operation, fileName, result, current, total] : steps) {
+    SCOPED_TRACE(std::to_string(operation) + " " + fileName);
+    EXPECT_EQ(stack.GetStackFile(operation, fileName), result);
+    EXPECT_EQ(stack.CurrentItem(), current);
+    EXPECT_EQ(stack.TotalItems(), total);
   }
   EXPECT_EQ(stack.FileName(), "");
 }
