@@ -60,26 +60,22 @@ TEST_F(WhatNoteTest, SizeAndPlaceComeFromTheCallerInTwips) {
 
 // Each way the note goes; a click elsewhere still does its own work.
 TEST_F(WhatNoteTest, GoesAtAClickOrWhenItLosesTheFocus) {
-  const struct {
-    const char* name;
-    std::function<void(WhatNoteTest&)> act;
-    int clicks;
-  } ways[] = {
-      {"click on the note", [](WhatNoteTest& t) { QTest::mouseClick(t.note->lblWhat, Qt::LeftButton); }, 0},
-      {"click elsewhere", [](WhatNoteTest& t) { QTest::mouseClick(t.button, Qt::LeftButton); }, 1},
-      {"focus lost", [](WhatNoteTest& t) { QApplication::setActiveWindow(&t.window); }, 0},
+  const std::tuple<const char*, std::function<void()>, int> ways[] = {
+      {"click on the note", [this] { QTest::mouseClick(note->lblWhat, Qt::LeftButton); }, 0},
+      {"click elsewhere", [this] { QTest::mouseClick(button, Qt::LeftButton); }, 1},
+      {"focus lost", [this] { QApplication::setActiveWindow(&window); }, 0},
   };
-  for (const auto& w : ways) {
-    SCOPED_TRACE(w.name);
+  for (const auto& [name, act, clicksAfter] : ways) {
+    SCOPED_TRACE(name);
     clicks = 0;
     delete note.data();
     note = ShowWhat(1300, 3900, "Expanded version of a gallery slide. ");
     QCoreApplication::processEvents();
     QTest::mouseMove(note->lblWhat);  // the mouse moving over it changes nothing
     EXPECT_FALSE(Gone());
-    w.act(*this);
+    act();
     EXPECT_TRUE(Gone());
-    EXPECT_EQ(clicks, w.clicks);
+    EXPECT_EQ(clicks, clicksAfter);
   }
 }
 

@@ -67,35 +67,27 @@ class HelpViewerTest : public testing::GalleryFixture {
   }
 };
 
-struct Step {
-  const char* what;
-  std::function<void(HelpViewerTest&)> act;
-  const char* title;
-  int current, total;
-  bool previous, next;
-};
-
 TEST_F(HelpViewerTest, HistoryRecordsEveryNavigationButTheToolbars) {
-  const Step steps[] = {
-      {"contents", [](auto&) { TheMDIMain().Item(MenuId::HelpContents)->trigger(); }, kContents, 2, 2, false, false},
-      {"link by keyboard", [](auto& t) { t.TabToFirstLinkAndEnter(); }, kQuickStart, 3, 3, true, false},
-      {"previous", [](auto& t) { t.Viewer().cmdPrevious->trigger(); }, kContents, 2, 3, true, true},
-      {"previous to the load's own entry", [](auto& t) { t.Viewer().cmdPrevious->trigger(); }, kContents, 1, 3, false,
-       true},
-      {"next", [](auto& t) { t.Viewer().cmdNext->trigger(); }, kContents, 2, 3, true, true},
-      {"next to the end", [](auto& t) { t.Viewer().cmdNext->trigger(); }, kQuickStart, 3, 3, true, false},
-      {"previous again", [](auto& t) { t.Viewer().cmdPrevious->trigger(); }, kContents, 2, 3, true, true},
-      {"link by mouse drops the forward page", [](auto& t) { t.ClickLink("Menu Options"); }, kFileMenu, 3, 3, true,
-       false},
+  const auto back = [this] { Viewer().cmdPrevious->trigger(); };
+  const auto forward = [this] { Viewer().cmdNext->trigger(); };
+  const std::tuple<const char*, std::function<void()>, const char*, int, int, bool, bool> steps[] = {
+      {"contents", [] { TheMDIMain().Item(MenuId::HelpContents)->trigger(); }, kContents, 2, 2, false, false},
+      {"link by keyboard", [this] { TabToFirstLinkAndEnter(); }, kQuickStart, 3, 3, true, false},
+      {"previous", back, kContents, 2, 3, true, true},
+      {"previous to the load's own entry", back, kContents, 1, 3, false, true},
+      {"next", forward, kContents, 2, 3, true, true},
+      {"next to the end", forward, kQuickStart, 3, 3, true, false},
+      {"previous again", back, kContents, 2, 3, true, true},
+      {"link by mouse drops the forward page", [this] { ClickLink("Menu Options"); }, kFileMenu, 3, 3, true, false},
   };
-  for (const Step& s : steps) {
-    SCOPED_TRACE(s.what);
-    s.act(*this);
-    EXPECT_EQ(Title(), s.title);
-    EXPECT_EQ(Viewer().History().Stack().CurrentItem(), s.current);
-    EXPECT_EQ(Viewer().History().Stack().TotalItems(), s.total);
-    EXPECT_EQ(Viewer().cmdPrevious->isEnabled(), s.previous);
-    EXPECT_EQ(Viewer().cmdNext->isEnabled(), s.next);
+  for (const auto& [what, act, title, current, total, previous, next] : steps) {
+    SCOPED_TRACE(what);
+    act();
+    EXPECT_EQ(Title(), title);
+    EXPECT_EQ(Viewer().History().Stack().CurrentItem(), current);
+    EXPECT_EQ(Viewer().History().Stack().TotalItems(), total);
+    EXPECT_EQ(Viewer().cmdPrevious->isEnabled(), previous);
+    EXPECT_EQ(Viewer().cmdNext->isEnabled(), next);
   }
 }
 

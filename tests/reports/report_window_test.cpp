@@ -142,12 +142,7 @@ TEST_F(ReportWindowTest, ASlideLinkBringsTheSlideWindowUpOnItsRecord) {
 TEST_F(ReportWindowTest, PreviousAndNextWalkTheHistoryThatLinksRecord) {
   frmReport& r = OpenReport();
   const auto click = [&r](const char* key) { return [&r, key] { ClickLink(r, key); }; };
-  const struct {
-    std::function<void()> act;
-    const char* shown;
-    bool previous, next;
-    int current, total;
-  } steps[] = {
+  const std::tuple<std::function<void()>, const char*, bool, bool, int, int> steps[] = {
       {click("Lounge"), "Report 2.htm", true, false, 2, 2},
       {[&r] { r.Previous_Click(); }, "Report1.htm", false, true, 1, 2},
       {click("Study"), "Report 3.htm", true, true, 1, 2},  // the first link after Previous is not recorded
@@ -157,14 +152,15 @@ TEST_F(ReportWindowTest, PreviousAndNextWalkTheHistoryThatLinksRecord) {
       {click("p1.png"), "Report 3.htm", true, false, 2, 2},
       {click("p3.png"), "Report 3.htm", true, false, 3, 3},
   };
-  for (const auto& s : steps) {
-    SCOPED_TRACE(&s - steps);
-    s.act();
-    EXPECT_EQ(Shown(r), s.shown);
-    EXPECT_EQ(r.PreviousButton->isEnabled(), s.previous);
-    EXPECT_EQ(r.NextButton->isEnabled(), s.next);
-    EXPECT_EQ(r.Stack().CurrentItem(), s.current);
-    EXPECT_EQ(r.Stack().TotalItems(), s.total);
+  int step = 0;
+  for (const auto& [act, shown, previous, next, current, total] : steps) {
+    SCOPED_TRACE(++step);
+    act();
+    EXPECT_EQ(Shown(r), shown);
+    EXPECT_EQ(r.PreviousButton->isEnabled(), previous);
+    EXPECT_EQ(r.NextButton->isEnabled(), next);
+    EXPECT_EQ(r.Stack().CurrentItem(), current);
+    EXPECT_EQ(r.Stack().TotalItems(), total);
   }
 }
 
