@@ -31,7 +31,6 @@ SlideArray ParseSlideTable(const std::string& text) {
   std::istringstream in(text);
   std::string line, cell;
   while (std::getline(in, line)) {
-    if (!line.empty() && line.back() == '\r') line.pop_back();
     if (line.empty() || line[0] == '#') continue;
     SlideRecord r;
     for (Field f : {Field::Spare, Field::Make, Field::Model}) r.Set(f, "");

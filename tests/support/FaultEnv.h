@@ -20,12 +20,9 @@ class FaultEnv : public MemoryEnv {
  public:
   explicit FaultEnv(unsigned seed) : rng_(seed) {}
 
-  // The power fails once this many more steps have run; -1 never.
-  int stepsLeft = -1;
-  // Whether Rename syncs the folder after the move, as the disk's does.
-  bool renameSyncsFolder = true;
-  // Whether Sync of a file reaches the disk.
-  bool fileSyncWorks = true;
+  int stepsLeft = -1;             // the power fails once this many more steps have run; -1 never
+  bool renameSyncsFolder = true;  // whether Rename syncs the folder after the move, as the disk's does
+  bool fileSyncWorks = true;      // whether Sync of a file reaches the disk
 
   // Writes `path` and makes it last, as a file that was there before.
   void Lasting(const std::string& path, const std::string& bytes) {
@@ -82,8 +79,7 @@ class FaultEnv : public MemoryEnv {
     std::string data, synced;
   };
 
-  class File : public WritableFile {
-   public:
+  struct File : WritableFile {
     File(FaultEnv& env, std::shared_ptr<Node> node) : env_(env), node_(std::move(node)) {}
     RtError Append(std::string_view bytes) override {
       if (!env_.Step()) return RtError::DeviceIO;
@@ -96,8 +92,6 @@ class FaultEnv : public MemoryEnv {
       return RtError::None;
     }
     RtError Close() override { return env_.Step() ? RtError::None : RtError::DeviceIO; }
-
-   private:
     FaultEnv& env_;
     std::shared_ptr<Node> node_;
   };
