@@ -78,7 +78,7 @@ TEST_F(HelpViewerTest, HistoryRecordsEveryNavigationButTheToolbars) {
       {"next", forward, kContents, 2, 3, true, true},
       {"next to the end", forward, kQuickStart, 3, 3, true, false},
       {"previous again", back, kContents, 2, 3, true, true},
-      {"link by mouse drops the forward page", [this] { ClickLink("Menu Options"); }, kFileMenu, 3, 3, true, false},
+      {"mouse link drops forward", [this] { ClickLink("Menu Options"); }, kFileMenu, 3, 3, true, false},
   };
   for (const auto& [what, act, title, current, total, previous, next] : steps) {
     SCOPED_TRACE(what);

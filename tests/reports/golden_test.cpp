@@ -35,10 +35,7 @@ SlideArray ParseSlideTable(const std::string& text) {
     SlideRecord r;
     for (Field f : {Field::Spare, Field::Make, Field::Model}) r.Set(f, "");
     std::istringstream cells(line);
-    for (Field f : kColumns) {
-      std::getline(cells, cell, '|');  // empty once the line runs out
-      r.Set(f, cell);
-    }
+    for (Field f : kColumns) r.Set(f, std::getline(cells, cell, '|') ? cell : "");
     slides.push_back(r);
   }
   return slides;
@@ -101,7 +98,8 @@ TEST_P(GoldenPage, WritesThePageByteForByte) {
   // A sub-report follows its summary, as a click on the summary page does.
   const bool category = c["report"].ends_with("category"), sub = c["report"].starts_with("sub-");
   ASSERT_TRUE(category ? r.CreateReportByCategory() : r.CreateReportByLocation());
-  ASSERT_TRUE(!sub || (category ? r.CreateSubReportByCategory(c["key"]) : r.CreateSubReportByLocation(c["key"])));
+  const std::string& key = c["key"];
+  ASSERT_TRUE(!sub || (category ? r.CreateSubReportByCategory(key) : r.CreateSubReportByLocation(key)));
   const std::string page = Page(sub ? "Report 2.htm" : "Report1.htm");
   if (std::getenv("CHATTELBOOK_UPDATE_GOLDEN")) WriteFile(dir + "/page.htm", page);
   EXPECT_EQ(page, ReadFile(dir + "/page.htm"));

@@ -43,9 +43,9 @@ class ReportWindowTest : public testing::GalleryFixture {
                                                {"Electrical", "Study", "20"}};
     Start(5);
     Mc().SlideTemplate(1);
+    constexpr Field kFields[] = {Field::Category, Field::Location, Field::Value};
     for (std::size_t i = 1; i <= 5; ++i)
-      for (std::size_t c = 0; c < 3; ++c)
-        Globals().Slides[i].Set(std::array{Field::Category, Field::Location, Field::Value}[c], kRows[i - 1][c]);
+      for (std::size_t c = 0; c < 3; ++c) Globals().Slides[i].Set(kFields[c], kRows[i - 1][c]);
     ErrorArray errors;
     ASSERT_TRUE(Report(Mc().SaveSettings(), errors));
   }
