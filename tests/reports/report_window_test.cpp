@@ -95,25 +95,6 @@ class ReportWindowTest : public testing::GalleryFixture {
   }
 };
 
-TEST_F(ReportWindowTest, ReportThenOkShowsTheSummaryAndBlocksASecondViewer) {
-  WhenModal<frmSelectReport>([](frmSelectReport* d) { d->cmdOK->click(); });
-  TheMDIMain().Toolbar1_ButtonClick(ToolbarButton::Report);
-  frmReport& r = Viewer();
-  EXPECT_EQ(Shown(r), "Report1.htm");
-  EXPECT_EQ(r.WebBrowser1->documentTitle(), "Report By Location");
-  EXPECT_FALSE(r.PreviousButton->isEnabled());
-
-  // A click that reaches the handler while the viewer is open does nothing.
-  bool shown = false;
-  WhenModal<QDialog>([&shown](QDialog* d) {
-    shown = true;
-    d->reject();
-  });
-  TheMDIMain().Toolbar1_ButtonClick(ToolbarButton::Report);
-  QTest::qWait(50);
-  EXPECT_FALSE(shown);
-}
-
 TEST_F(ReportWindowTest, ASlideLinkBringsTheSlideWindowUpOnItsRecord) {
   frmReport& r = OpenReport();
   ClickLink(r, "Study");
@@ -230,7 +211,9 @@ TEST_F(ReportWindowTest, TheFirstOptionIsCaptionedByTemplate) {
   EXPECT_EQ(StoredFont(), "");  // the correction stays in memory
 }
 
-TEST_F(ReportWindowTest, APickedFontIsSavedInTheFileATypedOneServesOneReport) {
+// A picked font is kept in the file, a typed one serves one report; while
+// the viewer is open Report does nothing.
+TEST_F(ReportWindowTest, ReportThenOkShowsTheChosenReportAndBlocksASecondViewer) {
   Mc().ReportFont("");
   {
     frmSelectReport dialog;
@@ -241,18 +224,29 @@ TEST_F(ReportWindowTest, APickedFontIsSavedInTheFileATypedOneServesOneReport) {
   }
   EXPECT_EQ(StoredFont(), "Courier New");
 
-  WhenModal([](QWidget* w) {
-    auto* dialog = qobject_cast<frmSelectReport*>(w);
-    ASSERT_NE(dialog, nullptr);
+  WhenModal<frmSelectReport>([](frmSelectReport* dialog) {
     EXPECT_EQ(dialog->cboFont->currentText(), "Courier New");
     dialog->optCategory->setChecked(true);
     dialog->cboFont->setEditText("Comic Sans MS");
     dialog->cmdOK->click();
   });
   TheMDIMain().Toolbar1_ButtonClick(ToolbarButton::Report);
-  EXPECT_EQ(Viewer().WebBrowser1->documentTitle(), "Report By Category");
+  frmReport& r = Viewer();
+  EXPECT_EQ(Shown(r), "Report1.htm");
+  EXPECT_EQ(r.WebBrowser1->documentTitle(), "Report By Category");
+  EXPECT_FALSE(r.PreviousButton->isEnabled());
   EXPECT_NE(ReadFile(app / "Reports/Report1.htm").find("face='Comic Sans MS'"), std::string::npos);
   EXPECT_EQ(StoredFont(), "Courier New");
+
+  // A click that reaches the handler while the viewer is open does nothing.
+  bool shown = false;
+  WhenModal<QDialog>([&shown](QDialog* d) {
+    shown = true;
+    d->reject();
+  });
+  TheMDIMain().Toolbar1_ButtonClick(ToolbarButton::Report);
+  QTest::qWait(50);
+  EXPECT_FALSE(shown);
 }
 
 // To a PDF file, then to a folder that is not there: the failure says why and what else to try.
