@@ -91,8 +91,9 @@ TEST_F(HelpViewerTest, HistoryRecordsEveryNavigationButTheToolbars) {
   }
 }
 
-// Tiling shares the client area among the other children; the viewer keeps all of it.
-TEST_F(HelpViewerTest, OpensOverTheWholeClientAreaOnTopAndKeepsItWhenTiling) {
+// Tiling shares the client area among the other children; the viewer keeps all
+// of it. Open, it comes forward at a window's help on the page it shows.
+TEST_F(HelpViewerTest, KeepsTheWholeClientAreaOnTopAndItsPageUntilClosed) {
   auto* other = TheMDIMain().MdiArea()->addSubWindow(new QWidget);
   other->show();
   TheMDIMain().Button(ToolbarButton::Help)->trigger();
@@ -109,10 +110,7 @@ TEST_F(HelpViewerTest, OpensOverTheWholeClientAreaOnTopAndKeepsItWhenTiling) {
     EXPECT_EQ(a.united(b), client);
     EXPECT_EQ(a.top() == b.top(), sideBySide);
   }
-}
 
-TEST_F(HelpViewerTest, AnOpenViewerComesForwardAndKeepsItsPage) {
-  TheMDIMain().Item(MenuId::HelpContents)->trigger();
   TheMDIMain().MdiArea()->setActiveSubWindow(qobject_cast<QMdiSubWindow*>(Gallery().parentWidget()));
   ShowHelp(Gallery());  // the gallery's F1
   EXPECT_EQ(HelpPage(), "help011.htm");

@@ -95,29 +95,7 @@ class ReportWindowTest : public testing::GalleryFixture {
   }
 };
 
-TEST_F(ReportWindowTest, ASlideLinkBringsTheSlideWindowUpOnItsRecord) {
-  frmReport& r = OpenReport();
-  ClickLink(r, "Study");
-  ClickLink(r, "p5.png");
-  auto* slide = qobject_cast<frmSlide*>(FindOpenForm("frmSlide"));
-  ASSERT_NE(slide, nullptr);
-  EXPECT_EQ(slide->Image1->toolTip(), "Slide 5");
-  EXPECT_EQ(TheMDIMain().StatusText(), "Slide: 5");
-  // The sub-report stands again behind the slide and in the history.
-  EXPECT_EQ(Shown(r), "Report 2.htm");
-  EXPECT_EQ(r.Stack().TotalItems(), 3);
-  r.Previous_Click();
-  EXPECT_EQ(Shown(r), "Report 2.htm");
-
-  // Another slide of the page: the one slide window, now on that record.
-  ClickLink(r, "p3.png");
-  FlushDeletes();
-  EXPECT_EQ(std::ranges::count(QApplication::allWidgets(), QString("frmSlide"), &QWidget::objectName), 1);
-  EXPECT_EQ(qobject_cast<frmSlide*>(FindOpenForm("frmSlide"))->Image1->toolTip(), "Slide 3");
-  EXPECT_EQ(TheMDIMain().StatusText(), "Slide: 3");
-}
-
-TEST_F(ReportWindowTest, PreviousAndNextWalkTheHistoryThatLinksRecord) {
+TEST_F(ReportWindowTest, LinksPreviousAndNextWalkTheHistoryAndBringUpSlides) {
   frmReport& r = OpenReport();
   const auto click = [&r](const char* key) { return [&r, key] { ClickLink(r, key); }; };
   const std::tuple<std::function<void()>, const char*, bool, bool, int, int> steps[] = {
@@ -129,6 +107,7 @@ TEST_F(ReportWindowTest, PreviousAndNextWalkTheHistoryThatLinksRecord) {
       // that first link is not recorded either, the second one is.
       {click("p1.png"), "Report 3.htm", true, false, 2, 2},
       {click("p3.png"), "Report 3.htm", true, false, 3, 3},
+      {[&r] { r.Previous_Click(); }, "Report 2.htm", true, true, 2, 3},
   };
   int step = 0;
   for (const auto& [act, shown, previous, next, current, total] : steps) {
@@ -140,6 +119,11 @@ TEST_F(ReportWindowTest, PreviousAndNextWalkTheHistoryThatLinksRecord) {
     EXPECT_EQ(r.Stack().CurrentItem(), current);
     EXPECT_EQ(r.Stack().TotalItems(), total);
   }
+  // Each slide link brings the one slide window up afresh on its record.
+  FlushDeletes();
+  EXPECT_EQ(std::ranges::count(QApplication::allWidgets(), QString("frmSlide"), &QWidget::objectName), 1);
+  EXPECT_EQ(qobject_cast<frmSlide*>(FindOpenForm("frmSlide"))->Image1->toolTip(), "Slide 3");
+  EXPECT_EQ(TheMDIMain().StatusText(), "Slide: 3");
 }
 
 TEST_F(ReportWindowTest, AReportThatCannotBeWrittenClosesTheViewerSilently) {
