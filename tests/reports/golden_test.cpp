@@ -60,9 +60,9 @@ std::vector<std::string> Cases() {
 
 // A report controller over g.Slides in a temporary installation, with the
 // open file and the date every golden page shows.
-class ReportFixture : public ::testing::Test {
+class ReportController : public ::testing::Test {
  protected:
-  ReportFixture() {
+  ReportController() {
     mc = std::make_unique<UIMainController>(app.str(), settings, g);
     mc->SlideInformationFilePath("/home/ann/Chattelbook/Files/Household.sif");
     mc->SlideTemplate(1);
@@ -86,7 +86,7 @@ class ReportFixture : public ::testing::Test {
   std::unique_ptr<UIReportController> reports;
 };
 
-class GoldenPage : public ReportFixture, public ::testing::WithParamInterface<std::string> {};
+class GoldenPage : public ReportController, public ::testing::WithParamInterface<std::string> {};
 
 TEST_P(GoldenPage, WritesThePageByteForByte) {
   const std::string dir = std::string(GOLDEN) + "/" + GetParam();
@@ -107,18 +107,10 @@ TEST_P(GoldenPage, WritesThePageByteForByte) {
 
 INSTANTIATE_TEST_SUITE_P(Cases, GoldenPage, ::testing::ValuesIn(Cases()), [](const auto& row) { return row.param; });
 
-class ReportController : public ReportFixture {
- protected:
-  void SetUp() override {
-    g.Slides = ParseSlideTable(
-        "sofa.jpg|Sofa|Furniture|Lounge||1500\n"
-        "tv.jpg|TV|Electrical|Lounge||900\n"
-        "bed.jpg|Bed|Furniture|Bedroom||700\n"
-        "sofa.jpg|Old sofa|Furniture|Garage||50\n");
-  }
-};
-
 TEST_F(ReportController, DrillDownFilesAreNumberedFromTwoAfterEachSummary) {
+  g.Slides = ParseSlideTable(
+      "sofa.jpg|Sofa|Furniture|Lounge||1500\ntv.jpg|TV|Electrical|Lounge||900\n"
+      "bed.jpg|Bed|Furniture|Bedroom||700\nsofa.jpg|Old sofa|Furniture|Garage||50\n");
   UIReportController& r = Controller();
   ASSERT_TRUE(r.CreateReportByCategory());
   EXPECT_EQ(r.ReportStack(StackOp::CurrentName, ""), "Report 1.htm");
