@@ -49,17 +49,16 @@ class WhatNoteTest : public ::testing::Test {
   QPointer<dlgWhat> note;
 };
 
-TEST_F(WhatNoteTest, SizeAndPlaceComeFromTheCallerInTwips) {
+// A note opens where and as large as its caller says, in twips, and goes at a
+// click or when it loses the focus; a click elsewhere still does its own work.
+TEST_F(WhatNoteTest, OpensAsTheCallerSaysAndGoesAtAClickOrWhenItLosesTheFocus) {
   ASSERT_TRUE(note->isVisible());
   EXPECT_EQ(note->geometry(),
             QRect(TwipsToPixelsX(1500), TwipsToPixelsY(3000), TwipsToPixelsX(3900), TwipsToPixelsY(1300)));
   const int bx = TwipsToPixelsX(20), by = TwipsToPixelsY(20);
   EXPECT_EQ(note->lblWhat->geometry(), note->rect().adjusted(bx, by, -bx, -by));
   EXPECT_EQ(note->lblWhat->text(), "Expanded version of a gallery slide. ");
-}
 
-// Each way the note goes; a click elsewhere still does its own work.
-TEST_F(WhatNoteTest, GoesAtAClickOrWhenItLosesTheFocus) {
   const std::tuple<const char*, std::function<void()>, int> ways[] = {
       {"click on the note", [this] { QTest::mouseClick(note->lblWhat, Qt::LeftButton); }, 0},
       {"click elsewhere", [this] { QTest::mouseClick(button, Qt::LeftButton); }, 1},

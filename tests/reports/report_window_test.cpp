@@ -46,8 +46,6 @@ class ReportWindowTest : public testing::GalleryFixture {
     constexpr Field kFields[] = {Field::Category, Field::Location, Field::Value};
     for (std::size_t i = 1; i <= 5; ++i)
       for (std::size_t c = 0; c < 3; ++c) Globals().Slides[i].Set(kFields[c], kRows[i - 1][c]);
-    ErrorArray errors;
-    ASSERT_TRUE(Report(Mc().SaveSettings(), errors));
   }
 
   // The viewer open, as the chooser's OK makes it.
@@ -135,9 +133,25 @@ TEST_F(ReportWindowTest, AReportThatCannotBeWrittenClosesTheViewerSilently) {
   EXPECT_EQ(Globals().ErrorInfo[0], "76");
 }
 
-// F1 gives way to the help viewer; the toolbar's Help opens it beside the report.
-TEST_F(ReportWindowTest, HelpOpensOnTheReportsPage) {
+// Print writes a PDF, or to a folder that is not there says why and what else
+// to try; Help opens the help viewer beside the report, F1 gives way to it.
+TEST_F(ReportWindowTest, TheToolbarPrintsAndOpensHelpOnTheReportsPage) {
   frmReport& r = OpenReport();
+  PrintTo(r, app / "summary.pdf");
+  const std::string pdf = ReadFile(app / "summary.pdf");
+  EXPECT_EQ(pdf.substr(0, 5), "%PDF-");
+  EXPECT_NE(pdf.find("/Title (\xFE\xFF"), std::string::npos);  // the page title names the document
+  EXPECT_TRUE(messages.isEmpty()) << messages.join("\n").toStdString();
+
+  PrintTo(r, app / "no such folder/summary.pdf");
+  EXPECT_EQ(messages.size(), 1);
+  const QString message = messages.value(0);
+  EXPECT_TRUE(message.startsWith("Chattelbook: Print command Error: ")) << message.toStdString();
+  EXPECT_TRUE(
+      message.endsWith("\n\nChattelbook is having problems sending commands\n"
+                       "directly to the printer.  Try right-clicking on the\n"
+                       "report and selecting the 'Print' option."));
+
   r.HelpButton->trigger();
   EXPECT_EQ(HelpPage(), "help012.htm");
   EXPECT_NE(FindOpenForm("frmReport"), nullptr);
@@ -231,24 +245,6 @@ TEST_F(ReportWindowTest, ReportThenOkShowsTheChosenReportAndBlocksASecondViewer)
   TheMDIMain().Toolbar1_ButtonClick(ToolbarButton::Report);
   QTest::qWait(50);
   EXPECT_FALSE(shown);
-}
-
-// To a PDF file, then to a folder that is not there: the failure says why and what else to try.
-TEST_F(ReportWindowTest, PrintWritesAPdfOrSaysWhyNot) {
-  frmReport& r = OpenReport();
-  PrintTo(r, app / "summary.pdf");
-  const std::string pdf = ReadFile(app / "summary.pdf");
-  EXPECT_EQ(pdf.substr(0, 5), "%PDF-");
-  EXPECT_NE(pdf.find("/Title (\xFE\xFF"), std::string::npos);  // the page title names the document
-  EXPECT_TRUE(messages.isEmpty()) << messages.join("\n").toStdString();
-
-  PrintTo(r, app / "no such folder/summary.pdf");
-  ASSERT_EQ(messages.size(), 1);
-  EXPECT_TRUE(messages[0].startsWith("Chattelbook: Print command Error: ")) << messages[0].toStdString();
-  EXPECT_TRUE(
-      messages[0].endsWith("\n\nChattelbook is having problems sending commands\n"
-                           "directly to the printer.  Try right-clicking on the\n"
-                           "report and selecting the 'Print' option."));
 }
 
 TEST(SystemLocale, SeparatorPointCurrencyAndDateComeFromTheLocale) {

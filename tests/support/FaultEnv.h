@@ -26,8 +26,7 @@ class FaultEnv : public MemoryEnv {
 
   // Writes `path` and makes it last, as a file that was there before.
   void Lasting(const std::string& path, const std::string& bytes) {
-    auto node = std::make_shared<Node>(Node{bytes, bytes});
-    names_[path] = durable_[path] = node;
+    names_[path] = durable_[path] = std::make_shared<Node>(Node{bytes, bytes});
   }
 
   // Power comes back: the names of the last folder sync, each file cut to
@@ -54,9 +53,7 @@ class FaultEnv : public MemoryEnv {
                         std::unique_ptr<WritableFile>& file) override {
     if (!Step()) return RtError::DeviceIO;
     name = target + ".new" + std::to_string(++made_);
-    auto node = std::make_shared<Node>();
-    names_[name] = node;
-    file = std::make_unique<File>(*this, node);
+    file = std::make_unique<File>(*this, names_[name] = std::make_shared<Node>());
     return RtError::None;
   }
   RtError Rename(const std::string& from, const std::string& to) override {
