@@ -109,13 +109,12 @@ TEST_P(StandInFace, NoWiderThanTheNamedFaceAndTheFrameNoteFits) {
   const FaceRow& row = GetParam();
   for (const QString& f : row.installed)
     if (!QFontDatabase::hasFamily(f)) GTEST_SKIP() << f.toStdString() << " is not installed here";
-  const QString text = row.text;
-  const QFont font = LookAlike("Verdana", 9.75, text, row.installed);
+  const QFont font = LookAlike("Verdana", 9.75, row.text, row.installed);
   EXPECT_EQ(font.family().toStdString(), row.family);
   EXPECT_EQ(font.pointSizeF() < 9.75, row.smaller) << font.pointSizeF();
   // The named face's width from its advance widths: a point is 20 twips.
   const double named = WidthInEms(*FindNamedFace("Verdana"), row.text) * 9.75 * 20 / PixelsToTwipsY(1);
-  EXPECT_LE(QFontMetricsF(font).horizontalAdvance(text), named);
+  EXPECT_LE(QFontMetricsF(font).horizontalAdvance(row.text), named);
   const int bx = TwipsToPixelsX(20), by = TwipsToPixelsY(20);
   const QSize label(TwipsToPixelsX(4000) - 2 * bx, TwipsToPixelsY(300) - 2 * by);
   EXPECT_TRUE(Fits(FittedInto(font, kFrameNote, label), kFrameNote, label));

@@ -117,7 +117,6 @@ TEST_F(HelpPages, EveryPageAWindowNamesIsOneTheProgramWrites) {
 // of markup stays text.
 TEST(HelpViewerRules, MissingPageShowsTheNameAsText) {
   const std::string page = MissingHelpPage("/opt/a&b/<i>help099.htm");
-  EXPECT_NE(page.find("<title>Page not found</title>"), std::string::npos);
   EXPECT_NE(page.find("/opt/a&amp;b/&lt;i&gt;help099.htm"), std::string::npos);
   EXPECT_EQ(page.find("<i>help099"), std::string::npos);
 }

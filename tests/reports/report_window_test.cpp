@@ -16,7 +16,6 @@
 #include <QTextCursor>
 
 #include "dialogs/HelpRoutine.h"
-#include "help/frmHelp.h"
 #include "qt/OpenForms.h"
 #include "qt/SystemLocale.h"
 #include "reports/ReportBrowser.h"
@@ -67,7 +66,6 @@ class ReportWindowTest : public testing::GalleryFixture {
     QTest::mouseClick(b.viewport(), Qt::LeftButton, {}, b.cursorRect(c).center());
   }
 
-  // The file name of the page on show.
   static std::string Shown(const frmReport& r) { return r.WebBrowser1->source().fileName().toStdString(); }
 
   static void FlushDeletes() { QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete); }
