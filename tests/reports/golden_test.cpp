@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Report pages compared byte for byte with the pages under golden/<case>/,
 // then the controller's files, names and failures. Each case holds
 // slides.txt (one slide a line: PictureFile|SlideText|Category|Location|Serial|Value),

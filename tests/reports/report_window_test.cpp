@@ -27,7 +27,6 @@
 namespace cb {
 namespace {
 
-using testing::ReadFile;
 using testing::WhenModal;
 
 // A gallery of five slides with categories, locations and values, the main
@@ -136,7 +135,7 @@ TEST_F(ReportWindowTest, AReportThatCannotBeWrittenClosesTheViewerSilently) {
 TEST_F(ReportWindowTest, TheToolbarPrintsAndOpensHelpOnTheReportsPage) {
   frmReport& r = OpenReport();
   PrintTo(r, app / "summary.pdf");
-  const std::string pdf = ReadFile(app / "summary.pdf");
+  const std::string pdf = testing::ReadFile(app / "summary.pdf");
   EXPECT_EQ(pdf.substr(0, 5), "%PDF-");
   EXPECT_NE(pdf.find("/Title (\xFE\xFF"), std::string::npos);  // the page title names the document
   EXPECT_TRUE(messages.isEmpty()) << messages.join("\n").toStdString();
@@ -231,7 +230,7 @@ TEST_F(ReportWindowTest, ReportThenOkShowsTheChosenReportAndBlocksASecondViewer)
   EXPECT_EQ(Shown(r), "Report1.htm");
   EXPECT_EQ(r.WebBrowser1->documentTitle(), "Report By Category");
   EXPECT_FALSE(r.PreviousButton->isEnabled());
-  EXPECT_NE(ReadFile(app / "Reports/Report1.htm").find("face='Comic Sans MS'"), std::string::npos);
+  EXPECT_NE(testing::ReadFile(app / "Reports/Report1.htm").find("face='Comic Sans MS'"), std::string::npos);
   EXPECT_EQ(StoredFont(), "Courier New");
 
   // A click that reaches the handler while the viewer is open does nothing.
