@@ -55,7 +55,8 @@ int RunModal(QDialog& d, std::function<void()> act) {
 class CommonDialogTest : public ::testing::Test {
  protected:
   CommonDialogTest() {
-    for (const char* f : {"b.sif", "A.sif", "note.txt", "IMG_0001.JPG", "Other/x.sif"}) testing::WriteFile(app / f, "x");
+    for (const char* f : {"b.sif", "A.sif", "note.txt", "IMG_0001.JPG", "Other/x.sif"})
+      testing::WriteFile(app / f, "x");
   }
   ~CommonDialogTest() override { UnloadHelp(); }
 
@@ -81,19 +82,6 @@ class CommonDialogTest : public ::testing::Test {
   frmCommonDialog dlg;
 };
 
-TEST_F(CommonDialogTest, FirstTouchOfTheFolderLoadsTheDialog) {
-  dlg.txtFilename->setText("typed");
-  Prepare(dlg, "Open");
-  EXPECT_EQ(dlg.FileListBox1->Path(), Q(app.str()));
-  EXPECT_EQ(Items(*dlg.FileListBox1), QStringList({"A.sif", "b.sif"}));
-  EXPECT_EQ(dlg.txtFilename->text(), "");  // cleared by the change of folder
-  // Setting the type's text runs no handler.
-  dlg.txtFilename->setText("kept");
-  dlg.cboFileType->setCurrentText(kAll);
-  EXPECT_EQ(dlg.txtFilename->text(), "kept");
-  EXPECT_EQ(dlg.FileListBox1->Pattern(), "*.sif");
-}
-
 // A typed name survives a change of folder in a New dialog only; a change of
 // drive clears it everywhere.
 TEST_F(CommonDialogTest, NewKeepsATypedNameAcrossFolders) {
@@ -115,10 +103,18 @@ TEST_F(CommonDialogTest, NewKeepsATypedNameAcrossFolders) {
   }
 }
 
-// Only the two known texts change the pattern; any pick clears the name.
-TEST_F(CommonDialogTest, TypeComboActsOnlyOnItsTwoTexts) {
+// The first touch of the folder loads the dialog. Only the two known texts
+// of the type change the pattern; any pick clears the name, setting the text does not.
+TEST_F(CommonDialogTest, FirstTouchLoadsAndTheTypeComboActsOnlyOnItsTwoTexts) {
+  dlg.txtFilename->setText("typed");
   Prepare(dlg, "Add Slide", "*.jpg", {"Slides (*.jpg)", kAll, kSif});
+  EXPECT_EQ(dlg.FileListBox1->Path(), Q(app.str()));
   EXPECT_EQ(Items(*dlg.FileListBox1), QStringList({"IMG_0001.JPG"}));
+  EXPECT_EQ(dlg.txtFilename->text(), "");  // cleared by the change of folder
+  dlg.txtFilename->setText("kept");
+  dlg.cboFileType->setCurrentText(kAll);
+  EXPECT_EQ(dlg.txtFilename->text(), "kept");
+  EXPECT_EQ(dlg.FileListBox1->Pattern(), "*.jpg");
   const std::pair<int, const char*> picks[] = {{1, "*.*"}, {0, "*.*"}, {2, "*.sif"}, {0, "*.sif"}, {1, "*.*"}};
   for (const auto& [item, pattern] : picks) {
     dlg.txtFilename->setText("typed");
@@ -195,19 +191,8 @@ class DirectoryDialogTest : public ::testing::Test {
   MemorySettings settings;
 };
 
-TEST_F(DirectoryDialogTest, OpensOnTheGalleryAndOkReturnsTheFolderOpen) {
-  const QString picked = Run([this](frmDirectory& d) {
-    EXPECT_EQ(d.Dir1->Path(), Q(app / "Gallery"));
-    d.Dir1->Path(Q(app / "Camera/Day1"));
-    d.Drive1->setCurrentIndex(d.Drive1->count() - 1);  // shown, not picked: the folder list decides
-    d.cmdOK->click();
-  });
-  EXPECT_EQ(picked, Q(app / "Camera/Day1"));
-  // Kept loaded: the next use opens where the last one ended.
-  EXPECT_EQ(Run([](frmDirectory& d) { d.cmdOK->click(); }), Q(app / "Camera/Day1"));
-}
-
-// Every way out but OK forgets an earlier choice and the folder it stood on.
+// OK returns the folder open and keeps it for the next use; every other way
+// out forgets the choice and the folder it stood on.
 struct DirectoryExitRow {
   const char* name;
   std::function<void(frmDirectory&)> act;
@@ -224,14 +209,18 @@ const DirectoryExitRow kDirectoryExits[] = {
 class DirectoryExitTest : public DirectoryDialogTest, public ::testing::WithParamInterface<DirectoryExitRow> {};
 
 TEST_P(DirectoryExitTest, LeavesNoPathAndReopensOnTheGallery) {
+  const auto ok = [](frmDirectory& d) { d.cmdOK->click(); };
   ASSERT_EQ(Run([this](frmDirectory& d) {
-              d.Dir1->Path(Q(app / "Camera"));
+              EXPECT_EQ(d.Dir1->Path(), Q(app / "Gallery"));
+              d.Dir1->Path(Q(app / "Camera/Day1"));
+              d.Drive1->setCurrentIndex(d.Drive1->count() - 1);  // shown, not picked: the folder list decides
               d.cmdOK->click();
             }),
-            Q(app / "Camera"));
+            Q(app / "Camera/Day1"));
+  EXPECT_EQ(Run(ok), Q(app / "Camera/Day1"));
   EXPECT_EQ(Run(GetParam().act), "");
   EXPECT_EQ(HelpPage(), GetParam().help);
-  EXPECT_EQ(Run([](frmDirectory& d) { d.cmdOK->click(); }), Q(app / "Gallery"));
+  EXPECT_EQ(Run(ok), Q(app / "Gallery"));
 }
 
 INSTANTIATE_TEST_SUITE_P(Rows, DirectoryExitTest, ::testing::ValuesIn(kDirectoryExits), cb::testing::RowName());

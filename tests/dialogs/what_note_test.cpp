@@ -49,37 +49,32 @@ class WhatNoteTest : public ::testing::Test {
   QPointer<dlgWhat> note;
 };
 
-TEST_F(WhatNoteTest, SizeAndPlaceComeFromTheCallerInTwips) {
+// A note opens where and as large as its caller says, in twips, and goes at a
+// click or when it loses the focus; a click elsewhere still does its own work.
+TEST_F(WhatNoteTest, OpensAsTheCallerSaysAndGoesAtAClickOrWhenItLosesTheFocus) {
   ASSERT_TRUE(note->isVisible());
   EXPECT_EQ(note->geometry(),
             QRect(TwipsToPixelsX(1500), TwipsToPixelsY(3000), TwipsToPixelsX(3900), TwipsToPixelsY(1300)));
   const int bx = TwipsToPixelsX(20), by = TwipsToPixelsY(20);
   EXPECT_EQ(note->lblWhat->geometry(), note->rect().adjusted(bx, by, -bx, -by));
   EXPECT_EQ(note->lblWhat->text(), "Expanded version of a gallery slide. ");
-}
 
-// Each way the note goes; a click elsewhere still does its own work.
-TEST_F(WhatNoteTest, GoesAtAClickOrWhenItLosesTheFocus) {
-  const struct {
-    const char* name;
-    std::function<void(WhatNoteTest&)> act;
-    int clicks;
-  } ways[] = {
-      {"click on the note", [](WhatNoteTest& t) { QTest::mouseClick(t.note->lblWhat, Qt::LeftButton); }, 0},
-      {"click elsewhere", [](WhatNoteTest& t) { QTest::mouseClick(t.button, Qt::LeftButton); }, 1},
-      {"focus lost", [](WhatNoteTest& t) { QApplication::setActiveWindow(&t.window); }, 0},
+  const std::tuple<const char*, std::function<void()>, int> ways[] = {
+      {"click on the note", [this] { QTest::mouseClick(note->lblWhat, Qt::LeftButton); }, 0},
+      {"click elsewhere", [this] { QTest::mouseClick(button, Qt::LeftButton); }, 1},
+      {"focus lost", [this] { QApplication::setActiveWindow(&window); }, 0},
   };
-  for (const auto& w : ways) {
-    SCOPED_TRACE(w.name);
+  for (const auto& [name, act, clicksAfter] : ways) {
+    SCOPED_TRACE(name);
     clicks = 0;
     delete note.data();
     note = ShowWhat(1300, 3900, "Expanded version of a gallery slide. ");
     QCoreApplication::processEvents();
     QTest::mouseMove(note->lblWhat);  // the mouse moving over it changes nothing
     EXPECT_FALSE(Gone());
-    w.act(*this);
+    act();
     EXPECT_TRUE(Gone());
-    EXPECT_EQ(clicks, w.clicks);
+    EXPECT_EQ(clicks, clicksAfter);
   }
 }
 
@@ -114,13 +109,12 @@ TEST_P(StandInFace, NoWiderThanTheNamedFaceAndTheFrameNoteFits) {
   const FaceRow& row = GetParam();
   for (const QString& f : row.installed)
     if (!QFontDatabase::hasFamily(f)) GTEST_SKIP() << f.toStdString() << " is not installed here";
-  const QString text = row.text;
-  const QFont font = LookAlike("Verdana", 9.75, text, row.installed);
+  const QFont font = LookAlike("Verdana", 9.75, row.text, row.installed);
   EXPECT_EQ(font.family().toStdString(), row.family);
   EXPECT_EQ(font.pointSizeF() < 9.75, row.smaller) << font.pointSizeF();
   // The named face's width from its advance widths: a point is 20 twips.
   const double named = WidthInEms(*FindNamedFace("Verdana"), row.text) * 9.75 * 20 / PixelsToTwipsY(1);
-  EXPECT_LE(QFontMetricsF(font).horizontalAdvance(text), named);
+  EXPECT_LE(QFontMetricsF(font).horizontalAdvance(row.text), named);
   const int bx = TwipsToPixelsX(20), by = TwipsToPixelsY(20);
   const QSize label(TwipsToPixelsX(4000) - 2 * bx, TwipsToPixelsY(300) - 2 * by);
   EXPECT_TRUE(Fits(FittedInto(font, kFrameNote, label), kFrameNote, label));

@@ -26,6 +26,13 @@ constexpr char kContents[] = "Contents";
 constexpr char kQuickStart[] = "Chattelworks Help - Quick Start";
 constexpr char kFileMenu[] = "Menu Options - (File Menu)";
 
+// F1 in `control` of the active window.
+void F1In(QWidget* control) {
+  QApplication::setActiveWindow(control->window());
+  control->setFocus();
+  QTest::keyClick(control, Qt::Key_F1);
+}
+
 // The main window over an installation whose help pages are written, with
 // the "help" spelling of the directory that the pages' links use.
 class HelpViewerTest : public testing::GalleryFixture {
@@ -37,11 +44,7 @@ class HelpViewerTest : public testing::GalleryFixture {
     Start(0);
   }
 
-  frmHelp& Viewer() {
-    frmHelp* viewer = HelpViewer();
-    if (!viewer) throw std::runtime_error("no help viewer");
-    return *viewer;
-  }
+  frmHelp& Viewer() { return HelpViewer() ? *HelpViewer() : throw std::runtime_error("no help viewer"); }
   QString Title() { return Viewer().WebBrowser1->documentTitle(); }
   std::string Page(const std::string& file) { return app / ("Help/" + file); }
   QMdiSubWindow* Frame() { return qobject_cast<QMdiSubWindow*>(Viewer().parentWidget()); }
@@ -55,49 +58,41 @@ class HelpViewerTest : public testing::GalleryFixture {
     inside.setPosition(found.selectionStart() + 1);
     QTest::mouseClick(b->viewport(), Qt::LeftButton, {}, b->cursorRect(inside).center());
   }
-  // The first link of the page by the keyboard.
-  void TabToFirstLinkAndEnter() {
-    QTextBrowser* b = Viewer().WebBrowser1;
-    b->setFocus();
-    QTest::keyClick(b, Qt::Key_Tab);
-    QTest::keyClick(b, Qt::Key_Return);
-  }
-};
-
-struct Step {
-  const char* what;
-  std::function<void(HelpViewerTest&)> act;
-  const char* title;
-  int current, total;
-  bool previous, next;
 };
 
 TEST_F(HelpViewerTest, HistoryRecordsEveryNavigationButTheToolbars) {
-  const Step steps[] = {
-      {"contents", [](auto&) { TheMDIMain().Item(MenuId::HelpContents)->trigger(); }, kContents, 2, 2, false, false},
-      {"link by keyboard", [](auto& t) { t.TabToFirstLinkAndEnter(); }, kQuickStart, 3, 3, true, false},
-      {"previous", [](auto& t) { t.Viewer().cmdPrevious->trigger(); }, kContents, 2, 3, true, true},
-      {"previous to the load's own entry", [](auto& t) { t.Viewer().cmdPrevious->trigger(); }, kContents, 1, 3, false,
-       true},
-      {"next", [](auto& t) { t.Viewer().cmdNext->trigger(); }, kContents, 2, 3, true, true},
-      {"next to the end", [](auto& t) { t.Viewer().cmdNext->trigger(); }, kQuickStart, 3, 3, true, false},
-      {"previous again", [](auto& t) { t.Viewer().cmdPrevious->trigger(); }, kContents, 2, 3, true, true},
-      {"link by mouse drops the forward page", [](auto& t) { t.ClickLink("Menu Options"); }, kFileMenu, 3, 3, true,
-       false},
+  const auto back = [this] { Viewer().cmdPrevious->trigger(); };
+  const auto forward = [this] { Viewer().cmdNext->trigger(); };
+  const std::tuple<const char*, std::function<void()>, const char*, int, int, bool, bool> steps[] = {
+      {"contents", [] { TheMDIMain().Item(MenuId::HelpContents)->trigger(); }, kContents, 2, 2, false, false},
+      {"link by keyboard",
+       [this] {
+         Viewer().WebBrowser1->setFocus();
+         QTest::keyClick(Viewer().WebBrowser1, Qt::Key_Tab);  // to the first link
+         QTest::keyClick(Viewer().WebBrowser1, Qt::Key_Return);
+       },
+       kQuickStart, 3, 3, true, false},
+      {"previous", back, kContents, 2, 3, true, true},
+      {"previous to the load's own entry", back, kContents, 1, 3, false, true},
+      {"next", forward, kContents, 2, 3, true, true},
+      {"next to the end", forward, kQuickStart, 3, 3, true, false},
+      {"previous again", back, kContents, 2, 3, true, true},
+      {"mouse link drops forward", [this] { ClickLink("Menu Options"); }, kFileMenu, 3, 3, true, false},
   };
-  for (const Step& s : steps) {
-    SCOPED_TRACE(s.what);
-    s.act(*this);
-    EXPECT_EQ(Title(), s.title);
-    EXPECT_EQ(Viewer().History().Stack().CurrentItem(), s.current);
-    EXPECT_EQ(Viewer().History().Stack().TotalItems(), s.total);
-    EXPECT_EQ(Viewer().cmdPrevious->isEnabled(), s.previous);
-    EXPECT_EQ(Viewer().cmdNext->isEnabled(), s.next);
+  for (const auto& [what, act, title, current, total, previous, next] : steps) {
+    SCOPED_TRACE(what);
+    act();
+    EXPECT_EQ(Title(), title);
+    EXPECT_EQ(Viewer().History().Stack().CurrentItem(), current);
+    EXPECT_EQ(Viewer().History().Stack().TotalItems(), total);
+    EXPECT_EQ(Viewer().cmdPrevious->isEnabled(), previous);
+    EXPECT_EQ(Viewer().cmdNext->isEnabled(), next);
   }
 }
 
-// Tiling shares the client area among the other children; the viewer keeps all of it.
-TEST_F(HelpViewerTest, OpensOverTheWholeClientAreaOnTopAndKeepsItWhenTiling) {
+// Tiling shares the client area among the other children; the viewer keeps all
+// of it. Open, it comes forward at a window's help on the page it shows.
+TEST_F(HelpViewerTest, KeepsTheWholeClientAreaOnTopAndItsPageUntilClosed) {
   auto* other = TheMDIMain().MdiArea()->addSubWindow(new QWidget);
   other->show();
   TheMDIMain().Button(ToolbarButton::Help)->trigger();
@@ -114,16 +109,16 @@ TEST_F(HelpViewerTest, OpensOverTheWholeClientAreaOnTopAndKeepsItWhenTiling) {
     EXPECT_EQ(a.united(b), client);
     EXPECT_EQ(a.top() == b.top(), sideBySide);
   }
-}
 
-TEST_F(HelpViewerTest, AnOpenViewerComesForwardAndKeepsItsPage) {
-  TheMDIMain().Item(MenuId::HelpContents)->trigger();
   TheMDIMain().MdiArea()->setActiveSubWindow(qobject_cast<QMdiSubWindow*>(Gallery().parentWidget()));
   ShowHelp(Gallery());  // the gallery's F1
   EXPECT_EQ(HelpPage(), "help011.htm");
   EXPECT_EQ(Title(), kContents);
   EXPECT_EQ(Viewer().History().Stack().TotalItems(), 2);
   EXPECT_EQ(TheMDIMain().MdiArea()->activeSubWindow(), Frame());
+  F1In(Viewer().WebBrowser1);  // its own F1 asks for the quick start, and it keeps its page too
+  EXPECT_EQ(HelpPage(), "help002.htm");
+  EXPECT_EQ(Title(), kContents);
   // Closed, it starts afresh on the page asked for next.
   Frame()->close();
   QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
@@ -161,13 +156,7 @@ template <class Dialog, class... Args>
 QWidget* Show(std::unique_ptr<QWidget>& keep, Args... args) {
   keep = std::make_unique<Dialog>(args...);
   keep->show();
-  QApplication::setActiveWindow(keep.get());
   return keep.get();
-}
-
-void F1In(QWidget* control) {
-  control->setFocus();
-  QTest::keyClick(control, Qt::Key_F1);
 }
 
 const Routine kRoutines[] = {
@@ -175,22 +164,13 @@ const Routine kRoutines[] = {
      [](QWidget* w) { F1In(static_cast<frmLogin*>(w)->txtConfirmPassword); }, "help004.htm", true},
     {"remove_slide_f1", [](auto& k) { return Show<dlgRemoveSlide>(k); },
      [](QWidget* w) { F1In(static_cast<dlgRemoveSlide*>(w)->cmdOK); }, "help002.htm", true},
-    {"gallery_f1", [](auto&) -> QWidget* { return TheMDIMain().fGallery(); },
-     [](QWidget* w) {
-       QApplication::setActiveWindow(&TheMDIMain());
-       F1In(w);
-     },
-     "help011.htm", false},
+    {"gallery_f1", [](auto&) -> QWidget* { return TheMDIMain().fGallery(); }, F1In, "help011.htm", false},
     {"gallery_popup_help", [](auto&) -> QWidget* { return TheMDIMain().fGallery(); },
      [](QWidget*) { TheMDIMain().fGallery()->Item(MenuId::Popup4Help)->trigger(); }, "help011.htm", false},
     {"wallpaper_popup_help", [](auto&) -> QWidget* { return &TheMDIMain(); },
      [](QWidget*) { TheMDIMain().Item(MenuId::Popup2Help)->trigger(); }, "help002.htm", false},
     {"gallery_help_contents", [](auto&) -> QWidget* { return &TheMDIMain(); },
-     [](QWidget*) {
-       TheMDIMain().fGallery()->Item(MenuId::HelpContents)->trigger();
-       QCoreApplication::processEvents();  // the command runs once the menu is done
-     },
-     "help001.htm", false},
+     [](QWidget*) { TheMDIMain().fGallery()->Item(MenuId::HelpContents)->trigger(); }, "help001.htm", false},
 };
 
 class HelpRoutineTest : public HelpViewerTest, public ::testing::WithParamInterface<Routine> {};
@@ -200,6 +180,7 @@ TEST_P(HelpRoutineTest, OpensTheWindowsPageAndClosesOnlyDialogs) {
   QWidget* window = GetParam().open(keep);
   ASSERT_EQ(HelpViewer(), nullptr);
   GetParam().ask(window);
+  QCoreApplication::processEvents();  // a menu's command runs once the menu is done
   EXPECT_EQ(Viewer().Shown(), Page(GetParam().page));
   EXPECT_TRUE(Viewer().isVisible());
   EXPECT_EQ(window->isVisible(), !GetParam().closes);
@@ -209,14 +190,6 @@ TEST_P(HelpRoutineTest, OpensTheWindowsPageAndClosesOnlyDialogs) {
 }
 
 INSTANTIATE_TEST_SUITE_P(Rows, HelpRoutineTest, ::testing::ValuesIn(kRoutines), cb::testing::RowName());
-
-TEST_F(HelpViewerTest, F1InTheViewerLeavesItsPage) {
-  TheMDIMain().Item(MenuId::HelpContents)->trigger();
-  QApplication::setActiveWindow(&TheMDIMain());
-  F1In(Viewer().WebBrowser1);
-  EXPECT_EQ(HelpPage(), "help002.htm");
-  EXPECT_EQ(Title(), kContents);
-}
 
 }  // namespace
 }  // namespace cb

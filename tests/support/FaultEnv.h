@@ -5,6 +5,7 @@
 // the file is synced, and a name made, moved or removed in a folder lasts
 // only once that folder is synced. At a crash every step not yet made to last
 // is lost, and an unsynced tail may be kept in part, as a torn write leaves it.
+// Only the calls a save makes see these files; the others are MemoryEnv's.
 
 #include <map>
 #include <memory>
@@ -15,21 +16,17 @@
 
 namespace cb::testing {
 
-class FaultEnv : public Env {
+class FaultEnv : public MemoryEnv {
  public:
   explicit FaultEnv(unsigned seed) : rng_(seed) {}
 
-  // The power fails once this many more steps have run; -1 never.
-  int stepsLeft = -1;
-  // Whether Rename syncs the folder after the move, as the disk's does.
-  bool renameSyncsFolder = true;
-  // Whether Sync of a file reaches the disk.
-  bool fileSyncWorks = true;
+  int stepsLeft = -1;             // the power fails once this many more steps have run; -1 never
+  bool renameSyncsFolder = true;  // whether Rename syncs the folder after the move, as the disk's does
+  bool fileSyncWorks = true;      // whether Sync of a file reaches the disk
 
   // Writes `path` and makes it last, as a file that was there before.
   void Lasting(const std::string& path, const std::string& bytes) {
-    auto node = std::make_shared<Node>(Node{bytes, bytes});
-    names_[path] = durable_[path] = node;
+    names_[path] = durable_[path] = std::make_shared<Node>(Node{bytes, bytes});
   }
 
   // Power comes back: the names of the last folder sync, each file cut to
@@ -37,39 +34,26 @@ class FaultEnv : public Env {
   void Restart() {
     names_ = durable_;
     for (auto& [name, node] : names_) {
-      const std::size_t kept = node->synced.size() < node->data.size() && node->data.starts_with(node->synced)
-                                   ? std::uniform_int_distribution<std::size_t>(node->synced.size(), node->data.size())(rng_)
-                                   : node->synced.size();
+      const std::size_t kept =
+          node->synced.size() < node->data.size() && node->data.starts_with(node->synced)
+              ? std::uniform_int_distribution<std::size_t>(node->synced.size(), node->data.size())(rng_)
+              : node->synced.size();
       node->data = node->synced = node->data.substr(0, kept);
     }
     stepsLeft = -1;
   }
 
-  RtError OpenRecords(const std::string& path, std::size_t recordLength, OpenMode mode,
-                      std::unique_ptr<RecordFile>& file) override {
-    auto it = names_.find(path);
-    if (it == names_.end()) {
-      if (mode == OpenMode::Read) return RtError::FileNotFound;
-      it = names_.emplace(path, std::make_shared<Node>()).first;
-    }
-    file = RecordsOver(it->second->data, recordLength);
-    return RtError::None;
-  }
-  std::string EntryName(const std::string& path) override { return path; }
   RtError ReadWhole(const std::string& path, std::string& bytes) override {
     const auto it = names_.find(path);
     if (it == names_.end()) return RtError::FileNotFound;
     bytes = it->second->data;
     return RtError::None;
   }
-  std::string ResolveLinks(const std::string& path) override { return path; }
   RtError NewFileBeside(const std::string& target, unsigned, std::string& name,
                         std::unique_ptr<WritableFile>& file) override {
     if (!Step()) return RtError::DeviceIO;
     name = target + ".new" + std::to_string(++made_);
-    auto node = std::make_shared<Node>();
-    names_[name] = node;
-    file = std::make_unique<File>(*this, node);
+    file = std::make_unique<File>(*this, names_[name] = std::make_shared<Node>());
     return RtError::None;
   }
   RtError Rename(const std::string& from, const std::string& to) override {
@@ -87,26 +71,12 @@ class FaultEnv : public Env {
     if (Step()) names_.erase(path);
   }
 
-  // A save needs none of the folder work; it is refused, so a use shows.
-  RtError MakeDirectory(const std::string&, unsigned) override { return RtError::PathFileAccess; }
-  RtError NewWritableFile(const std::string&, unsigned, std::unique_ptr<WritableFile>&) override {
-    return RtError::PathFileAccess;
-  }
-  RtError CopyFile(const std::string&, const std::string&) override { return RtError::PathFileAccess; }
-  RtError ListDirectory(const std::string&, std::vector<DirEntry>&) override { return RtError::PathFileAccess; }
-  EntryKind KindOf(const std::string&) override { return EntryKind::Missing; }
-  RtError CopyTree(const std::string&, const std::string&) override { return RtError::PathFileAccess; }
-  RtError MakeUniqueDirectory(const std::string&, unsigned, std::string&) override { return RtError::PathFileAccess; }
-  RtError MakeLink(const std::string&, const std::string&) override { return RtError::PathFileAccess; }
-  void RemoveTree(const std::string&) override {}
-
  private:
   struct Node {
     std::string data, synced;
   };
 
-  class File : public WritableFile {
-   public:
+  struct File : WritableFile {
     File(FaultEnv& env, std::shared_ptr<Node> node) : env_(env), node_(std::move(node)) {}
     RtError Append(std::string_view bytes) override {
       if (!env_.Step()) return RtError::DeviceIO;
@@ -119,8 +89,6 @@ class FaultEnv : public Env {
       return RtError::None;
     }
     RtError Close() override { return env_.Step() ? RtError::None : RtError::DeviceIO; }
-
-   private:
     FaultEnv& env_;
     std::shared_ptr<Node> node_;
   };

@@ -8,9 +8,8 @@
 #include <functional>
 #include <string>
 #include <vector>
-// clang-format off
-#include <jpeglib.h>
-// clang-format on
+
+#include <jpeglib.h>  // after <cstdio>, which it needs
 
 namespace cb::testing {
 
@@ -45,11 +44,11 @@ inline bool WriteLargeJpeg(const std::string& path, int width, int height, int q
 
 // Flat `rgb` with a one-pixel black and white checkerboard in the top left
 // `checker` x `checker` pixels (black where x + y is odd).
-inline std::function<void(int, unsigned char*)> CheckerCorner(int width, int checker, std::array<unsigned char, 3> rgb) {
+inline std::function<void(int, unsigned char*)> CheckerCorner(int width, int checker,
+                                                              std::array<unsigned char, 3> rgb) {
   return [=](int y, unsigned char* line) {
     for (int x = 0; x < width; ++x)
-      for (int c = 0; c < 3; ++c)
-        line[x * 3 + c] = (x < checker && y < checker) ? ((x + y) % 2 ? 0 : 255) : rgb[c];
+      for (int c = 0; c < 3; ++c) line[x * 3 + c] = (x < checker && y < checker) ? ((x + y) % 2 ? 0 : 255) : rgb[c];
   };
 }
 

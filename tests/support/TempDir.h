@@ -14,7 +14,8 @@ class TempDir {
  public:
   TempDir() {
     std::random_device rd;
-    path_ = std::filesystem::temp_directory_path() / ("chattelbook-test-" + std::to_string(rd()) + std::to_string(rd()));
+    path_ =
+        std::filesystem::temp_directory_path() / ("chattelbook-test-" + std::to_string(rd()) + std::to_string(rd()));
     std::filesystem::create_directories(path_);
   }
   ~TempDir() {
@@ -44,16 +45,11 @@ inline void WriteFile(const std::string& path, const std::string& bytes) {
 
 // The bytes of a fixture written as hexadecimal text; whitespace is ignored.
 inline std::string ReadHex(const std::string& path) {
-  const std::string text = ReadFile(path);
-  std::string bytes, pair;
-  for (char c : text) {
-    if (std::isspace(static_cast<unsigned char>(c))) continue;
-    pair += c;
-    if (pair.size() == 2) {
-      bytes += static_cast<char>(std::stoi(pair, nullptr, 16));
-      pair.clear();
-    }
-  }
+  std::string hex, bytes;
+  for (char c : ReadFile(path))
+    if (!std::isspace(static_cast<unsigned char>(c))) hex += c;
+  for (std::size_t i = 0; i + 1 < hex.size(); i += 2)
+    bytes += static_cast<char>(std::stoi(hex.substr(i, 2), nullptr, 16));
   return bytes;
 }
 

@@ -8,7 +8,6 @@
 #include <QTimer>
 #include <QWidget>
 #include <functional>
-#include <memory>
 #include <string>
 #include <type_traits>
 
@@ -21,11 +20,10 @@ namespace cb::testing {
 inline void WhenModalIs(std::function<bool(QWidget&)> wanted, std::function<void(QWidget&)> act, std::string what) {
   auto* poll = new QTimer(qApp);
   poll->setObjectName("cb-poll");
-  auto ticksLeft = std::make_shared<int>(1000);
-  QObject::connect(poll, &QTimer::timeout, [=] {
+  QObject::connect(poll, &QTimer::timeout, [=, ticksLeft = 1000]() mutable {
     QWidget* w = QApplication::activeModalWidget();
     const bool found = w && w->isVisible() && wanted(*w);
-    if (!found && --*ticksLeft > 0) return;
+    if (!found && --ticksLeft > 0) return;
     poll->stop();
     poll->deleteLater();
     if (found) return act(*w);
