@@ -8,6 +8,7 @@
 #include "storage/DataAccess.h"
 #include "storage/RandomFile.h"
 #include "storage/Scramble.h"
+#include "storage/SifReader.h"
 #include "support/SifFixture.h"
 
 namespace cb {
@@ -243,6 +244,32 @@ TEST(SifReader, MemoryAndDiskLoadAlike) {
     EXPECT_EQ(tie(held), tie(onDisk));
     EXPECT_EQ(heldSlides, diskSlides);
   }
+}
+
+// Handed on a block at a time, across block ends, a cut record and the
+// count's slides past the end of the file, the slides are those a load keeps.
+TEST(SifReader, BlocksHandOnTheSlidesALoadKeeps) {
+  std::string bytes = Header("600", "1");
+  for (int i = 1; i <= 300; ++i) {
+    SlideRecord r = Loaded({"p" + std::to_string(i) + ".jpg"});
+    EncodeSlide(r);
+    bytes.append(r.bytes().data(), kRecordLength);
+  }
+  bytes.resize(bytes.size() - 100);
+  MemoryEnv memory;
+  memory.Files()["a.sif"] = bytes;
+  std::unique_ptr<RecordFile> file;
+  ASSERT_EQ(memory.OpenRecords("a.sif", kRecordLength, OpenMode::Read, file), RtError::None);
+  SifRead whole, head;
+  ASSERT_TRUE(ReadSif(*file, whole).ok());
+  SlideArray handed(1, whole.Slides[0]);
+  const auto take = [&handed](std::span<const SlideRecord> s) { handed.insert(handed.end(), s.begin(), s.end()); };
+  ASSERT_TRUE(ReadSifBlocks(*file, head, take).ok());
+  EXPECT_EQ(head.Slides.size(), 1u);
+  ASSERT_EQ(handed.size(), 601u);
+  EXPECT_EQ(handed, whole.Slides);
+  EXPECT_EQ(RTrim(handed[257].Get(Field::PictureFile)), "p257.jpg");
+  EXPECT_EQ(handed[600], Loaded());
 }
 
 TEST(RandomFile, AReadingOpenNeverCreates) {
