@@ -8,6 +8,7 @@
 #include <cerrno>
 #include <cstring>
 #include <filesystem>
+#include <functional>
 #include <memory>
 
 #include "pack/FolderSync.h"
@@ -39,7 +40,12 @@ std::optional<std::int32_t> TemplateOf(const SifDocument& doc) {
   return doc.Header.SlideTemplate.value;
 }
 
-bool ReadSif(const std::string& path, SifDocument& doc, std::string& message) {
+namespace {
+
+// Opens `path` and reads it with `read`, naming the trouble as the
+// program's load would meet it.
+bool ReadWith(const std::string& path, SifDocument& doc, std::string& message,
+              const std::function<Status(RecordFile&, SifRead&)>& read) {
   std::error_code ec;
   if (std::filesystem::is_directory(path, ec)) {
     message = path + ": is a directory";
@@ -51,7 +57,7 @@ bool ReadSif(const std::string& path, SifDocument& doc, std::string& message) {
     return false;
   }
   SifDocument local;
-  if (cb::ReadSif(*file, local).ok()) {
+  if (read(*file, local).ok()) {
     doc = std::move(local);
     return true;
   }
@@ -67,6 +73,17 @@ bool ReadSif(const std::string& path, SifDocument& doc, std::string& message) {
   else
     message = Errno(path);
   return false;
+}
+
+}  // namespace
+
+bool ReadSif(const std::string& path, SifDocument& doc, std::string& message) {
+  return ReadWith(path, doc, message, [](RecordFile& file, SifRead& read) { return cb::ReadSif(file, read); });
+}
+
+bool ReadSifBlocks(const std::string& path, SifDocument& doc, const SlideBlocks& take, std::string& message) {
+  return ReadWith(path, doc, message,
+                  [&take](RecordFile& file, SifRead& read) { return cb::ReadSifBlocks(file, read, take); });
 }
 
 bool WriteSif(const std::string& path, const SifSettings& settings, const SlideArray& slides, bool replace,

@@ -25,6 +25,10 @@ std::optional<std::int32_t> TemplateOf(const SifDocument& doc);
 // file cannot be read or a load of it would fail.
 bool ReadSif(const std::string& path, SifDocument& doc, std::string& message);
 
+// Reads `path` as ReadSif does but hands the slides to `take` a block at a
+// time instead of keeping them: `doc.Slides` keeps the header record alone.
+bool ReadSifBlocks(const std::string& path, SifDocument& doc, const SlideBlocks& take, std::string& message);
+
 // Writes slides 1..n of `slides` (element 0 is ignored) and the four settings
 // a save writes (the count is the slides') to `path` through the program's
 // own save, as a file that File New started: the header fields the

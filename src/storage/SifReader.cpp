@@ -36,7 +36,7 @@ long RecordsHeld(long long size) {
   return size <= 0 ? 0 : static_cast<long>((size + length - 1) / length - 1);
 }
 
-Status ReadSif(RecordFile& file, SifRead& read) {
+Status ReadSifBlocks(RecordFile& file, SifRead& read, const SlideBlocks& take) {
   if (auto e = file.Get(1, read.Slides[0].bytes()); e != RtError::None) return {e, kSource};
   read.HeaderRead = true;
   read.Header = DecodeHeader(read.Slides[0]);
@@ -46,25 +46,32 @@ Status ReadSif(RecordFile& file, SifRead& read) {
   // Never allocate from a count the loop could not reach.
   const long upper = h.NumberOfRecords.value;
   if (upper > kMaxRecords) return {RtError::Overflow, kSource};
-  const long last = std::min(upper, RecordsHeld(file.Size()));
-  read.Slides.reserve(static_cast<std::size_t>(upper) + 1);
-  // A block of records at a time, each decoded as it joins the slides: the
-  // bytes are read once and decoded while still in the cache.
-  SlideArray block(static_cast<std::size_t>(std::min(last, kBlockRecords)));
-  Status status;
-  for (long first = 1; first <= last; first += kBlockRecords) {
-    const auto count = static_cast<std::size_t>(std::min(kBlockRecords, last - first + 1));
-    const std::span<char> bytes(reinterpret_cast<char*>(block.data()), count * kRecordLength);
-    if (auto e = file.Get(first + 1, bytes); e != RtError::None) {
-      status = {e, kSource};
-      break;
-    }
-    for (std::size_t k = 0; k < count; ++k) DecodeSlide(read.Slides.emplace_back(block[k]));
+  // Each block is decoded while its bytes are still in the cache. Records
+  // past the end of the file read as NUL and decode as empty slides.
+  SlideArray block(static_cast<std::size_t>(std::clamp(upper, 0L, kBlockRecords)));
+  for (long first = 1; first <= upper; first += kBlockRecords) {
+    const auto count = static_cast<std::size_t>(std::min(kBlockRecords, upper - first + 1));
+    const std::span<SlideRecord> slides(block.data(), count);
+    const std::span<char> bytes(reinterpret_cast<char*>(slides.data()), count * kRecordLength);
+    if (auto e = file.Get(first + 1, bytes); e != RtError::None) return {e, kSource};
+    for (SlideRecord& slide : slides) DecodeSlide(slide);
+    take(slides);
   }
-  // Records past the end of the file read as NUL and all decode alike.
-  SlideRecord empty;
-  DecodeSlide(empty);
-  read.Slides.resize(static_cast<std::size_t>(upper) + 1, empty);
+  return {};
+}
+
+Status ReadSif(RecordFile& file, SifRead& read) {
+  const Status status = ReadSifBlocks(file, read, [&read](std::span<const SlideRecord> slides) {
+    if (read.Slides.size() == 1) read.Slides.reserve(static_cast<std::size_t>(read.Header.NumberOfRecords.value) + 1);
+    read.Slides.insert(read.Slides.end(), slides.begin(), slides.end());
+  });
+  // After a failing read of the slides the collection keeps the count's length.
+  if (!status.ok() && read.HeaderRead && !CountFailsLoad(read.Header) &&
+      JudgeTemplate(read.Header) != TemplateVerdict::Fails) {
+    SlideRecord empty;
+    DecodeSlide(empty);
+    read.Slides.resize(static_cast<std::size_t>(read.Header.NumberOfRecords.value) + 1, empty);
+  }
   return status;
 }
 

@@ -4,6 +4,9 @@
 // the command-line companion and the fuzz target: what the header's count
 // and template allow, and the reading of the records behind them.
 
+#include <functional>
+#include <span>
+
 #include "base/Status.h"
 #include "model/SlideRecord.h"
 #include "storage/Env.h"
@@ -52,5 +55,13 @@ struct SifRead {
 // template's rules in the load's order, then slides 1..count. A failing
 // read stops there; `read.Slides` then holds the count's length.
 Status ReadSif(RecordFile& file, SifRead& read);
+
+// Decoded slides, handed on in file order a block at a time.
+using SlideBlocks = std::function<void(std::span<const SlideRecord>)>;
+
+// Reads `file` as ReadSif does but keeps no slide: `take` gets slides
+// 1..count as they are decoded, and `read.Slides` holds the header alone.
+// A failing read stops there, after the blocks before it.
+Status ReadSifBlocks(RecordFile& file, SifRead& read, const SlideBlocks& take);
 
 }  // namespace cb

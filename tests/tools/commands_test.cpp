@@ -51,7 +51,8 @@ const ExitCase kExitCases[] = {
     {"bad template", "import @/in.csv -o @/x.sif --template 4", 2, "--template takes 1, 2 or 3"},
     {"report without --by", "report @/good.sif", 2, "report needs --by"},
     {"no such file", "show @/absent.sif", 1, ""},
-    {"a load would fail", "export @/huge.sif", 1, ""},
+    {"a load would fail", "export @/huge.sif -o @/huge.csv", 1, ""},
+    {"export into no folder", "export @/good.sif -o @/none/x.csv", 1, "@/none/x.csv: cannot be written"},
     {"check of no file", "check @/absent.sif", 1, ""},
     {"thumbnail of a file that does not load", "thumbnail @/huge.sif @/t.png", 1, ""},
     {"thumbnail into no folder", "thumbnail @/good.sif @/none/t.png", 1, "@/none/t.png: cannot be written"},
@@ -246,8 +247,16 @@ struct ProgramFile {
   std::vector<SlideText> slides;
 };
 
+// More slides than an export reads at once, each its own.
+std::vector<SlideText> Numbered(int n) {
+  std::vector<SlideText> slides;
+  for (int i = 1; i <= n; ++i) slides.push_back({"p" + std::to_string(i) + ".jpg", "Slide " + std::to_string(i)});
+  return slides;
+}
+
 const ProgramFile kFiles[] = {
     {"empty gallery", {1, "", "", ""}, {}},
+    {"more slides than a block", {1, "", "", ""}, Numbered(300)},
     {"home security",
      {1, "Frame2.jpg", "Blue Sky.jpg", "Arial"},
      {{"chair.jpg", "Oak chair, \"Windsor\" style", "Furniture", "Lounge", "Ercol", "Windsor", "1234", "150"},

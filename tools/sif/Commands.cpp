@@ -10,7 +10,9 @@
 #include <fstream>
 #include <iostream>
 #include <iterator>
+#include <span>
 #include <sstream>
+#include <string_view>
 
 #include "Backup.h"
 #include "Check.h"
@@ -31,6 +33,7 @@ namespace {
 
 using pack::Inventory;
 using pack::ReadSif;
+using pack::ReadSifBlocks;
 using pack::SifDocument;
 using pack::ToInventory;
 using pack::WriteSif;
@@ -103,17 +106,53 @@ std::optional<Format> FormatOf(const QCommandLineParser& p, const QString& file)
   return std::nullopt;
 }
 
-// `bytes` to the -o file, or to standard output without one.
-int Emit(Io& io, const std::string& bytes, const QString& output) {
-  if (output.isEmpty() || output == "-") {
-    io.out << bytes;
-    io.out.flush();
-    return io.out ? kExitOk : Fail(io, "cannot write to standard output");
+// The -o file, or standard output without one. The file is made at the
+// first write, so a command that fails before it leaves none.
+class Output {
+ public:
+  Output(Io& io, const QString& name) : io_(io), name_(name == "-" ? QString() : name) {}
+
+  void Write(std::string_view bytes) {
+    if (!name_.isEmpty() && !file_.is_open() && file_.good()) file_.open(S(name_), std::ios::binary | std::ios::trunc);
+    Stream().write(bytes.data(), static_cast<std::streamsize>(bytes.size()));
   }
-  std::ofstream f(S(output), std::ios::binary | std::ios::trunc);
-  if (f) f << bytes;
-  if (!f.flush()) return Fail(io, S(output) + ": cannot be written");
-  return kExitOk;
+
+  int Finish() {
+    Write({});  // an empty result still makes its file
+    if (Stream().flush()) return kExitOk;
+    return Fail(io_, name_.isEmpty() ? "cannot write to standard output" : S(name_) + ": cannot be written");
+  }
+
+ private:
+  std::ostream& Stream() { return name_.isEmpty() ? io_.out : file_; }
+
+  Io& io_;
+  QString name_;
+  std::ofstream file_;
+};
+
+int Emit(Io& io, const std::string& bytes, const QString& output) {
+  Output out(io, output);
+  out.Write(bytes);
+  return out.Finish();
+}
+
+// Each block of slides goes out as soon as it is read, so an export holds
+// one block, whatever the size of the file.
+int ExportCsv(Io& io, const std::string& path, const QString& output) {
+  Output out(io, output);
+  std::string csv;
+  AppendCsvHeader(csv);
+  SifDocument doc;
+  std::string message;
+  const auto take = [&](std::span<const SlideRecord> slides) {
+    for (const SlideRecord& slide : slides) AppendCsvSlide(csv, slide);
+    out.Write(csv);
+    csv.clear();
+  };
+  if (!ReadSifBlocks(path, doc, take, message)) return Fail(io, message);
+  out.Write(csv);
+  return out.Finish();
 }
 
 bool ReadInput(Io& io, const QString& name, std::string& bytes, std::string& message) {
@@ -157,10 +196,12 @@ int RunExport(const QStringList& args, Io& io) {
   if (!Parse(p, args, io, status)) return status;
   const auto format = FormatOf(p, p.value(kOutput));
   if (!format) return Usage(io, "--format takes csv or json");
+  const std::string path = S(p.positionalArguments()[0]);
+  if (*format == Format::Csv) return ExportCsv(io, path, p.value(kOutput));
   SifDocument doc;
   std::string message;
-  if (!ReadSif(S(p.positionalArguments()[0]), doc, message)) return Fail(io, message);
-  return Emit(io, *format == Format::Json ? ExportJson(ToInventory(doc)) : ExportCsv(doc), p.value(kOutput));
+  if (!ReadSif(path, doc, message)) return Fail(io, message);
+  return Emit(io, ExportJson(ToInventory(doc)), p.value(kOutput));
 }
 
 int RunImport(const QStringList& args, Io& io) {

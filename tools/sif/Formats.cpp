@@ -128,18 +128,17 @@ bool ReadSlide(const QJsonValue& v, const std::string& row, SlideRow& slide, std
 
 }  // namespace
 
-// Straight from the records: no text of its own for any field.
-std::string ExportCsv(const SifDocument& doc) {
-  std::string out;
-  out.reserve(doc.Slides.size() * kRecordLength);  // enough for most; it grows beyond
+void AppendCsvHeader(std::string& out) {
   std::array<std::string_view, kFields.size()> row;
   for (std::size_t c = 0; c < row.size(); ++c) row[c] = kFields[c].name;
   AppendCsvRecord(out, row);
-  for (std::size_t i = 1; i < doc.Slides.size(); ++i) {
-    for (std::size_t c = 0; c < row.size(); ++c) row[c] = RTrimView(doc.Slides[i].View(kFields[c].field));
-    AppendCsvRecord(out, row);
-  }
-  return out;
+}
+
+// Straight from the record: no text of its own for any field.
+void AppendCsvSlide(std::string& out, const SlideRecord& slide) {
+  std::array<std::string_view, kFields.size()> row;
+  for (std::size_t c = 0; c < row.size(); ++c) row[c] = RTrimView(slide.View(kFields[c].field));
+  AppendCsvRecord(out, row);
 }
 
 bool ImportCsv(std::string_view text, Inventory& inv, std::string& message) {

@@ -12,9 +12,10 @@ namespace cb::sif {
 
 enum class Format { Csv, Json };
 
-// A header row of the field names in record order, then one row per slide,
-// each field as text (see FieldToUtf8).
-std::string ExportCsv(const pack::SifDocument& doc);
+// CSV is a header row of the field names in record order, then one row per
+// slide, each field as text (see FieldToUtf8); these append the rows.
+void AppendCsvHeader(std::string& out);
+void AppendCsvSlide(std::string& out, const SlideRecord& slide);
 
 // Reads slides from CSV whose first row names the columns: any of the nine
 // fields, in any order and letter case; a field without a column is empty.
