@@ -55,9 +55,7 @@ TEST(StatusTest, FillsTheArrayOnlyOnFailure) {
   EXPECT_EQ(errors, (ErrorArray{"kept0", "kept1", "kept2"}));
   EXPECT_FALSE(Report(Status::Described("Cannot find it."), errors));
   EXPECT_EQ(errors, (ErrorArray{"kept0", "kept1", "Cannot find it."}));
-  const Status s(RtError::PathNotFound, "DataAccess");
-  EXPECT_FALSE(s.ok());
-  EXPECT_FALSE(Report(s, errors));
+  EXPECT_FALSE(Report(Status(RtError::PathNotFound, "DataAccess"), errors));
   EXPECT_EQ(errors, (ErrorArray{"76", "DataAccess", "Path not found"}));
 }
 
@@ -128,18 +126,14 @@ TEST(FileListingTest, DirectoriesAreCleanedAgainstTheBase) {
 TEST(FaceMetrics, WidthsComeFromTheAdvanceTableByCharacter) {
   const NamedFace* verdana = FindNamedFace("Verdana");
   ASSERT_NE(verdana, nullptr);
-  struct Row {
-    const char* text;
-    double ems;
-  };
-  const Row rows[] = {
+  const std::pair<const char*, double> rows[] = {  // text, width in ems
       {"", 0},
       {" ~", 0.351 + 0.818},  // both ends of the table
       {"Slide: F1", 0.683 + 0.274 * 2 + 0.623 + 0.595 + 0.454 + 0.351 + 0.574 + 0.635},
       {"caf\xC3\xA9", 0.520 + 0.600 + 0.351 + 0.635},  // one character beyond the table, two bytes
       {"\t", 0.635},
   };
-  for (const Row& r : rows) EXPECT_NEAR(WidthInEms(*verdana, r.text), r.ems, 1e-9) << r.text;
+  for (const auto& [text, ems] : rows) EXPECT_NEAR(WidthInEms(*verdana, text), ems, 1e-9) << text;
   EXPECT_EQ(StandIns(*verdana).front(), "DejaVu Sans");
   EXPECT_EQ(FindNamedFace("Tahoma"), nullptr);
 }
