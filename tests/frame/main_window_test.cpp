@@ -244,7 +244,9 @@ TEST_P(WallpaperStartupTest, ReadsTheDefaultFileAndNeverStopsForItsWallpaper) {
   std::filesystem::create_directories(app / "wallpaper");
   const std::string path = app / ("wallpaper/" + row.wallpaper);
   if (!row.content.empty()) testing::WriteFile(path, row.content);
-  if (row.content == "picture") QImage(8, 6, QImage::Format_RGB32).save(QString::fromStdString(path));
+  QImage picture(8, 6, QImage::Format_RGB32);
+  picture.fill(Qt::darkBlue);
+  if (row.content == "picture") picture.save(QString::fromStdString(path));
   ASSERT_TRUE(StartProgram());
   EXPECT_TRUE(TheMDIMain().isVisible());
   EXPECT_FALSE(Globals().MainController->FirstRun);
@@ -367,6 +369,7 @@ TEST_P(AddSlideTest, AppendsTheRecordAndCopiesUnlessInPlace) {
   if (!std::filesystem::exists(source)) {
     std::filesystem::create_directories(source.parent_path());
     QImage picture(5, 5, QImage::Format_RGB32);
+    picture.fill(Qt::red);
     ASSERT_TRUE(picture.save(QString::fromStdString(source.string()), "JPG"));
   }
   const auto stamp = std::filesystem::last_write_time(app / "Gallery/p1.png");

@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// The application's state: where the program works (its own directory from a
-// build tree, or the user's data directory seeded once from the shipped tree),
-// the controller's paths and keys, the main window's rules, the command line.
+// The application's state: where the program works and how it seeds the user's
+// folder, the controller's paths and keys, the main window's rules, the command line.
 
 #include <gtest/gtest.h>
 
