@@ -15,6 +15,8 @@
 #include <QBuffer>
 #include <QDir>
 #include <QFile>
+#include <QLabel>
+#include <QLineEdit>
 #include <QImageReader>
 #include <QMdiSubWindow>
 #include <QPainter>
@@ -37,6 +39,7 @@
 #include "qt/StretchImage.h"
 #include "state/SettingsStore.h"
 #include "state/modGlobal.h"
+#include "storage/SifReader.h"
 
 namespace {
 
@@ -300,12 +303,49 @@ void BM_Vipsthumbnail2(benchmark::State& state) {
   }
 }
 
+// A keystroke in the find bar over a full collection of 32,767 slides (the
+// camera pictures named again and again) while the pictures of the matches'
+// first page are cached: the query, the cells and the status text. It must
+// be drawn within one frame, 16 ms.
+void BM_FindKeystroke(benchmark::State& state) {
+  cb::ModGlobal& g = cb::Globals();
+  const cb::SlideArray kept = g.Slides;
+  g.Slides.assign(1, cb::SlideRecord());
+  for (int i = 1; i <= cb::kMaxRecords; ++i) {
+    cb::SlideRecord r;
+    r.Set(cb::Field::PictureFile, QString("picture%1.jpg").arg(i % kPictures + 1, 2, 10, QChar('0')).toStdString());
+    r.Set(cb::Field::SlideText, "Picture " + std::to_string(i));
+    r.Set(cb::Field::Location, i % 4 ? "Lounge" : "Garage");
+    r.Set(cb::Field::Value, std::to_string(i % 1000));
+    g.Slides.push_back(r);
+  }
+  g.MainController->NumberOfRecords(cb::kMaxRecords);
+  LoadFirstPage(false);
+  cb::frmGallery* gallery = cb::TheMDIMain().fGallery();
+  gallery->mnuEditFind_Click();
+  // Each keystroke types or takes back the last character.
+  const QString typed[] = {"location:garage picture 12 value>5", "location:garage picture 1 value>5"};
+  for (const QString& text : typed) gallery->txtFind->setText(text);
+  cb::GalleryPictures::Instance().WaitForIdle();
+  int k = 0;
+  for (auto _ : state) {
+    gallery->txtFind->setText(typed[k++ % 2]);
+    gallery->repaint();  // the frame itself: cells, bar and count drawn
+  }
+  state.SetLabel(gallery->lblFound->text().toStdString() + "; one frame is 16 ms");
+  gallery->CloseFindBar();
+  g.Slides = kept;
+  g.MainController->NumberOfRecords(kPictures);
+  LoadFirstPage();
+}
+
 BENCHMARK(BM_FirstVisit)->Unit(benchmark::kMillisecond)->UseRealTime()->MinTime(cb::bench::MinTime(2.0));
 BENCHMARK(BM_FirstVisitSmallCells)->Unit(benchmark::kMillisecond)->UseRealTime()->MinTime(cb::bench::MinTime(2.0));
 BENCHMARK(BM_Revisit)->Unit(benchmark::kMillisecond)->UseRealTime()->MinTime(cb::bench::MinTime(1.0));
 BENCHMARK(BM_ScrollStep)->Unit(benchmark::kMillisecond)->UseRealTime()->MinTime(cb::bench::MinTime(2.0));
 BENCHMARK(BM_NewSession)->Unit(benchmark::kMillisecond)->UseRealTime()->MinTime(cb::bench::MinTime(2.0));
 BENCHMARK(BM_DecodeFloor)->Unit(benchmark::kMillisecond)->UseRealTime()->MinTime(cb::bench::MinTime(2.0));
+BENCHMARK(BM_FindKeystroke)->Unit(benchmark::kMillisecond)->UseRealTime()->MinTime(cb::bench::MinTime(1.0));
 BENCHMARK(BM_Vipsthumbnail2)->Unit(benchmark::kMillisecond)->UseRealTime()->MinTime(cb::bench::MinTime(2.0));
 
 // The screen the cells are measured on: 1920x1080 at 96 dpi.

@@ -62,6 +62,7 @@ void MDIMain::mnuFileNew_Click() {
   if (Exists(d, selected, selected) && !OverwriteConfirmed(selected, kNewFileTitle)) return;
   ModGlobal& g = Globals();
   UIMainController& mc = *g.MainController;
+  g.FindQuery.clear();
   g.Slides.assign(1, SlideRecord());
   mc.NumberOfRecords(0);
   if (!typed.contains('.')) typed += ".sif";
@@ -77,6 +78,7 @@ void MDIMain::CaptionGallery() {
 // Points the settings at `path` and reads it; a file that does not load is told.
 void MDIMain::OpenFile(const std::string& path) {
   UIMainController& mc = *Globals().MainController;
+  Globals().FindQuery.clear();  // a query belongs to the file it was typed over
   if (!mc.SetRegistryKeys(path)) return;
   if (Report(mc.LoadSettings(), errors_))
     CaptionGallery();

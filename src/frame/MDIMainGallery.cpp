@@ -98,6 +98,9 @@ void MDIMain::AddSlideWindow(frmSlide* slide) {
   connect(slide, &frmSlide::Clicked, this, [this, slide] { SlideClicked(slide); });
   connect(slide, &frmSlide::EditorOpened, this, [this](frmEditSlide* editor) {
     connect(editor, &frmEditSlide::StatusTextChanged, this, &MDIMain::SetStatusText);
+    connect(editor, &QDialog::accepted, this, [this] {
+      if (gallery_) gallery_->SlideEdited();
+    });
   });
   QMdiSubWindow* sub = area_->addSubWindow(slide);
   sub->setAttribute(Qt::WA_DeleteOnClose);

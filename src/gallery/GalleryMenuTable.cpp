@@ -26,6 +26,11 @@ constexpr MenuItemRow kGalleryFile[] = {
     {M::FilePassword, "mnuFilePassword", "&Password", 1, S::Normal},
 };
 
+constexpr MenuItemRow kGalleryEdit[] = {
+    {M::Edit, "mnuEdit", "&Edit", 0, S::Normal},
+    {M::EditFind, "mnuEditFind", "&Find...", 1, S::Normal, "Ctrl+F"},
+};
+
 constexpr MenuItemRow kGallerySlidesAndWindow[] = {
     {M::Slides, "mnuSlides", "&Slides", 0, S::Normal},
     {M::SlidesAdd, "mnuSlidesAdd", "&Add Slide", 1, S::Normal},
@@ -59,7 +64,7 @@ constexpr MenuItemRow kGalleryPopups[] = {
 
 const std::vector<MenuItemRow>& GalleryMenu() {
   static const std::vector<MenuItemRow> menu = JoinMenus(
-      {kGalleryFile, kHistoryItems, kViewMenu, kGallerySlidesAndWindow, kHelpMenu, kGalleryPopups, kWallpaperPopup});
+      {kGalleryFile, kHistoryItems, kGalleryEdit, kViewMenu, kGallerySlidesAndWindow, kHelpMenu, kGalleryPopups, kWallpaperPopup});
   return menu;
 }
 

@@ -5,10 +5,15 @@
 #include <QApplication>
 #include <QCloseEvent>
 #include <QDropEvent>
+#include <QHBoxLayout>
+#include <QLabel>
+#include <QLineEdit>
 #include <QMdiSubWindow>
 #include <QMenu>
 #include <QPointer>
+#include <QPushButton>
 #include <QScrollBar>
+#include <QKeyEvent>
 #include <QTimer>
 #include <cmath>
 
@@ -72,6 +77,7 @@ frmGallery::frmGallery() {
   FlatScrollBar1->setContextMenuPolicy(Qt::NoContextMenu);  // the bar has no menu of its own
   connect(FlatScrollBar1, &QScrollBar::valueChanged, this, &frmGallery::FlatScrollBar1_Change);
   CreateMenus();
+  CreateFindBar();
   setAcceptDrops(true);
   setFocusPolicy(Qt::StrongFocus);  // so the window has the keyboard, and F1, when it is active
   InstallF1(*this);
@@ -100,10 +106,78 @@ void frmGallery::CreateMenus() {
   connect(Item(MenuId::SlidesModify), &QAction::triggered, this, &frmGallery::mnuSlidesModify_Click);
   connect(Item(MenuId::Popup1Delete), &QAction::triggered, this, &frmGallery::mnuPopup1Delete_Click);
   connect(Item(MenuId::Popup3Reset), &QAction::triggered, this, &frmGallery::mnuPopupReset_Click);
+  connect(Item(MenuId::EditFind), &QAction::triggered, this, &frmGallery::mnuEditFind_Click);
   for (MenuId what : {MenuId::Popup1What, MenuId::Popup3What, MenuId::Popup4What})
     connect(Item(what), &QAction::triggered, this, [this, what] { ShowWhat(what); });
   for (MenuId help : {MenuId::Popup1Help, MenuId::Popup3Help, MenuId::Popup4Help})
     connect(Item(help), &QAction::triggered, this, [this] { ShowHelp(*this); });
+}
+
+void frmGallery::CreateFindBar() {
+  FindBar = new QWidget(this);
+  FindBar->setObjectName("FindBar");
+  FindBar->hide();
+  txtFind = new QLineEdit(FindBar);
+  txtFind->setObjectName("txtFind");
+  txtFind->setAccessibleName("Find slides");
+  txtFind->setWhatsThis(
+      "Type words to show only the slides that hold all of them, in any field.  A \"quoted phrase\" is found "
+      "as typed, -word leaves out the slides with it, location:garage looks in one field, and value>500 or "
+      "value:100..500 compare the value.  Press F1 for more.");
+  lblFound = new QLabel(FindBar);
+  lblFound->setObjectName("lblFound");
+  lblFound->setAccessibleName("Slides found");
+  lblFound->setWhatsThis("How many slides the words in the find box show, out of all the slides of the file.");
+  cmdFindClose = new QPushButton("Close", FindBar);
+  cmdFindClose->setObjectName("cmdFindClose");
+  cmdFindClose->setAccessibleName("Close find bar");
+  cmdFindClose->setWhatsThis("Closes the find bar and shows every slide again, from the first page.");
+  auto* row = new QHBoxLayout(FindBar);
+  row->setContentsMargins(4, 2, 4, 2);
+  row->addWidget(txtFind, 1);
+  row->addWidget(lblFound);
+  row->addWidget(cmdFindClose);
+  connect(txtFind, &QLineEdit::textChanged, this, &frmGallery::FindTextChanged);
+  connect(cmdFindClose, &QPushButton::clicked, this, &frmGallery::CloseFindBar);
+  txtFind->installEventFilter(this);  // Esc in the box closes the bar
+}
+
+bool frmGallery::eventFilter(QObject* watched, QEvent* e) {
+  if (watched == txtFind && e->type() == QEvent::KeyPress &&
+      static_cast<QKeyEvent*>(e)->key() == Qt::Key_Escape) {
+    CloseFindBar();
+    return true;
+  }
+  return QWidget::eventFilter(watched, e);
+}
+
+void frmGallery::mnuEditFind_Click() {
+  // Built before the first keystroke, which then only runs its query.
+  if (!index_) index_.emplace(Globals().Slides);
+  if (!findOpen_) {
+    findOpen_ = true;
+    FindBar->show();
+    LayOut();
+  }
+  txtFind->setFocus();
+  txtFind->selectAll();
+}
+
+void frmGallery::CloseFindBar() {
+  if (!findOpen_) return;
+  findOpen_ = false;
+  FindBar->hide();
+  const QSignalBlocker quiet(txtFind);
+  txtFind->clear();
+  ApplyFind({});
+  LayOut();
+  ShowMatches();
+  setFocus();
+}
+
+std::optional<std::int32_t> frmGallery::FoundCount() const {
+  if (!shown_.Filtered()) return std::nullopt;
+  return Shown();
 }
 
 void frmGallery::ShowWhat(MenuId item) {
@@ -118,10 +192,14 @@ void frmGallery::resizeEvent(QResizeEvent*) {
 
 void frmGallery::LayOut() {
   const DrawingLock lock(this);
-  Picture1->setGeometry(rect());
+  // The grid keeps to the area above the find bar, laid out as ever.
+  const int find = findOpen_ ? FindBar->sizeHint().height() : 0;
+  const int gridHeight = height() - find;
+  FindBar->setGeometry(0, gridHeight, width(), find);
+  Picture1->setGeometry(0, 0, width(), gridHeight);
   const int bar = TwipsToPixelsY(kScrollBarHeight);
-  FlatScrollBar1->setGeometry(0, height() - bar, width(), bar);
-  ApplyWrites(LayOutGallery(PixelsToTwipsX(width()), PixelsToTwipsY(height()), kScrollBarHeight), placed_);
+  FlatScrollBar1->setGeometry(0, gridHeight - bar, width(), bar);
+  ApplyWrites(LayOutGallery(PixelsToTwipsX(width()), PixelsToTwipsY(gridHeight), kScrollBarHeight), placed_);
   for (int i = 1; i <= kGalleryElements; ++i) {
     const ElementRect& r = placed_[static_cast<std::size_t>(i - 1)];
     Image1(i)->setGeometry(TwipsRect(r));
@@ -145,7 +223,7 @@ void frmGallery::Image1_MouseUp(int index, Qt::MouseButton button, QPointF pos) 
   } else {
     SkipClick = false;
   }
-  if (index <= kGalleryCells) mc.CurrentImageNumber(RecordInCell(mc.CurrentlyActiveBase(), index));
+  if (index <= kGalleryCells) mc.CurrentImageNumber(RecordAt(RecordInCell(mc.CurrentlyActiveBase(), index)));
 }
 
 void frmGallery::Image1_Click(int index) {
@@ -157,8 +235,7 @@ void frmGallery::Image1_Click(int index) {
 void frmGallery::Form_Activate() {
   SkipClick = false;
   UIMainController& mc = *Globals().MainController;
-  const auto n = static_cast<std::int32_t>(Globals().Slides.size()) - 1;
-  mc.CurrentlyActiveRoof(RoofOnActivate(mc.CurrentlyActiveRoof(), n));
+  mc.CurrentlyActiveRoof(RoofOnActivate(mc.CurrentlyActiveRoof(), Shown()));
   SetStatusText();
   emit Activated();
 }
@@ -169,7 +246,7 @@ void frmGallery::mnuPopup1Delete_Click() {
   question.exec();
   if (!question.Confirmed) return;
   ModGlobal& g = Globals();
-  if (GalleryController.DeleteSlide(PopupSlideIndex, *g.MainController, g.Slides)) {
+  if (RemoveSlide(PopupSlideIndex)) {
     if (!Report(g.MainController->SaveSettings(), errors_)) MsgBox(kCannotSave, vbCritical, kErrorTitle);
     PopupSlideIndex = -1;
   }

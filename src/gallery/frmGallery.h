@@ -8,20 +8,26 @@
 #include <QWidget>
 #include <array>
 #include <map>
+#include <optional>
 
 #include "base/RuntimeError.h"
 #include "dialogs/SlideRequest.h"
+#include "find/SlideQuery.h"
 #include "gallery/GalleryLayout.h"
 #include "gallery/UIGalleryController.h"
 #include "qt/MenuBuilder.h"
 
 class QAction;
+class QLabel;
+class QLineEdit;
 class QMenu;
+class QPushButton;
 class QScrollBar;
 
 namespace cb {
 
 class StretchImage;
+class frmLoading;
 class frmModifySlide;
 struct ScrollStep;
 
@@ -53,6 +59,14 @@ class frmGallery : public QWidget {
   void mnuSlidesModify_Click();
   void mnuPopup1Delete_Click();
   void mnuPopupReset_Click();
+  // Opens the find bar along the foot of the window and gives it the keyboard.
+  void mnuEditFind_Click();
+  // Closes it, clearing the query: every slide again, from the first page.
+  void CloseFindBar();
+  // A slide's details were edited: the next query reads the slides anew.
+  void SlideEdited() { index_.reset(); }
+  // How many slides the find bar's query shows; nothing while every slide is.
+  std::optional<std::int32_t> FoundCount() const;
   // JPEGs dropped from a file manager become slides, in the order dropped,
   // as Add Slide makes them, with one save; other files are named back.
   void AddDroppedPictures(const std::vector<std::string>& paths);
@@ -61,6 +75,10 @@ class frmGallery : public QWidget {
   StretchImage* Image1(int index) const { return images_[static_cast<std::size_t>(index - 1)]; }
   QScrollBar* FlatScrollBar1;
   QWidget* Picture1;
+  QWidget* FindBar;
+  QLineEdit* txtFind;
+  QLabel* lblFound;
+  QPushButton* cmdFindClose;
   QAction* Item(MenuId id) const { return menus_.Item(id); }
   QMenu* Menu(MenuId id) const { return menus_.Menu(id); }
   const QList<QMenu*>& MenuBarMenus() const { return menus_.bar; }
@@ -102,10 +120,31 @@ class frmGallery : public QWidget {
   // A drop with a slide file in it is left to the main window.
   void dragEnterEvent(QDragEnterEvent* e) override;
   void dropEvent(QDropEvent* e) override;
+  bool eventFilter(QObject* watched, QEvent* e) override;
 
  private:
   void CreateMenus();
+  void CreateFindBar();
   void Load();
+  // Base, Roof and CurrentImageNumber as a load opens them.
+  void SetOpeningWindow();
+  // The first page's slides, the empty cells and the bar, as a load fills
+  // them, into cleared cells; false when a failure ended it. `loading` shows
+  // the progress, where there is one.
+  bool FillFirstPage(frmLoading* loading);
+  // Each keystroke in the find bar: the matches from the first page.
+  void FindTextChanged(const QString& text);
+  // Parses `text` (UTF-8) and shows its matches from the next fill on.
+  void ApplyFind(const std::string& text);
+  void ShowMatches();
+  // The find bar's count, e.g. "37 of 1,204 slides".
+  void ShowFoundCount();
+  // N: how many slides the gallery shows, and the record at a position.
+  std::int32_t Shown() const;
+  std::int32_t RecordAt(std::int32_t position) const;
+  // Removes the slide of cell `index` of the page on show, as its position
+  // among the slides shown says.
+  bool RemoveSlide(std::int32_t index);
   void LayOut();
   void SetStatusText();
   void ClearSlideImages();
@@ -140,6 +179,10 @@ class frmGallery : public QWidget {
   BuiltMenus menus_;
   UIGalleryController GalleryController;
   ErrorArray errors_;
+  ShownSlides shown_;
+  SlideQuery query_;
+  std::optional<SlideIndex> index_;  // built at the first query; a removal outdates it
+  bool findOpen_ = false;
 };
 
 }  // namespace cb

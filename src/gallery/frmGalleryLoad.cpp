@@ -2,6 +2,7 @@
 // The gallery's load: frames first, then up to fifteen slides with the
 // missing-file protocol, tool tips, empty cells, the bar and the status text.
 #include <QLabel>
+#include <QLineEdit>
 #include <QProgressBar>
 #include <QScrollBar>
 #include <algorithm>
@@ -78,11 +79,34 @@ void frmGallery::SharpenCells() {
 void frmGallery::LookAround() {
   const UIMainController& mc = *Globals().MainController;
   QStringList paths;
-  for (std::int32_t r = mc.CurrentlyActiveRoof() + 1; r <= mc.CurrentlyActiveRoof() + 3 && r <= UpperBound(); ++r)
-    paths << GalleryPicturePath(r);
-  for (std::int32_t r = std::max(1, mc.CurrentlyActiveBase() - 3); r < mc.CurrentlyActiveBase(); ++r)
-    paths << GalleryPicturePath(r);
+  for (std::int32_t p = mc.CurrentlyActiveRoof() + 1; p <= mc.CurrentlyActiveRoof() + 3 && p <= Shown(); ++p)
+    paths << GalleryPicturePath(RecordAt(p));
+  for (std::int32_t p = std::max(1, mc.CurrentlyActiveBase() - 3); p < mc.CurrentlyActiveBase(); ++p)
+    paths << GalleryPicturePath(RecordAt(p));
   GalleryPictures::Instance().LookAhead(paths, GalleryCellBound(), CellPixels());
+}
+
+std::int32_t frmGallery::Shown() const { return shown_.Count(UpperBound()); }
+
+std::int32_t frmGallery::RecordAt(std::int32_t position) const { return shown_.Record(position, UpperBound()); }
+
+bool frmGallery::RemoveSlide(std::int32_t index) {
+  index_.reset();
+  const bool removed = GalleryController.DeleteSlide(index, shown_, *Globals().MainController, Globals().Slides);
+  ShowFoundCount();
+  return removed;
+}
+
+void frmGallery::ShowFoundCount() {
+  lblFound->setText(Utf8ToQ(FoundText(std::size_t(Shown()), std::size_t(UpperBound()), query_)));
+}
+
+void frmGallery::SetOpeningWindow() {
+  UIMainController& mc = *Globals().MainController;
+  const RecordWindow opening = OpeningWindow(Shown());
+  mc.CurrentlyActiveBase(opening.Base);
+  mc.CurrentlyActiveRoof(opening.Roof);
+  mc.CurrentImageNumber(RecordAt(opening.CurrentImageNumber));
 }
 
 void frmGallery::Load() {
@@ -96,40 +120,54 @@ void frmGallery::Load() {
   GalleryController = UIGalleryController();
   if (QWidget* frame = parentWidget())
     frame->resize(TwipsToPixelsX(mc.FormWidth()), TwipsToPixelsY(mc.FormHeight()));
-  const std::int32_t n = UpperBound();
-  const RecordWindow opening = OpeningWindow(n);
-  mc.CurrentlyActiveBase(opening.Base);
-  mc.CurrentlyActiveRoof(opening.Roof);
-  mc.CurrentImageNumber(opening.CurrentImageNumber);
+  // A query kept from the gallery this one replaces applies again.
+  if (!g.FindQuery.empty()) {
+    const std::string query = g.FindQuery;
+    mnuEditFind_Click();
+    const QSignalBlocker quiet(txtFind);
+    txtFind->setText(Utf8ToQ(query));
+    ApplyFind(query);
+  }
+  SetOpeningWindow();
   loading.repaint();
 
   QImage frame;
   LoadPicture(FilePath(mc.AppPath() + mc.GetGraphicsDirectory(), mc.BackgroundImage()), frame, GalleryCellBound());
   for (int i = 1; i <= kGalleryCells; ++i) Image1(FrameOf(i))->SetPicture(frame);
+  if (!FillFirstPage(&loading)) {
+    UnloadLoading();
+    return;
+  }
+  for (std::int32_t i = Shown() + 1; i <= kGalleryCells; ++i) Image1(FrameOf(i))->SetPicture(frame);
+  emit PageLoaded();
+  SetStatusText();
+  UnloadLoading();
+  PopupSlideIndex = -1;
+  LookAround();
+}
 
+bool frmGallery::FillFirstPage(frmLoading* loading) {
+  const UIMainController& mc = *Globals().MainController;
+  const std::int32_t n = Shown();
   // The page's pictures decode together ahead of the loop, which keeps its order.
   QStringList paths;
-  for (std::int32_t i = 1; i <= n && i <= kGalleryCells; ++i) paths << GalleryPicturePath(i);
+  for (std::int32_t i = 1; i <= n && i <= kGalleryCells; ++i) paths << GalleryPicturePath(RecordAt(i));
   GalleryPictures::Instance().Fill(paths, GalleryCellBound(), CellPixels());
 
   for (std::int32_t i = 1; i <= n && i <= kGalleryCells; ++i) {
-    if (!LoadCell(i, i) || RecordInCell(mc.CurrentlyActiveBase(), i) > UpperBound()) {
-      // Any other failure ends the load here, leaving the rest as it stands.
-      UnloadLoading();
-      return;
+    // Any other failure ends the load here, leaving the rest as it stands.
+    if (!LoadCell(i, i) || RecordInCell(mc.CurrentlyActiveBase(), i) > Shown()) return false;
+    NameCell(i, RecordAt(RecordInCell(mc.CurrentlyActiveBase(), i)));
+    if (loading) {
+      loading->ProgressBar1->setValue(i);
+      loading->repaint();
     }
-    NameCell(i, RecordInCell(mc.CurrentlyActiveBase(), i));
-    loading.ProgressBar1->setValue(i);
-    loading.repaint();
   }
 
-  const std::int32_t now = UpperBound();
+  const std::int32_t now = Shown();
   if (now - 1 < kGalleryCells) {
     FlatScrollBar1->setEnabled(false);
-    for (std::int32_t i = now + 1; i <= kGalleryCells; ++i) {
-      NameCell(i, 0);
-      Image1(FrameOf(i))->SetPicture(frame);
-    }
+    for (std::int32_t i = now + 1; i <= kGalleryCells; ++i) NameCell(i, 0);
   }
   if (FlatScrollBar1->isEnabled()) {
     const ToolkitBarRange range = MapToToolkitBar(GalleryScrollRange(now));
@@ -138,47 +176,71 @@ void frmGallery::Load() {
     FlatScrollBar1->setSingleStep(range.singleStep);
     FlatScrollBar1->setPageStep(range.pageStep);
     FlatScrollBar1->setValue(range.minimum);
-    g.GalleryScrollValue = LoadScrollValue(range);
+    Globals().GalleryScrollValue = LoadScrollValue(range);
   }
-  emit PageLoaded();
+  return true;
+}
+
+void frmGallery::FindTextChanged(const QString& text) {
+  ApplyFind(text.toStdString());
+  ShowMatches();
+}
+
+void frmGallery::ApplyFind(const std::string& text) {
+  Globals().FindQuery = text;
+  query_ = ParseQuery(text);
+  if (query_.Empty()) {
+    shown_.ShowAll();
+    return ShowFoundCount();
+  }
+  if (!index_) index_.emplace(Globals().Slides);
+  shown_.ShowOnly(index_->Find(query_));
+  ShowFoundCount();
+}
+
+void frmGallery::ShowMatches() {
+  const DrawingLock lock(this);
+  ClearSlideImages();
+  FlatScrollBar1->setEnabled(true);
+  SetOpeningWindow();
+  if (!FillFirstPage(nullptr)) return;
   SetStatusText();
-  UnloadLoading();
   PopupSlideIndex = -1;
   LookAround();
 }
 
-bool frmGallery::LoadCell(int cell, std::int32_t record) {
+bool frmGallery::LoadCell(int cell, std::int32_t position) {
   for (;;) {
-    if (record > UpperBound()) return false;  // the collection shrank under the loop
+    if (position > Shown()) return false;  // the collection shrank under the loop
     QImage picture;
-    const RtError e = Picture(cell, GalleryPicturePath(record), picture);
+    const RtError e = Picture(cell, GalleryPicturePath(RecordAt(position)), picture);
     if (e == RtError::None) {
       Image1(cell)->SetPicture(std::move(picture));
       return true;
     }
     // A record that cannot be removed would be retried for ever.
     if (e == RtError::FileNotFound) {
-      if (!MissingSlide(record)) return false;
+      if (!MissingSlide(position)) return false;
     } else if (e == RtError::InvalidPicture) {
-      if (!GalleryController.DeleteSlide(record, *Globals().MainController, Globals().Slides)) return false;
+      if (!RemoveSlide(position)) return false;
     } else {
       return false;
     }
   }
 }
 
-bool frmGallery::MissingSlide(std::int32_t record) {
+bool frmGallery::MissingSlide(std::int32_t position) {
   ModGlobal& g = Globals();
   UIMainController& mc = *g.MainController;
   if (WarnMissingSlides) {
-    WarnAnswer = MsgBox(NotFoundText(g.Slides[static_cast<std::size_t>(record)].Get(Field::PictureFile)), vbYesNo,
-                        kNotFoundTitle);
+    WarnAnswer = MsgBox(NotFoundText(g.Slides[static_cast<std::size_t>(RecordAt(position))].Get(Field::PictureFile)),
+                        vbYesNo, kNotFoundTitle);
     if (WarnAnswer == vbNo) WarnMissingSlides = false;
   }
-  // A record number stands where a cell index is expected: with Base above 1
+  // A position stands where a cell index is expected: with Base above 1
   // the slide removed is not always the one whose file is missing.
-  if (!GalleryController.DeleteSlide(record, mc, g.Slides)) return false;
-  mc.CurrentlyActiveRoof(std::min(UpperBound(), std::int32_t{kGalleryCells}));
+  if (!RemoveSlide(position)) return false;
+  mc.CurrentlyActiveRoof(std::min(Shown(), std::int32_t{kGalleryCells}));
   Report(mc.SaveSettings(), errors_);
   return true;
 }
@@ -203,7 +265,7 @@ void frmGallery::NameCell(int cell, std::int32_t record) {
 
 void frmGallery::SetStatusText() {
   const UIMainController& mc = *Globals().MainController;
-  emit StatusTextChanged(ToQ(GalleryStatusText(mc.CurrentlyActiveBase(), mc.CurrentlyActiveRoof(), UpperBound())));
+  emit StatusTextChanged(ToQ(GalleryStatusText(mc.CurrentlyActiveBase(), mc.CurrentlyActiveRoof(), Shown())));
 }
 
 }  // namespace cb

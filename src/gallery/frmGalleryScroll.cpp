@@ -29,8 +29,6 @@ void Store(UIMainController& mc, const RecordWindow& w) {
   mc.CurrentImageNumber(w.CurrentImageNumber);
 }
 
-std::int32_t UpperBound() { return static_cast<std::int32_t>(Globals().Slides.size()) - 1; }
-
 }  // namespace
 
 void frmGallery::FlatScrollBar1_Change(int value) {
@@ -40,7 +38,7 @@ void frmGallery::FlatScrollBar1_Change(int value) {
   loading->show();
   loading->lblText->setText(kRefreshingText);
   loading->repaint();
-  const ScrollStep step = BeginScroll(Window(mc), g.GalleryScrollValue, HandlerValue(value), UpperBound());
+  const ScrollStep step = BeginScroll(Window(mc), g.GalleryScrollValue, HandlerValue(value), Shown());
   if (step.refused) {
     if (step.pushBack) FlatScrollBar1->setValue(*step.pushBack);  // runs the handler again, with D = 0
     UnloadLoading();
@@ -49,9 +47,9 @@ void frmGallery::FlatScrollBar1_Change(int value) {
   }
   Store(mc, step.window);
   RefillCells(step);
-  const ScrollFinish finish = FinishScroll(step, Window(mc), UpperBound());
+  const ScrollFinish finish = FinishScroll(step, Window(mc), Shown());
   Store(mc, finish.window);
-  emit StatusTextChanged(ToQ(GalleryStatusText(finish.window.Base, finish.statusRoof, UpperBound())));
+  emit StatusTextChanged(ToQ(GalleryStatusText(finish.window.Base, finish.statusRoof, Shown())));
   UnloadLoading();
   g.GalleryScrollValue = step.scrollValue;
   LookAround();
@@ -64,27 +62,27 @@ void frmGallery::RefillCells(const ScrollStep& step) {
   QStringList paths;
   for (int c = 1; c <= step.refill.Cells() && c <= kGalleryCells; ++c) {
     const std::int32_t r = step.refill.RecordFor(c);
-    if (FillFor(step.refill, r, UpperBound()) == CellFill::Load) paths << GalleryPicturePath(r);
+    if (FillFor(step.refill, r, Shown()) == CellFill::Load) paths << GalleryPicturePath(RecordAt(r));
   }
   GalleryPictures::Instance().Fill(paths, GalleryCellBound(), CellPixels());
   std::int32_t cell = 1;
   for (; cell <= step.refill.Cells() && cell <= kGalleryCells; ++cell) {
     const std::int32_t r = step.refill.RecordFor(cell);
-    const CellFill fill = FillFor(step.refill, r, UpperBound());
+    const CellFill fill = FillFor(step.refill, r, Shown());
     if (fill == CellFill::Load) {
       for (;;) {
         QImage picture;
-        const RtError e = Picture(cell, GalleryPicturePath(r), picture);
-        if (e == RtError::FileNotFound && r <= UpperBound()) {
+        const RtError e = Picture(cell, GalleryPicturePath(RecordAt(r)), picture);
+        if (e == RtError::FileNotFound && r <= Shown()) {
           if (!MissingSlide(r)) break;  // nothing was removed: the cell stays empty
-          if (r > UpperBound()) break;
+          if (r > Shown()) break;
           continue;  // the same statement once more
         }
         if (e == RtError::None) Image1(cell)->SetPicture(std::move(picture));
         else UnloadLoading();  // an invalid picture leaves the cell empty
         break;
       }
-      if (r <= UpperBound()) NameCell(cell, r);
+      if (r <= Shown()) NameCell(cell, RecordAt(r));
     } else if (fill == CellFill::OutOfRange) {
       UnloadLoading();
     }

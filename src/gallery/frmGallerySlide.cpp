@@ -28,7 +28,7 @@ std::shared_ptr<const PictureSource> SlidePicture(std::int32_t record) {
 bool frmGallery::ShowSlide(std::int16_t index) {
   if (index < 1 || index > kGalleryCells || !Image1(index)->HasPicture()) return false;
   UIMainController& mc = *Globals().MainController;
-  mc.CurrentImageNumber(RecordInCell(mc.CurrentlyActiveBase(), index));
+  mc.CurrentImageNumber(RecordAt(RecordInCell(mc.CurrentlyActiveBase(), index)));
   const std::int32_t record = mc.CurrentImageNumber();
   if (record < 0 || record >= static_cast<std::int32_t>(Globals().Slides.size())) return true;
   emit SlideWanted({SlidePicture(record), Image1(index)->toolTip().trimmed(), {}, false});

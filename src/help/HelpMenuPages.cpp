@@ -81,6 +81,42 @@ std::string WindowMenuBody(const PageLinks&) {
   return s;
 }
 
+namespace {
+
+struct QueryRow {
+  std::string_view typed, finds;
+};
+
+constexpr QueryRow kQueryRows[] = {
+    {"garage drill", "slides holding both words, in any field and any order"},
+    {"&quot;power drill&quot;", "the words together, as typed"},
+    {"-tools", "slides without the word"},
+    {"location:garage", "the word in one field: text, category, location, make, model, serial, file or value"},
+    {"value&gt;500, value&lt;=100", "a value above 500, or of at most 100"},
+    {"value:100..500", "a value from 100 to 500, both included"},
+};
+
+// The gallery's Edit menu and its find bar, on the page of its Slides menu.
+std::string EditMenuBody() {
+  std::string s = SubHeading("Edit Menu");
+  s += Item("Find",
+            "Opens the find bar at the foot of the gallery (Ctrl+F).&nbsp; As you type, the gallery shows only the "
+            "slides that match, in the order of the file, from the first page, and the bar counts them.&nbsp; "
+            "Capitals and accents make no difference: cafe finds Caf&eacute; and strasse finds "
+            "Stra&szlig;e.&nbsp; A slide you click, edit or remove is the one shown.&nbsp; Close the bar, or press "
+            "Esc in it, to see every slide again.");
+  s += Table({"Type", "To find"});
+  for (const auto& row : kQueryRows) s += "<tr>" + Cell(row.typed) + Cell(row.finds) + "</tr>";
+  s += "</table>";
+  s += Para(
+      "A part that cannot be read, such as an unclosed quote or value&gt;abc, is looked for as plain words, and "
+      "the bar says so.&nbsp; While the bar holds words, Claim Pack on the File menu can take only the slides "
+      "found.");
+  return s;
+}
+
+}  // namespace
+
 std::string SlidesMenuBody(const PageLinks& l) {
   std::string s = "<p><font face='Verdana' size='2'><u><b>Slides Menu<br>";
   s += "</b></u>The Slides menu is on the menu bar while the gallery is the active window.</font></p>";
@@ -102,7 +138,7 @@ std::string SlidesMenuBody(const PageLinks& l) {
       "<b>Note:</b> a template cannot be altered for an existing gallery.&nbsp; Clicking OK in Set Slide Template "
       "starts a new, empty Slide Information File under the template chosen; bring the pictures of the old gallery "
       "across with Modify Slide Collection.");
-  return s;
+  return s + EditMenuBody();
 }
 
 std::string ToolbarBody(const PageLinks& l) {

@@ -30,6 +30,11 @@ std::string SubHeading(std::string_view text);
 std::string Item(std::string_view name, std::string_view text);
 // A bullet list of short lines.
 std::string Bullets(std::initializer_list<std::string_view> lines);
+// A cell of a table's row.
+std::string Cell(std::string_view text);
+// The opening of a bordered table and its row of headings; the caller adds
+// the rows and "</table>".
+std::string Table(std::initializer_list<std::string_view> headings);
 
 // Where the program's maker is found; set by whoever ships the program.
 inline constexpr std::string_view kWebSite = "http://www.chattelbook.example/";

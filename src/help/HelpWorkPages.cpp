@@ -16,8 +16,6 @@ constexpr GroupingRow kGroupings[] = {
     {"Car Yard", "Sedan, Wagon, Utility", "Year: 1998, 1999, 2000"},
 };
 
-std::string Cell(std::string_view text) { return "<td><font face='Verdana' size='2'>" + std::string(text) + "</font></td>"; }
-
 }  // namespace
 
 std::string StoringBody(const PageLinks& l) {
@@ -31,8 +29,7 @@ std::string StoringBody(const PageLinks& l) {
       "Use one file for each group of things you want to keep apart, such as one for each property.&nbsp; Within "
       "a file the slides are grouped by category and by a second grouping that depends on the " +
       l.Link("help015.htm", "template") + ":");
-  s += "<table border='1' cellspacing='0' cellpadding='3' width='90%'><tr>" + Cell("<b>Template</b>") +
-       Cell("<b>Category</b>") + Cell("<b>Second grouping</b>") + "</tr>";
+  s += Table({"Template", "Category", "Second grouping"});
   for (const auto& row : kGroupings)
     s += "<tr>" + Cell(row.templateName) + Cell(row.category) + Cell(row.grouping) + "</tr>";
   s += "</table>";

@@ -9,11 +9,13 @@ namespace {
 constexpr bool kCloses = true, kStays = false;
 constexpr char kNoHelp[] = "";
 constexpr char kFileMenuPage[] = "help003.htm";
+// The gallery's own menus, Slides and Edit, and its find bar.
+constexpr char kGalleryMenuPage[] = "help009.htm";
 
 // A window's own row stands for the window and every control without a row
 // of its own. The dialogs close, so a caller waiting on one finds it
 // cancelled; the main working windows stay.
-constexpr std::array<WindowHelp, 28> kRows{{
+constexpr std::array<WindowHelp, 30> kRows{{
     {"frmCommonDialog", "", kQuickStartPage, kCloses},
     {"frmDirectory", "", kQuickStartPage, kCloses},
     {"dlgRemoveSlide", "", kQuickStartPage, kCloses},
@@ -41,10 +43,12 @@ constexpr std::array<WindowHelp, 28> kRows{{
     {"frmEditSlideVEH", "cboCategory", kNoHelp, kStays},
     {"frmEditSlideVEH", "cboLocation", "help011.htm", kStays},
     {"frmReport", "Help", "help012.htm", kStays},  // the viewer's toolbar button
+    {"frmGallery", "FindBar", kGalleryMenuPage, kStays},
     // Menu items with F1 of their own, in either menu bar.
     {kMenuHelpRows, "mnuFileClaim", kFileMenuPage, kStays},
     {kMenuHelpRows, "mnuFileBackup", kFileMenuPage, kStays},
     {kMenuHelpRows, "mnuFileRestore", kFileMenuPage, kStays},
+    {kMenuHelpRows, "mnuEditFind", kGalleryMenuPage, kStays},
 }};
 
 }  // namespace

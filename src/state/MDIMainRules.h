@@ -25,9 +25,10 @@ inline constexpr char kErrorTitle[] = "Error";
 // the gallery's bar shares its id with the main window's item of the same
 // purpose, whatever the two are named.
 enum class MenuId : std::uint8_t {
-  File, View, Slides, Window, Help, Popup1, Popup2, Popup3, Popup4,
+  File, Edit, View, Slides, Window, Help, Popup1, Popup2, Popup3, Popup4,
   FileNew, FileOpen, Bar1, FileSaveAs, Bar2, FileClaim, FileBackup, FileRestore, FileGallery, FileWallpaper, Bar3, FilePassword,
   Bar4, FileHist1, FileHist2, FileHist3, FileHist4, Bar5, FileExit,
+  EditFind,
   ViewToolbar, ViewStatusbar,
   SlidesAdd, SlidesModify, SlidesTemplate,
   WindowVertical, WindowHorizontal, WindowCascade,
@@ -55,6 +56,7 @@ struct MenuItemRow {
   std::string_view caption;
   int depth;
   ItemState state;
+  std::string_view shortcut = {};  // as QKeySequence reads it, e.g. "Ctrl+F"
   // Live when the window is made: normal or checked.
   constexpr bool Enabled() const { return state != ItemState::Off; }
 };

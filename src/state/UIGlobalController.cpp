@@ -62,7 +62,10 @@ std::vector<std::string> UIGlobalController::AppendSlides(const std::vector<std:
 }
 
 bool UIGlobalController::DeleteSlide(std::int32_t index, UIMainController& mc, SlideArray& slides) const {
-  const std::int32_t p = mc.CurrentlyActiveBase() + index - 1;
+  return RemoveRecord(mc.CurrentlyActiveBase() + index - 1, mc, slides);
+}
+
+bool UIGlobalController::RemoveRecord(std::int32_t p, UIMainController& mc, SlideArray& slides) const {
   // Below the first slide lies the header, which no removal may overwrite.
   if (p < 1) return false;
   if (p <= static_cast<std::int32_t>(slides.size()) - 1) ShiftDown(p, slides);

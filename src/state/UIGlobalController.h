@@ -36,6 +36,8 @@ class UIGlobalController {
   // index - 1); a number past the end removes the last slide all the same.
   // False, removing nothing, when that record number is below 1.
   bool DeleteSlide(std::int32_t index, UIMainController& mc, SlideArray& slides) const;
+  // The same for record `p` itself.
+  bool RemoveRecord(std::int32_t p, UIMainController& mc, SlideArray& slides) const;
 
   // Removes the first slide whose picture is `fileName` (exact). The last
   // slide goes when none matches, and the result is then false.

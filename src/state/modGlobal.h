@@ -24,6 +24,9 @@ struct ModGlobal {
   // Set by edits, cleared by a load or save; the program saves at each edit instead.
   bool SlidesChanged = false;
   std::int32_t GalleryScrollValue = 0;
+  // What the gallery's find bar holds (UTF-8): it outlives the gallery's
+  // rebuilds, and opening another file clears it.
+  std::string FindQuery;
   FileHistory History;
   bool SplashDismissed = false;
   // Where the last mouse press happened, in twips; what's-this notes open there.

@@ -7,6 +7,7 @@
 #include <QDateTime>
 #include <QFile>
 #include <QLabel>
+#include <QLineEdit>
 #include <QListWidget>
 #include <QMdiSubWindow>
 #include <QMenu>
@@ -220,6 +221,70 @@ TEST_F(GalleryWindowTest, RightClickOnCellThreeOfThePageFromSixteenRemovesEighte
   EXPECT_EQ(Trim(Globals().Slides[18].Get(Field::SlideText)), "Slide 19");
   EXPECT_EQ(Trim(Globals().Slides[17].Get(Field::SlideText)), "Slide 17");
   EXPECT_EQ(Mc().CurrentlyActiveBase(), 1);  // a new gallery on the first page
+}
+
+// The find bar: the grid above it, steps, clicks and removals through the
+// matches, the query kept over the rebuild, and Esc giving everything back.
+TEST_F(GalleryWindowTest, FindBarShowsTheMatchesAndCommandsTakeTheSlideShown) {
+  Start(60);
+  ModGlobal& g = Globals();
+  for (int i = 3; i <= 60; i += 3) g.Slides[std::size_t(i)].Set(Field::Location, "Garage");
+  g.Slides[9].Set(Field::Make, "Tools");
+  ErrorArray errors;
+  ASSERT_TRUE(Report(Mc().SaveSettings(), errors));
+  const SlideArray before = g.Slides;
+  const QImage closed = Gallery().grab().toImage();
+  QApplication::setActiveWindow(&TheMDIMain());
+  TheMDIMain().MdiArea()->setActiveSubWindow(qobject_cast<QMdiSubWindow*>(Gallery().parentWidget()));
+  QTest::keyClick(&Gallery(), Qt::Key_F, Qt::ControlModifier);
+  ASSERT_TRUE(Gallery().FindBar->isVisible());
+  EXPECT_LT(Gallery().FlatScrollBar1->geometry().bottom(), Gallery().FindBar->y());
+  QTest::keyClick(Gallery().txtFind, Qt::Key_F1);
+  EXPECT_EQ(HelpPage(), "help009.htm");
+
+  QTest::keyClicks(Gallery().txtFind, "GARAGE -tools");
+  EXPECT_EQ(Gallery().lblFound->text(), "19 of 60 slides");
+  EXPECT_EQ(Shown(), (std::vector<int>{3, 6, 12, 15, 18, 21, 24, 27, 30, 33, 36, 39, 42, 45, 48}));
+  Gallery().FlatScrollBar1->setValue(2);
+  EXPECT_EQ(Shown(), (std::vector<int>{15, 18, 21, 24, 27, 30, 33, 36, 39, 42, 45, 48, 51, 54, 57}));
+  EXPECT_EQ(TheMDIMain().StatusText(), "Slides: 4 to 18 of 19");
+  QTest::mouseClick(Gallery().Image1(2), Qt::LeftButton);
+  auto* slide = qobject_cast<frmSlide*>(FindOpenForm("frmSlide"));
+  ASSERT_NE(slide, nullptr);
+  EXPECT_EQ(slide->Image1->toolTip(), "Slide 18");
+  EXPECT_EQ(Mc().CurrentImageNumber(), 18);  // what the editor edits
+
+  QTimer::singleShot(0, [] {
+    if (auto* q = qobject_cast<dlgRemoveSlide*>(QApplication::activeModalWidget())) q->cmdOK->click();
+  });
+  QTest::mouseClick(Gallery().Image1(1), Qt::RightButton);
+  Gallery().Menu(MenuId::Popup1)->hide();
+  Gallery().Item(MenuId::Popup1Delete)->trigger();
+  QCoreApplication::processEvents();
+  SlideArray expected = before;
+  expected.erase(expected.begin() + 15);
+  EXPECT_EQ(std::vector(g.Slides.begin() + 1, g.Slides.end()), std::vector(expected.begin() + 1, expected.end()));
+  EXPECT_EQ(Gallery().txtFind->text(), "GARAGE -tools");
+  EXPECT_EQ(Gallery().lblFound->text(), "18 of 59 slides");
+  EXPECT_EQ(Shown(), (std::vector<int>{3, 6, 12, 18, 21, 24, 27, 30, 33, 36, 39, 42, 45, 48, 51}));  // by their texts
+
+  QTest::keyClick(Gallery().txtFind, Qt::Key_Escape);
+  EXPECT_FALSE(Gallery().FindBar->isVisible());
+  EXPECT_EQ(Shown(), (std::vector<int>{1, 2, 3, 4, 5, 6, 7, 8, 9, 10, 11, 12, 13, 14, 16}));
+  EXPECT_EQ(TheMDIMain().StatusText(), "Slides: 1 to 15 of 59");
+  EXPECT_EQ(Gallery().grab().toImage(), closed);
+}
+
+// A query kept over a rebuild applies at the load, and a missing picture among
+// its matches is the slide removed: the matches after it move down.
+TEST_F(GalleryWindowTest, MissingPictureAmongTheMatchesOfAKeptQuery) {
+  Globals().FindQuery = "\"slide 1\"";
+  Start(30, {12});
+  ASSERT_EQ(messages.size(), 1);
+  EXPECT_TRUE(messages[0].contains("'p12.png'"));
+  EXPECT_EQ(Mc().NumberOfRecords(), 29);
+  EXPECT_EQ(Shown(), (std::vector<int>{1, 10, 11, 13, 14, 15, 16, 17, 18, 19, 0, 0, 0, 0, 0}));
+  EXPECT_EQ(Gallery().lblFound->text(), "10 of 29 slides");
 }
 
 // A slide window beside the gallery: names, menu bars, its help page and cascading each its own.
