@@ -39,23 +39,23 @@ void Add(double& total, double v) {
   if (const double t = total + v; std::isfinite(t)) total = t;
 }
 
-void AddGroups(const SifDocument& doc, ReportKind kind, const ReportLocale& locale, ClaimContent& c) {
+void AddGroups(const SlideArray& slides, ReportKind kind, const ReportLocale& locale, ClaimContent& c) {
   const bool byCategory = kind == ReportKind::ByCategory;
   const Field groupField = byCategory ? Field::Category : Field::Location;
   const Field entryField = byCategory ? Field::Location : Field::Category;
   KeyList categories(1), locations(1);
-  GetCategories(doc.Slides, categories);
-  GetLocations(doc.Slides, locations);
+  GetCategories(slides, categories);
+  GetLocations(slides, locations);
   const KeyList& groups = byCategory ? categories : locations;
   const KeyList& entries = byCategory ? locations : categories;
   ValueMatrix matrix(static_cast<std::int32_t>(groups.size()) - 1, static_cast<std::int32_t>(entries.size()) - 1);
-  SumValues(doc.Slides, groupField, entryField, groups, entries, matrix);
+  SumValues(slides, groupField, entryField, groups, entries, matrix);
 
   // A slide counts where the summary sums it: both its fields non-blank.
   std::map<std::string, std::int32_t> counts;
-  for (std::size_t i = 1; i < doc.Slides.size(); ++i) {
-    const std::string g = Trim(doc.Slides[i].Get(groupField));
-    if (!g.empty() && !Trim(doc.Slides[i].Get(entryField)).empty())
+  for (std::size_t i = 1; i < slides.size(); ++i) {
+    const std::string g = Trim(slides[i].Get(groupField));
+    if (!g.empty() && !Trim(slides[i].Get(entryField)).empty())
       ++counts[g];
     else
       ++c.ungrouped;
@@ -82,21 +82,36 @@ std::string DefaultGalleryDir(const std::string& filePath) {
   return (dir.parent_path() / "Gallery").string();
 }
 
+SlideArray MatchingSlides(const SlideArray& slides, const SlideQuery& query, std::vector<std::int32_t>& numbers) {
+  numbers = SlideIndex(slides).Find(query);
+  SlideArray matching;
+  matching.reserve(numbers.size() + 1);
+  matching.push_back(slides.at(0));
+  for (const std::int32_t n : numbers) matching.push_back(slides[static_cast<std::size_t>(n)]);
+  return matching;
+}
+
 ClaimContent MakeClaimContent(const SifDocument& doc, const std::string& filePath, const std::string& galleryDir,
-                              ReportKind kind, const ReportLocale& locale) {
+                              ReportKind kind, const ReportLocale& locale, std::string_view where) {
+  // Without a query the file's own slides, copied nowhere.
+  const SlideQuery query = ParseQuery(where);
+  std::vector<std::int32_t> numbers;
+  const SlideArray matching = query.Empty() ? SlideArray() : MatchingSlides(doc.Slides, query, numbers);
+  const SlideArray& slides = query.Empty() ? doc.Slides : matching;
+
   ClaimContent c;
   const std::int32_t t = TemplateOf(doc).value_or(1);
   c.fileName = fs::path(filePath).filename().string();
   c.templateName = kTemplateNames[LabelColumn(t) + 1];
-  c.slideCount = static_cast<std::int32_t>(doc.Slides.size()) - 1;
+  c.slideCount = static_cast<std::int32_t>(slides.size()) - 1;
   c.locationWord = LabelOf(Field::Location, t);
   c.groupWord = kind == ReportKind::ByCategory ? "Category" : c.locationWord;
-  AddGroups(doc, kind, locale, c);
+  AddGroups(slides, kind, locale, c);
 
-  for (std::size_t i = 1; i < doc.Slides.size(); ++i) {
-    const SlideRecord& r = doc.Slides[i];
+  for (std::size_t i = 1; i < slides.size(); ++i) {
+    const SlideRecord& r = slides[i];
     ClaimSlide s;
-    s.number = static_cast<std::int32_t>(i);
+    s.number = query.Empty() ? static_cast<std::int32_t>(i) : numbers[i - 1];
     s.text = Shown(r.Get(Field::SlideText));
     s.picture = Cp1252ToUtf8(Trim(StripAtNul(r.Get(Field::PictureFile))));
     if (PlainName(s.picture)) {

@@ -5,9 +5,11 @@
 
 #include <optional>
 #include <string>
+#include <string_view>
 #include <vector>
 
 #include "base/NumberRules.h"
+#include "find/SlideQuery.h"
 #include "pack/SifFile.h"
 #include "reports/SummaryPage.h"
 
@@ -48,8 +50,14 @@ struct ClaimContent {
 // The claim of `doc`, read from `filePath`, grouped by `kind`, with pictures
 // looked up in `galleryDir`. Totals follow the summary report, values are
 // shown as its sub-report shows them, amounts with `locale`'s separator.
+// With a find query in `where` (UTF-8), the count, totals and blocks are
+// those of the matching slides alone, each under its record number.
 ClaimContent MakeClaimContent(const SifDocument& doc, const std::string& filePath, const std::string& galleryDir,
-                              ReportKind kind, const ReportLocale& locale);
+                              ReportKind kind, const ReportLocale& locale, std::string_view where = {});
+
+// The header record of `slides`, then the slides `query` matches in file
+// order; `numbers` gets their record numbers.
+SlideArray MatchingSlides(const SlideArray& slides, const SlideQuery& query, std::vector<std::int32_t>& numbers);
 
 // The gallery beside the file's own folder: "Files/x.sif" has "Gallery/".
 std::string DefaultGalleryDir(const std::string& filePath);

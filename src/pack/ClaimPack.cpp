@@ -32,7 +32,8 @@ Status MakeClaimPack(const ClaimRequest& request, const JobProgress& progress, s
   std::string message;
   if (!ReadSif(request.sifPath, doc, message)) return Status::Described(message);
 
-  const ClaimContent content = MakeClaimContent(doc, request.sifPath, galleryDir, request.kind, SystemReportLocale());
+  const ClaimContent content =
+      MakeClaimContent(doc, request.sifPath, galleryDir, request.kind, SystemReportLocale(), request.where);
   const ClaimPdfOptions options{request.page, QLocale::system().toString(QDate::currentDate(), QLocale::LongFormat)};
   if (Status written = WriteClaimPdf(content, options, request.pdfPath, progress); !written.ok()) return written;
   for (const auto& s : content.slides)

@@ -20,6 +20,7 @@ struct ClaimRequest {
   ReportKind kind = ReportKind::ByCategory;
   QPageSize::PageSizeId page = QPageSize::A4;
   std::string pdfPath;
+  std::string where{};  // a find query (UTF-8); empty: every slide
 };
 
 // Letter where the system's locale measures in inches, else A4.

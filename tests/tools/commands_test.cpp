@@ -12,6 +12,8 @@
 #include <QBuffer>
 #include <QImage>
 
+#include <regex>
+
 #include "Csv.h"
 #include "Formats.h"
 #include "SifTools.h"
@@ -64,6 +66,7 @@ const ExitCase kExitCases[] = {
     {"claim on A5", "claim @/good.sif --page a5 -o @/x.pdf", 2, "--page takes a4 or letter"},
     {"backup into no folder", "backup @/good.sif -o @/none/b.tar.gz", 1, "@/none/b.tar.gz: No such file or directory"},
     {"claim without a gallery", "claim @/good.sif --gallery @/none -o @/x.pdf", 1, ""},
+    {"--where twice, claim", "claim @/good.sif --where a --where b -o @/x.pdf", 2, "--where is given more than once"},
 };
 
 TEST(Commands, ExitStatusesAndStreams) {
@@ -105,6 +108,35 @@ TEST(Commands, ShowLabelsFieldsAsTheTemplatesEditorDoes) {
   EXPECT_THAT(r.out, HasSubstr("\nSlide 1\n  Picture:        car.jpg\n  Slide Text:     Ford\n  Category:       Sedan\n"
                                "  Year:           1998\n  Regn #:         ABC-123\n  Colour:         Red\n"
                                "  Price:          4990\n"));
+}
+
+// --where keeps to the slides found, in file order, show's under their record numbers.
+TEST(Commands, WhereKeepsToTheSlidesFound) {
+  Scratch dir;
+  const std::string file = dir / "h.sif";
+  WriteAsProgram(file, {},
+                 {{"d.jpg", "Drill", "Tools", "Garage"},
+                  {"s.jpg", "Sofa", "Furniture", "Lounge"},
+                  {"b.jpg", "Bench", "Tools", "Garage", "", "", "", "600"}});
+  // In order: show's count and numbers, the CSV header, the slides' texts.
+  const auto said = [](const std::string& out) {
+    static const std::regex marks("\\d+ of 3|Slide \\d+|PictureFile|Drill|Sofa|Bench");
+    std::string seen;
+    for (std::sregex_iterator m(out.begin(), out.end(), marks), end; m != end; ++m) seen += m->str() + "|";
+    return seen;
+  };
+  const std::pair<std::vector<std::string>, const char*> cases[] = {
+      {{"show", file, "--where", "location:garage"}, "2 of 3|Slide 1|Drill|Slide 3|Bench|"},
+      {{"show", file, "--where", ""}, "Slide 1|Drill|Slide 2|Sofa|Slide 3|Bench|"},
+      {{"export", file, "--where", "garage value>500"}, "PictureFile|Bench|"},
+      {{"export", file, "--where", "tools", "--format", "json"}, "Drill|Bench|"},
+  };
+  for (const auto& [args, expected] : cases) {
+    SCOPED_TRACE(args[0] + " --where '" + args[3] + "'");
+    const Outcome r = RunInProcess(args);
+    EXPECT_EQ(r.status, kExitOk) << r.err;
+    EXPECT_EQ(said(r.out), expected);
+  }
 }
 
 // "-o /dev/null" or a pipe is written into, never replaced by a plain file;

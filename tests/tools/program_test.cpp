@@ -233,6 +233,19 @@ TEST(Claim, TotalsAreTheSummaryReports) {
   }
 }
 
+// A claim with --where totals and lists the slides found alone, under their numbers.
+TEST(Claim, WhereKeepsToTheSlidesFound) {
+  Fixture f({1});
+  const ClaimContent claim =
+      MakeClaimContent(f.Read(), f.path, f.app / "Gallery", ReportKind::ByCategory, FixedLocale("."), "location:study");
+  EXPECT_EQ(claim.grandTotal, "1.100");  // the lamp, the unnamed and the desk
+  const Outcome r = RunProcess({"claim", f.path, "--where", "location:study", "-o", f.app / "study.pdf"});
+  EXPECT_EQ(r.err,
+            "slide 4: picture \"lamp.jpg\" is missing, marked in the claim\n"
+            "slide 5: no picture named, marked in the claim\n"
+            "slide 7: picture \"desk.jpg\" is missing, marked in the claim\n");
+}
+
 std::string Squeezed(const std::string& text) { return std::regex_replace(text, std::regex("\\s+"), " "); }
 
 // Pictures are looked up in the gallery only, never where a name climbs out of it.

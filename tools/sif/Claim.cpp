@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "Claim.h"
 
+#include "Where.h"
 #include "pack/ClaimPack.h"
 
 namespace cb::sif {
@@ -11,7 +12,7 @@ int RunClaim(const QStringList& args, const CommandIo& io) {
   const QCommandLineOption by(QString("by"), "category or location", "GROUPING");
   const QCommandLineOption page(QString("page"), "a4 or letter", "SIZE");
   const QCommandLineOption output({"o", "output"}, "the PDF to write", "CLAIM.pdf");
-  p.addOptions({gallery, by, page, output});
+  p.addOptions({gallery, by, page, output, WhereOption()});
   int status = kExitOk;
   if (!ParseOne(p, args, io, status)) return status;
   if (p.value(output).isEmpty()) return UsageError(io, "claim needs -o CLAIM.pdf");
@@ -27,10 +28,13 @@ int RunClaim(const QStringList& args, const CommandIo& io) {
     request.page = QPageSize::Letter;
   else if (p.isSet(page))
     return UsageError(io, "--page takes a4 or letter");
+  SlideQuery query;  // read again by the claim itself
+  if (!WhereQuery(p, io, query, status)) return status;
 
   request.sifPath = p.positionalArguments()[0].toStdString();
   request.galleryDir = p.value(gallery).toStdString();
   request.pdfPath = p.value(output).toStdString();
+  request.where = p.value(WhereOption()).toStdString();
   std::vector<std::string> notes;
   if (const Status made = pack::MakeClaimPack(request, pack::Unwatched, notes); !made.ok())
     return DataError(io, made.description());

@@ -22,7 +22,9 @@
 #include "Report.h"
 #include "Show.h"
 #include "Thumbnail.h"
+#include "Where.h"
 #include "base/Cp1252.h"
+#include "pack/ClaimContent.h"
 #include "pack/Inventory.h"
 #include "pack/SifFile.h"
 #include "qt/SystemLocale.h"
@@ -41,12 +43,13 @@ using pack::WriteSif;
 constexpr std::string_view kProgram = "chattelbook-sif";
 
 constexpr std::string_view kUsage =
-    "Usage: chattelbook-sif show FILE.sif\n"
-    "  or:  chattelbook-sif export FILE.sif [--format csv|json] [-o OUT]\n"
+    "Usage: chattelbook-sif show FILE.sif [--where QUERY]\n"
+    "  or:  chattelbook-sif export FILE.sif [--where QUERY] [--format csv|json] [-o OUT]\n"
     "  or:  chattelbook-sif import IN [--format csv|json] -o FILE.sif [--template 1|2|3] [--force]\n"
     "  or:  chattelbook-sif report FILE.sif --by category|location [--key KEY] [--font NAME] [-o OUT]\n"
     "  or:  chattelbook-sif check FILE.sif [--gallery DIR]\n"
-    "  or:  chattelbook-sif claim FILE.sif [--gallery DIR] [--by category|location] [--page a4|letter] -o CLAIM.pdf\n"
+    "  or:  chattelbook-sif claim FILE.sif [--where QUERY] [--gallery DIR] [--by category|location]\n"
+    "                            [--page a4|letter] -o CLAIM.pdf\n"
     "  or:  chattelbook-sif backup FILE.sif [--gallery DIR] -o ARCHIVE.tar.gz\n"
     "  or:  chattelbook-sif restore ARCHIVE.tar.gz --to APPDIR [--force]\n"
     "  or:  chattelbook-sif thumbnail FILE.sif OUT.png [--size N]\n"
@@ -73,6 +76,12 @@ constexpr std::string_view kUsage =
     "             program's icon\n"
     "\n"
     "DIR defaults to the Gallery folder beside the file's own folder.\n"
+    "\n"
+    "With --where, show, export and claim keep to the slides QUERY finds, as the\n"
+    "gallery's find bar does, each under its record number: words all found in\n"
+    "some field, \"a phrase\", -word not found, field:word (text, category,\n"
+    "location, make, model, serial, file, value), value>500, value<=100,\n"
+    "value:100..500; case and accents aside. An empty QUERY finds every slide.\n"
     "\n"
     "Without --format, a file name ending in \".json\" means JSON, any other CSV.\n"
     "Exit status: 0 success, 1 a problem with the data or a file, 2 bad usage.\n";
@@ -179,29 +188,42 @@ const QCommandLineOption kOutput({"o", "output"}, "output file", "OUT");
 
 int RunShow(const QStringList& args, Io& io) {
   QCommandLineParser p;
+  p.addOption(WhereOption());
   int status = kExitOk;
-  if (!Parse(p, args, io, status)) return status;
+  SlideQuery query;
+  if (!Parse(p, args, io, status) || !WhereQuery(p, Shared(io), query, status)) return status;
   const std::string path = S(p.positionalArguments()[0]);
   SifDocument doc;
   std::string message;
   if (!ReadSif(path, doc, message)) return Fail(io, message);
-  io.out << ShowText(path, doc);
+  io.out << ShowText(path, doc, query);
   return kExitOk;
 }
 
 int RunExport(const QStringList& args, Io& io) {
   QCommandLineParser p;
-  p.addOptions({kFormat, kOutput});
+  p.addOptions({kFormat, kOutput, WhereOption()});
   int status = kExitOk;
   if (!Parse(p, args, io, status)) return status;
   const auto format = FormatOf(p, p.value(kOutput));
   if (!format) return Usage(io, "--format takes csv or json");
+  SlideQuery query;
+  if (!WhereQuery(p, Shared(io), query, status)) return status;
   const std::string path = S(p.positionalArguments()[0]);
-  if (*format == Format::Csv) return ExportCsv(io, path, p.value(kOutput));
+  if (*format == Format::Csv && query.Empty()) return ExportCsv(io, path, p.value(kOutput));
+  // A query is answered from an index of the whole file, so the file is read whole.
   SifDocument doc;
   std::string message;
   if (!ReadSif(path, doc, message)) return Fail(io, message);
-  return Emit(io, ExportJson(ToInventory(doc)), p.value(kOutput));
+  if (!query.Empty()) {
+    std::vector<std::int32_t> numbers;
+    doc.Slides = pack::MatchingSlides(doc.Slides, query, numbers);
+  }
+  if (*format == Format::Json) return Emit(io, ExportJson(ToInventory(doc)), p.value(kOutput));
+  std::string csv;
+  AppendCsvHeader(csv);
+  for (std::size_t i = 1; i < doc.Slides.size(); ++i) AppendCsvSlide(csv, doc.Slides[i]);
+  return Emit(io, csv, p.value(kOutput));
 }
 
 int RunImport(const QStringList& args, Io& io) {

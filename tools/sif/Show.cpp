@@ -2,6 +2,7 @@
 #include "Show.h"
 
 #include <array>
+#include <numeric>
 #include <string_view>
 
 #include "pack/Inventory.h"
@@ -33,7 +34,7 @@ std::string TemplateText(const SifDocument& doc) {
 
 }  // namespace
 
-std::string ShowText(const std::string& path, const SifDocument& doc) {
+std::string ShowText(const std::string& path, const SifDocument& doc, const SlideQuery& query) {
   std::string out;
   Line(out, "", "File", path);
   Line(out, "", "Template", TemplateText(doc));
@@ -41,12 +42,18 @@ std::string ShowText(const std::string& path, const SifDocument& doc) {
   Line(out, "", "Wallpaper", FieldToUtf8(doc.Header.Wallpaper));
   Line(out, "", "Report font", FieldToUtf8(doc.Header.ReportFont));
   Line(out, "", "Slides", std::to_string(doc.Slides.size() - 1));
+  std::vector<std::int32_t> numbers(doc.Slides.size() - 1);
+  std::iota(numbers.begin(), numbers.end(), 1);
+  if (!query.Empty()) {
+    numbers = SlideIndex(doc.Slides).Find(query);
+    Line(out, "", "Found", FoundText(numbers.size(), doc.Slides.size() - 1, query));
+  }
 
   const std::size_t column = LabelColumn(TemplateOf(doc).value_or(1));
-  for (std::size_t i = 1; i < doc.Slides.size(); ++i) {
+  for (const std::int32_t i : numbers) {
     out += "\nSlide " + std::to_string(i) + "\n";
     for (const auto& l : kFieldLabels) {
-      const std::string value = FieldToUtf8(doc.Slides[i].Get(l.field));
+      const std::string value = FieldToUtf8(doc.Slides[static_cast<std::size_t>(i)].Get(l.field));
       if (!value.empty()) Line(out, "  ", l.label[column], value);
     }
   }
