@@ -9,6 +9,7 @@
 
 #include "dialogs/frmCommonDialog.h"
 #include "frame/MDIMain.h"
+#include "gallery/frmGallery.h"
 #include "pack/Backup.h"
 #include "pack/ClaimPack.h"
 #include "pack/frmClaimPack.h"
@@ -113,9 +114,10 @@ bool ReplaceConfirmed(const pack::RestorePlan& plan) {
 }  // namespace
 
 void MDIMain::mnuFileClaim_Click() {
-  frmClaimPack choices(this);
+  frmClaimPack choices(this, gallery_ ? gallery_->FoundCount() : std::nullopt);
   if (choices.exec() != QDialog::Accepted) return;
   pack::ClaimRequest request{OpenFilePath(), GalleryDir(), choices.ChosenKind(), choices.ChosenPage(), {}};
+  if (choices.OnlyFound()) request.where = Globals().FindQuery;
   request.pdfPath = ChosenSavePath("Save Claim Pack", pack::DefaultClaimPath(request.sifPath), kClaimType,
                                    kClaimPattern);
   if (request.pdfPath.empty() || !MayWrite(request.pdfPath, kClaimPackTitle)) return;

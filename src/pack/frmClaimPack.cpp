@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "pack/frmClaimPack.h"
 
+#include <QCheckBox>
 #include <QGroupBox>
 #include <QPushButton>
 #include <QRadioButton>
@@ -22,6 +23,9 @@ constexpr ElementRect kFirstOption{180, 330, 1740, 300};
 constexpr ElementRect kSecondOption{180, 720, 1740, 300};
 constexpr double kButtonsTop = 1440;
 constexpr double kClientWidth = 4335, kClientHeight = 1995;
+// The found slides' box, when there is one, pushes the buttons down by its row.
+constexpr ElementRect kFoundBox{180, 1380, 4035, 300};
+constexpr double kFoundRow = 390;
 
 QRadioButton* Option(QGroupBox* frame, const char* name, const QString& caption, const ElementRect& place) {
   auto* option = new QRadioButton(caption, frame);
@@ -39,7 +43,7 @@ QGroupBox* Frame(QWidget* dialog, const char* name, const char* caption, const E
 
 }  // namespace
 
-frmClaimPack::frmClaimPack(QWidget* parent) : QDialog(parent) {
+frmClaimPack::frmClaimPack(QWidget* parent, std::optional<std::int32_t> found) : QDialog(parent) {
   setObjectName("frmClaimPack");
   setWindowTitle(kClaimPackTitle);
   // The location option carries the template's own word for it.
@@ -50,11 +54,18 @@ frmClaimPack::frmClaimPack(QWidget* parent) : QDialog(parent) {
   fraPage = Frame(this, "fraPage", "Page", kPageFrame);
   optA4 = Option(fraPage, "optA4", "&A4", kFirstOption);
   optLetter = Option(fraPage, "optLetter", "L&etter", kSecondOption);
-  const DialogButtons buttons = MakeDialogButtons(this, kButtonsTop);
+  const double below = found ? kFoundRow : 0;
+  if (found) {
+    chkFound = new QCheckBox(QString("&Only the slides found (%1)").arg(*found), this);
+    chkFound->setObjectName("chkFound");
+    chkFound->setGeometry(TwipsRect(kFoundBox));
+    chkFound->setChecked(true);
+  }
+  const DialogButtons buttons = MakeDialogButtons(this, kButtonsTop + below);
   cmdOK = buttons.ok;
   cmdCancel = buttons.cancel;
   cmdHelp = buttons.help;
-  setFixedSize(TwipsToPixelsX(kClientWidth), TwipsToPixelsY(kClientHeight));
+  setFixedSize(TwipsToPixelsX(kClientWidth), TwipsToPixelsY(kClientHeight + below));
   // What chattelbook-sif claim takes when it is not told.
   optCategory->setChecked(true);
   (pack::LocalePageSize() == QPageSize::Letter ? optLetter : optA4)->setChecked(true);
@@ -69,6 +80,8 @@ frmClaimPack::frmClaimPack(QWidget* parent) : QDialog(parent) {
 ReportKind frmClaimPack::ChosenKind() const {
   return optLocation->isChecked() ? ReportKind::ByLocation : ReportKind::ByCategory;
 }
+
+bool frmClaimPack::OnlyFound() const { return chkFound && chkFound->isChecked(); }
 
 QPageSize::PageSizeId frmClaimPack::ChosenPage() const {
   return optLetter->isChecked() ? QPageSize::Letter : QPageSize::A4;

@@ -6,6 +6,7 @@
 #include <gtest/gtest.h>
 
 #include <QAction>
+#include <QCheckBox>
 #include <QDate>
 #include <QDropEvent>
 #include <QEventLoop>
@@ -111,10 +112,15 @@ TEST_F(PackCommandsTest, ItemsFollowSaveAsAndTakeF1) {
 
 TEST_F(PackCommandsTest, ClaimAndBackupFromTheMenuAreTheCommands) {
   Start(20);
-  fs::remove(app / "Gallery/p7.png");  // gone since the gallery loaded
+  Gallery().mnuEditFind_Click();
+  Gallery().txtFind->setText("-p1");  // slides 2 to 9 and 20
+  fs::remove(app / "Gallery/p7.png");  // gone since the gallery showed it
   WhenShown("frmClaimPack", [this](QWidget& w) {
     auto& d = static_cast<frmClaimPack&>(w);
     EXPECT_EQ(d.windowTitle(), "Claim Pack");
+    ASSERT_NE(d.chkFound, nullptr);
+    EXPECT_EQ(d.chkFound->text(), "&Only the slides found (9)");
+    EXPECT_TRUE(d.chkFound->isChecked());
     EXPECT_TRUE(d.optCategory->isChecked());
     EXPECT_EQ(d.optLetter->isChecked(), pack::LocalePageSize() == QPageSize::Letter);
     d.optLocation->setChecked(true);
@@ -126,8 +132,8 @@ TEST_F(PackCommandsTest, ClaimAndBackupFromTheMenuAreTheCommands) {
   ASSERT_TRUE(fs::exists(Files("t-claim.pdf")));
   ASSERT_EQ(messages.size(), 1);
   EXPECT_TRUE(messages[0].contains("slide 7: picture \"p7.png\" is missing")) << messages[0].toStdString();
-  ASSERT_EQ(Sif({"claim", QString::fromStdString(Files("t.sif")), "--by", "location", "--page", "letter", "-o",
-                 QString::fromStdString(app / "command.pdf")}),
+  ASSERT_EQ(Sif({"claim", QString::fromStdString(Files("t.sif")), "--by", "location", "--page", "letter", "--where",
+                 "-p1", "-o", QString::fromStdString(app / "command.pdf")}),
             sif::kExitOk);
   EXPECT_EQ(Undated(ReadFile(Files("t-claim.pdf"))), Undated(ReadFile(app / "command.pdf")));
 
