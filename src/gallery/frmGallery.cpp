@@ -132,10 +132,13 @@ void frmGallery::CreateFindBar() {
   cmdFindClose->setObjectName("cmdFindClose");
   cmdFindClose->setAccessibleName("Close find bar");
   cmdFindClose->setWhatsThis("Closes the find bar and shows every slide again, from the first page.");
+  // The box and the count share the width, so a long count never squeezes
+  // the box; what the count cannot show stays in its tool tip.
+  lblFound->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
   auto* row = new QHBoxLayout(FindBar);
   row->setContentsMargins(4, 2, 4, 2);
   row->addWidget(txtFind, 1);
-  row->addWidget(lblFound);
+  row->addWidget(lblFound, 1);
   row->addWidget(cmdFindClose);
   connect(txtFind, &QLineEdit::textChanged, this, &frmGallery::FindTextChanged);
   connect(cmdFindClose, &QPushButton::clicked, this, &frmGallery::CloseFindBar);

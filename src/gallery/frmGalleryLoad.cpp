@@ -98,7 +98,9 @@ bool frmGallery::RemoveSlide(std::int32_t index) {
 }
 
 void frmGallery::ShowFoundCount() {
-  lblFound->setText(Utf8ToQ(FoundText(std::size_t(Shown()), std::size_t(UpperBound()), query_)));
+  const QString text = Utf8ToQ(FoundText(std::size_t(Shown()), std::size_t(UpperBound()), query_));
+  lblFound->setText(text);
+  lblFound->setToolTip(text);
 }
 
 void frmGallery::SetOpeningWindow() {
