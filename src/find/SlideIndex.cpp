@@ -133,4 +133,13 @@ std::vector<std::int32_t> SlideIndex::Find(const SlideQuery& query) const {
   return slides;
 }
 
+SlideArray MatchingSlides(const SlideArray& slides, const SlideQuery& query, std::vector<std::int32_t>& numbers) {
+  numbers = SlideIndex(slides).Find(query);
+  SlideArray matching;
+  matching.reserve(numbers.size() + 1);
+  matching.push_back(slides.at(0));
+  for (const std::int32_t n : numbers) matching.push_back(slides[static_cast<std::size_t>(n)]);
+  return matching;
+}
+
 }  // namespace cb

@@ -97,6 +97,10 @@ class SlideIndex {
   std::vector<double> values_;             // NaN where the value holds no number
 };
 
+// The header record of `slides`, then the slides `query` matches in file
+// order; `numbers` gets their record numbers.
+SlideArray MatchingSlides(const SlideArray& slides, const SlideQuery& query, std::vector<std::int32_t>& numbers);
+
 // The find bar's count: "37 of 1,204 slides", or "No slides match"; with
 // " (value>abc read as words)" after it when parts were read as words.
 std::string FoundText(std::size_t found, std::size_t total, const SlideQuery& query);

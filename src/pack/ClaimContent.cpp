@@ -82,15 +82,6 @@ std::string DefaultGalleryDir(const std::string& filePath) {
   return (dir.parent_path() / "Gallery").string();
 }
 
-SlideArray MatchingSlides(const SlideArray& slides, const SlideQuery& query, std::vector<std::int32_t>& numbers) {
-  numbers = SlideIndex(slides).Find(query);
-  SlideArray matching;
-  matching.reserve(numbers.size() + 1);
-  matching.push_back(slides.at(0));
-  for (const std::int32_t n : numbers) matching.push_back(slides[static_cast<std::size_t>(n)]);
-  return matching;
-}
-
 ClaimContent MakeClaimContent(const SifDocument& doc, const std::string& filePath, const std::string& galleryDir,
                               ReportKind kind, const ReportLocale& locale, std::string_view where) {
   // Without a query the file's own slides, copied nowhere.

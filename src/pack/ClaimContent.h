@@ -55,10 +55,6 @@ struct ClaimContent {
 ClaimContent MakeClaimContent(const SifDocument& doc, const std::string& filePath, const std::string& galleryDir,
                               ReportKind kind, const ReportLocale& locale, std::string_view where = {});
 
-// The header record of `slides`, then the slides `query` matches in file
-// order; `numbers` gets their record numbers.
-SlideArray MatchingSlides(const SlideArray& slides, const SlideQuery& query, std::vector<std::int32_t>& numbers);
-
 // The gallery beside the file's own folder: "Files/x.sif" has "Gallery/".
 std::string DefaultGalleryDir(const std::string& filePath);
 

@@ -24,7 +24,6 @@
 #include "Thumbnail.h"
 #include "Where.h"
 #include "base/Cp1252.h"
-#include "pack/ClaimContent.h"
 #include "pack/Inventory.h"
 #include "pack/SifFile.h"
 #include "qt/SystemLocale.h"
@@ -217,7 +216,7 @@ int RunExport(const QStringList& args, Io& io) {
   if (!ReadSif(path, doc, message)) return Fail(io, message);
   if (!query.Empty()) {
     std::vector<std::int32_t> numbers;
-    doc.Slides = pack::MatchingSlides(doc.Slides, query, numbers);
+    doc.Slides = MatchingSlides(doc.Slides, query, numbers);
   }
   if (*format == Format::Json) return Emit(io, ExportJson(ToInventory(doc)), p.value(kOutput));
   std::string csv;
