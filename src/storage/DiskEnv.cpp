@@ -281,4 +281,13 @@ void DiskEnv::RemoveTree(const std::string& path) {
   fs::remove_all(path, ignored);
 }
 
+std::string DiskEnv::Stamp(const std::string& path) {
+  struct stat st {};
+  if (::stat(path.c_str(), &st) != 0) return {};
+  // The change time too: a program can set the modification time back, not that.
+  const auto ns = [](const timespec& t) { return std::to_string(t.tv_sec) + "." + std::to_string(t.tv_nsec); };
+  return std::to_string(st.st_size) + " " + ns(st.st_mtim) + " " + ns(st.st_ctim) + " " + std::to_string(st.st_ino) +
+         " " + std::to_string(st.st_dev);
+}
+
 }  // namespace cb

@@ -28,6 +28,8 @@ class DiskEnv : public Env {
   RtError MakeUniqueDirectory(const std::string& prefix, unsigned mode, std::string& made) override;
   RtError MakeLink(const std::string& target, const std::string& link) override;
   void RemoveTree(const std::string& path) override;
+  // Size, times of change to the nanosecond, inode and device, links followed.
+  std::string Stamp(const std::string& path) override;
 };
 
 // The mode a newly made file gets: 0666 less the umask.

@@ -131,26 +131,11 @@ RtError MemoryEnv::CopyFile(const std::string& from, const std::string& to) {
 }
 
 RtError MemoryEnv::ListDirectory(const std::string& dir, std::vector<DirEntry>& entries) {
-  const std::string prefix = dir.ends_with('/') ? dir : dir + "/";
-  // The paths under `prefix` stand together in the map, so one folder's files follow one another.
-  for (auto it = files_.lower_bound(prefix); it != files_.end() && it->first.starts_with(prefix); ++it) {
-    const std::string rest = it->first.substr(prefix.size());
-    const auto slash = rest.find('/');
-    if (slash == std::string::npos) {
-      if (!rest.empty()) entries.push_back({rest, EntryKind::File});
-    } else if (entries.empty() || entries.back().name != rest.substr(0, slash)) {
-      entries.push_back({rest.substr(0, slash), EntryKind::Directory});
-    }
-  }
+  ListAmong(files_, dir, entries);
   return RtError::None;
 }
 
-EntryKind MemoryEnv::KindOf(const std::string& path) {
-  if (files_.contains(path)) return EntryKind::File;
-  std::vector<DirEntry> entries;
-  ListDirectory(path, entries);
-  return entries.empty() ? EntryKind::Missing : EntryKind::Directory;
-}
+EntryKind MemoryEnv::KindOf(const std::string& path) { return KindAmong(files_, path); }
 
 RtError MemoryEnv::CopyTree(const std::string& from, const std::string& to) {
   const std::string prefix = from + "/";

@@ -99,6 +99,9 @@ class Env {
   virtual RtError MakeLink(const std::string& target, const std::string& link) = 0;
   // Removes `path` with all it holds; what cannot be removed stays.
   virtual void RemoveTree(const std::string& path) = 0;
+  // What tells this version of the file `path` from another without reading
+  // it: equal stamps mean the same bytes. "" when unknown or missing.
+  virtual std::string Stamp(const std::string&) { return {}; }
 
   // The real file system.
   static Env& Default();
@@ -106,6 +109,32 @@ class Env {
 
 // Records over bytes held in memory, which grow as records are put past their end.
 std::unique_ptr<RecordFile> RecordsOver(std::string& bytes, std::size_t recordLength);
+
+// The entries of the folder `dir` among `files`, a map by path, as
+// MemoryEnv keeps them: a path under `dir` names a file in it, or a folder.
+template <class Files>
+void ListAmong(const Files& files, const std::string& dir, std::vector<DirEntry>& entries) {
+  const std::string prefix = dir.ends_with('/') ? dir : dir + "/";
+  // The paths under `prefix` stand together in the map, so one folder's files follow one another.
+  for (auto it = files.lower_bound(prefix); it != files.end() && it->first.starts_with(prefix); ++it) {
+    const std::string rest = it->first.substr(prefix.size());
+    const auto slash = rest.find('/');
+    if (slash == std::string::npos) {
+      if (!rest.empty()) entries.push_back({rest, EntryKind::File});
+    } else if (entries.empty() || entries.back().name != rest.substr(0, slash)) {
+      entries.push_back({rest.substr(0, slash), EntryKind::Directory});
+    }
+  }
+}
+
+// What `path` is among `files`: a folder when it holds a path.
+template <class Files>
+EntryKind KindAmong(const Files& files, const std::string& path) {
+  if (files.contains(path)) return EntryKind::File;
+  std::vector<DirEntry> entries;
+  ListAmong(files, path, entries);
+  return entries.empty() ? EntryKind::Missing : EntryKind::Directory;
+}
 
 // Replaces the file at `path` by `bytes` so that a crash leaves either the
 // old or the new content whole: a new file beside it, flushed to the disk,
