@@ -5,7 +5,8 @@
 // the file is synced, and a name made, moved or removed in a folder lasts
 // only once that folder is synced. At a crash every step not yet made to last
 // is lost, and an unsynced tail may be kept in part, as a torn write leaves it.
-// Only the calls a save makes see these files; the others are MemoryEnv's.
+// Only the calls a save and a slide history make see these files; the others
+// are MemoryEnv's. A copy is a second machine with the same disk.
 
 #include <map>
 #include <memory>
@@ -19,6 +20,24 @@ namespace cb::testing {
 class FaultEnv : public MemoryEnv {
  public:
   explicit FaultEnv(unsigned seed) : rng_(seed) {}
+  FaultEnv(const FaultEnv& other)
+      : MemoryEnv(other),
+        stepsLeft(other.stepsLeft),
+        renameSyncsFolder(other.renameSyncsFolder),
+        fileSyncWorks(other.fileSyncWorks),
+        rng_(other.rng_),
+        made_(other.made_) {
+    // A file under two names (made and lasting) stays one file in the copy.
+    std::map<const Node*, std::shared_ptr<Node>> copies;
+    const auto copy = [&](const std::shared_ptr<Node>& node) {
+      auto& made = copies[node.get()];
+      if (!made) made = std::make_shared<Node>(*node);
+      return made;
+    };
+    for (const auto& [name, node] : other.names_) names_[name] = copy(node);
+    for (const auto& [name, node] : other.durable_) durable_[name] = copy(node);
+  }
+  FaultEnv& operator=(const FaultEnv&) = delete;
 
   int stepsLeft = -1;             // the power fails once this many more steps have run; -1 never
   bool renameSyncsFolder = true;  // whether Rename syncs the folder after the move, as the disk's does
@@ -26,7 +45,13 @@ class FaultEnv : public MemoryEnv {
 
   // Writes `path` and makes it last, as a file that was there before.
   void Lasting(const std::string& path, const std::string& bytes) {
-    names_[path] = durable_[path] = std::make_shared<Node>(Node{bytes, bytes});
+    names_[path] = durable_[path] = std::make_shared<Node>(Node{bytes, bytes, ++made_});
+  }
+
+  // Time passes: all that was written reaches the disk, as the system writes it back of its own.
+  void Settle() {
+    for (auto& [name, node] : names_) node->synced = node->data;
+    durable_ = names_;
   }
 
   // Power comes back: the names of the last folder sync, each file cut to
@@ -53,15 +78,32 @@ class FaultEnv : public MemoryEnv {
                         std::unique_ptr<WritableFile>& file) override {
     if (!Step()) return RtError::DeviceIO;
     name = target + ".new" + std::to_string(++made_);
-    file = std::make_unique<File>(*this, names_[name] = std::make_shared<Node>());
+    file = std::make_unique<File>(*this, names_[name] = std::make_shared<Node>(Node{{}, {}, made_}));
     return RtError::None;
   }
+  // Emptied in place, as opening for writing does; a new name lasts once its folder is synced.
+  RtError NewWritableFile(const std::string& path, unsigned, std::unique_ptr<WritableFile>& file) override {
+    if (!Step()) return RtError::DeviceIO;
+    auto& node = names_[path];
+    if (!node) node = std::make_shared<Node>(Node{{}, {}, ++made_});
+    node->data.clear();
+    file = std::make_unique<File>(*this, node);
+    return RtError::None;
+  }
+  // A file or a folder with all it holds.
   RtError Rename(const std::string& from, const std::string& to) override {
     if (!Step()) return RtError::DeviceIO;
-    const auto it = names_.find(from);
-    if (it == names_.end()) return RtError::FileNotFound;
-    names_[to] = it->second;
-    names_.erase(from);
+    if (const auto it = names_.find(from); it != names_.end()) {
+      names_[to] = it->second;
+      names_.erase(it);
+    } else {
+      const std::string prefix = from + "/";
+      std::map<std::string, std::shared_ptr<Node>> moved;
+      for (auto i = names_.lower_bound(prefix); i != names_.end() && i->first.starts_with(prefix);)
+        moved[to + i->first.substr(from.size())] = i->second, i = names_.erase(i);
+      if (moved.empty()) return RtError::FileNotFound;
+      names_.merge(moved);
+    }
     if (!renameSyncsFolder) return RtError::None;
     if (!Step()) return RtError::DeviceIO;
     durable_ = names_;
@@ -70,10 +112,23 @@ class FaultEnv : public MemoryEnv {
   void Remove(const std::string& path) override {
     if (Step()) names_.erase(path);
   }
+  RtError ListDirectory(const std::string& dir, std::vector<DirEntry>& entries) override {
+    ListAmong(names_, dir, entries);
+    return RtError::None;
+  }
+  EntryKind KindOf(const std::string& path) override { return KindAmong(names_, path); }
+  // Which file the name finds, how often it was written, and its length: what a disk's inode and times tell.
+  std::string Stamp(const std::string& path) override {
+    const auto it = names_.find(path);
+    if (it == names_.end()) return {};
+    const Node& n = *it->second;
+    return std::to_string(n.serial) + ":" + std::to_string(n.writes) + ":" + std::to_string(n.data.size());
+  }
 
  private:
   struct Node {
     std::string data, synced;
+    int serial = 0, writes = 0;
   };
 
   struct File : WritableFile {
@@ -81,6 +136,7 @@ class FaultEnv : public MemoryEnv {
     RtError Append(std::string_view bytes) override {
       if (!env_.Step()) return RtError::DeviceIO;
       node_->data += bytes;
+      ++node_->writes;
       return RtError::None;
     }
     RtError Sync() override {

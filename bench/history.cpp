@@ -1,0 +1,152 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// The undo history at 32,767 slides, on disk: a save with its step beside
+// the save alone, an undo beside a save, and the history's check at open
+// (the stamp holding) beside the load. The edit is one slide's value.
+
+#include <benchmark/benchmark.h>
+#include <unistd.h>
+
+#include <filesystem>
+
+#include "Smoke.h"
+#include "storage/DataAccess.h"
+#include "storage/SifCodec.h"
+#include "storage/SifReader.h"
+#include "storage/SlideHistory.h"
+
+namespace {
+
+using namespace cb;
+namespace fs = std::filesystem;
+
+class Collection {
+ public:
+  Collection() : slides_(kMaxRecords + 1) {
+    fs::create_directories(dir_);
+    for (long i = 1; i <= kMaxRecords; ++i) {
+      SlideRecord& r = slides_[static_cast<std::size_t>(i)];
+      const std::string n = std::to_string(i);
+      r.Set(Field::PictureFile, "IMG_" + n + ".jpg");
+      r.Set(Field::SlideText, "Oak chair, Windsor style, bought " + n);
+      r.Set(Field::Category, "Category " + std::to_string(i % 97));
+      r.Set(Field::Serial, "SN" + std::to_string(i * 7919));
+      r.Set(Field::Value, std::to_string(i % 2000) + ".50");
+    }
+    ok_ = DataAccess().SaveSettings(path(), settings_, slides_).ok();
+  }
+  ~Collection() { fs::remove_all(dir_); }
+
+  bool ok() const { return ok_; }
+  std::string path() const { return (dir_ / "Big.sif").string(); }
+  std::string folder() const { return SlideHistory::FolderOf(path()); }
+
+  // Gives slide 16,000 another value; `bytes`, the file before, become the file a save of it writes.
+  void Edit(std::string& bytes) {
+    constexpr std::size_t kSlide = 16000;
+    SlideRecord& r = slides_[kSlide];
+    r.Set(Field::Value, r.Get(Field::Value).starts_with("1.00") ? "2.00" : "1.00");
+    SlideRecord coded = r;
+    EncodeSlide(coded);
+    bytes.replace(kSlide * kRecordLength, kRecordLength, coded.bytes().data(), kRecordLength);
+  }
+  Status Save() { return DataAccess().SaveSettings(path(), settings_, slides_); }
+
+  // A save with its step: the history first, then the file, then the stamp.
+  // `after` gets what the step says the save writes. The bytes stay from one
+  // save to the next, as the program's save has them at hand.
+  bool SaveWithStep(SlideHistory& history, std::string& after) {
+    if (Env::Default().ReadWhole(path(), before_) != RtError::None) return false;
+    after.assign(before_);
+    Edit(after);
+    const std::string_view before = before_;
+    if (!history.Record("Edit Slide", before, after).ok() || !Save().ok()) return false;
+    history.Written();
+    return true;
+  }
+
+ private:
+  fs::path dir_ = fs::temp_directory_path() / ("chattelbook-history-" + std::to_string(::getpid()));
+  SifSettings settings_{0, "Frame2.jpg", "Blue Sky.jpg", 1, "Arial"};
+  SlideArray slides_;
+  std::string before_;
+  bool ok_ = false;
+};
+
+Collection& Big() {
+  static Collection c;
+  return c;
+}
+
+std::uintmax_t FolderBytes(const std::string& folder) {
+  std::uintmax_t bytes = 0;
+  std::error_code ec;
+  for (const auto& e : fs::directory_iterator(folder, ec)) bytes += e.is_regular_file() ? e.file_size() : 0;
+  return bytes;
+}
+
+void BM_SavePlain(benchmark::State& state) {
+  std::string scratch(kMaxRecords * kRecordLength + kRecordLength, '\0');
+  for (auto _ : state) {
+    Big().Edit(scratch);
+    if (!Big().Save().ok()) return state.SkipWithError("the save failed");
+  }
+}
+
+void BM_SaveWithStep(benchmark::State& state) {
+  SlideHistory history(Env::Default(), Big().path());
+  std::string after, written;
+  if (history.Open() != SlideHistory::Fit::Fits || !Big().SaveWithStep(history, after))
+    return state.SkipWithError("the first step failed");
+  // The step must say what the save wrote, or every later step would set the history aside.
+  const std::uintmax_t was = FolderBytes(Big().folder());
+  if (!Big().SaveWithStep(history, after) || Env::Default().ReadWhole(Big().path(), written) != RtError::None ||
+      written != after)
+    return state.SkipWithError("the step and the save differ");
+  state.counters["step_bytes"] = static_cast<double>(FolderBytes(Big().folder()) - was);
+  for (auto _ : state)
+    if (!Big().SaveWithStep(history, after)) return state.SkipWithError("the save with its step failed");
+}
+
+// Undo and redo in turn: the same work each way.
+void BM_Undo(benchmark::State& state) {
+  SlideHistory history(Env::Default(), Big().path());
+  std::string after;
+  if (history.Open() != SlideHistory::Fit::Fits || (!history.UndoName() && !Big().SaveWithStep(history, after)))
+    return state.SkipWithError("no step to undo");
+  bool back = true;
+  for (auto _ : state) {
+    std::string now, then;
+    if (Env::Default().ReadWhole(Big().path(), now) != RtError::None ||
+        !(back ? history.Undo(now, then) : history.Redo(now, then)).ok() ||
+        ReplaceFile(Env::Default(), Big().path(), then, 0666) != RtError::None)
+      return state.SkipWithError("the undo failed");
+    history.Written();
+    back = !back;
+  }
+}
+
+void BM_OpenCheck(benchmark::State& state) {
+  for (auto _ : state) {
+    SlideHistory history(Env::Default(), Big().path());
+    if (history.Open() != SlideHistory::Fit::Fits || !history.UndoName())
+      return state.SkipWithError("the history does not fit");
+  }
+}
+
+void BM_Load(benchmark::State& state) {
+  const SifPaths paths{Big().path(), "Big.sif", Big().path()};
+  for (auto _ : state) {
+    SifSettings settings;
+    SlideArray slides(1);
+    if (!DataAccess().LoadSettings(paths, settings, slides).ok() || slides.size() != kMaxRecords + 1)
+      return state.SkipWithError("the load failed");
+  }
+}
+
+BENCHMARK(BM_SavePlain)->Unit(benchmark::kMillisecond)->UseRealTime()->MinTime(bench::MinTime(2));
+BENCHMARK(BM_SaveWithStep)->Unit(benchmark::kMillisecond)->UseRealTime()->MinTime(bench::MinTime(2));
+BENCHMARK(BM_Undo)->Unit(benchmark::kMillisecond)->UseRealTime()->MinTime(bench::MinTime(2));
+BENCHMARK(BM_OpenCheck)->Unit(benchmark::kMicrosecond)->UseRealTime()->MinTime(bench::MinTime(1));
+BENCHMARK(BM_Load)->Unit(benchmark::kMillisecond)->UseRealTime()->MinTime(bench::MinTime(1));
+
+}  // namespace
