@@ -293,6 +293,33 @@ struct SlideHistory::StepFile {
     return in.Finished();
   }
 
+  // Makes `file` the other version in place, with no second copy of it:
+  // every hunk checked first, and put back when the result is not that version.
+  bool ApplyInPlace(std::string& file, bool back) const {
+    std::size_t pos = 0, size = file.size();
+    for (const Hunk& h : hunks) {
+      const std::uint64_t at = back ? h.newAt : h.oldAt;
+      const std::string_view was = back ? h.newBytes : h.oldBytes, put = back ? h.oldBytes : h.newBytes;
+      if (at < pos || at > file.size() || std::string_view(file).substr(at, was.size()) != was) return false;
+      pos = at + was.size();
+      size = size - was.size() + put.size();
+    }
+    if (size != (back ? beforeSize : afterSize)) return false;
+    // From the last hunk back, so that each lands where it was found.
+    for (auto h = hunks.rbegin(); h != hunks.rend(); ++h)
+      file.replace(back ? h->newAt : h->oldAt, (back ? h->newBytes : h->oldBytes).size(),
+                   back ? h->oldBytes : h->newBytes);
+    if (FileHash(file) == (back ? beforeHash : afterHash)) return true;
+    PutBack(file, back);
+    return false;
+  }
+  // Puts `file`, made the other version in place, back as it was.
+  void PutBack(std::string& file, bool back) const {
+    // From the first hunk on: each stands where it was found once those before it are put back.
+    for (const Hunk& h : hunks)
+      file.replace(back ? h.newAt : h.oldAt, (back ? h.oldBytes : h.newBytes).size(), back ? h.newBytes : h.oldBytes);
+  }
+
   // The other version from `from`: the one after the step, or with `back` the one before it.
   bool Apply(std::string_view from, bool back, std::string& out) const {
     out.clear();
@@ -531,21 +558,24 @@ Status SlideHistory::Amend(std::string_view name, std::string_view before, std::
 Status SlideHistory::Move(bool back, std::string_view current, std::string& result) {
   const std::int32_t n = back ? cursor_ : cursor_ + 1;
   if (back ? cursor_ < first_ : cursor_ >= last_) return {RtError::InvalidCall, kSource};
+  // `current` viewing all of `result` asks for the step in place.
+  const bool inPlace = current.data() == result.data() && current.size() == result.size();
   StepFile step;
   std::string out;
   // A result with the hash it should have says that `current` was the version it should be too: the
   // hunks' bytes matched and the rest is `current`'s. So `current` is hashed only when that fails.
   if (!ReadStep(n, step) || step.beforeHash != HashAt(n - 1) || step.afterHash != HashAt(n) ||
-      !step.Apply(current, back, out)) {
-    if (FileHash(current) != HashAt(back ? n : n - 1)) return Status::Described(kChangedElsewhere);
+      !(inPlace ? step.ApplyInPlace(result, back) : step.Apply(current, back, out))) {
+    if (FileHash(inPlace ? result : current) != HashAt(back ? n : n - 1)) return Status::Described(kChangedElsewhere);
     return SetAside(), Status::Described(kUnreadable);
   }
   cursor_ = back ? n - 1 : n;
   if (Status s = WriteCursor(); !s.ok()) {
     cursor_ = back ? n : n - 1;
+    if (inPlace) step.PutBack(result, back);
     return s;
   }
-  result = std::move(out);
+  if (!inPlace) result = std::move(out);
   return {};
 }
 

@@ -70,6 +70,8 @@ class SlideHistory {
   // Given the file's bytes now, the bytes before the step at the cursor; the
   // cursor moves back and lasts, and the caller writes `before` to the file.
   // Fails, changing nothing, when `current` is not what the history expects.
+  // `current` may view all of `before` itself: the step is then made in
+  // place, with no second copy of the file.
   Status Undo(std::string_view current, std::string& before);
   // The same forward.
   Status Redo(std::string_view current, std::string& after);
