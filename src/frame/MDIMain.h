@@ -91,6 +91,10 @@ class MDIMain : public QMainWindow {
 
   // The commands behind the menu items and buttons (the tables in MDIMainMenus.cpp and MDIMain.cpp).
   void mnuFileGallery_Click();
+  // The gallery's Edit menu: the file as it was before the last change, or
+  // after the change last undone; the gallery is made anew on it.
+  void mnuEditUndo_Click();
+  void mnuEditRedo_Click();
   void mnuFileHist_Click(int index);
   // Shows the frame chooser modally; a new frame saves and rebuilds the gallery.
   void SetBackground();
@@ -130,6 +134,8 @@ class MDIMain : public QMainWindow {
   void dropEvent(QDropEvent* e) override;
 
  private:
+  // Undo (`back`) or Redo, told in a message when it cannot be done.
+  void StepHistory(bool back);
   void CreateMenus();
   void CreateToolBar();
   void CreateStatusBar();

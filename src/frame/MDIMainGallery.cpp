@@ -9,7 +9,9 @@
 #include "frame/MDIMain.h"
 #include "gallery/frmGallery.h"
 #include "gallery/frmModifySlide.h"
+#include "qt/MsgBox.h"
 #include "qt/OpenForms.h"
+#include "qt/Twips.h"
 #include "qt/StretchImage.h"
 #include "reports/frmReport.h"
 #include "slide/Zoom.h"
@@ -57,10 +59,26 @@ void MDIMain::mnuFileGallery_Click() {
     });
   });
   connect(gallery_, &frmGallery::Unloaded, this, &MDIMain::GalleryUnloaded);
+  // Undo and Redo answer their keys in the slide window too.
+  addActions({gallery_->Item(MenuId::EditUndo), gallery_->Item(MenuId::EditRedo)});
   EnableWindowCommands(true);
   gallery_->Create();
   sub->move(0, 0);
   sub->show();
+  if (Globals().MainController->TakeHistoryNotice())
+    SetStatusText("The undo history was set aside: the file was changed elsewhere.");
+}
+
+void MDIMain::mnuEditUndo_Click() { StepHistory(true); }
+
+void MDIMain::mnuEditRedo_Click() { StepHistory(false); }
+
+void MDIMain::StepHistory(bool back) {
+  UIMainController& mc = *Globals().MainController;
+  if (!(back ? mc.UndoName() : mc.RedoName())) return;
+  if (const Status done = back ? mc.Undo() : mc.Redo(); !Report(done, errors_))
+    MsgBox(Utf8ToQ(std::string(done.description())), vbOKOnly | vbExclamation, back ? "Undo" : "Redo");
+  RebuildGallery();
 }
 
 void MDIMain::RebuildGallery() {

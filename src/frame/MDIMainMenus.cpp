@@ -60,6 +60,8 @@ constexpr Handler kHandlers[] = {
     {MenuId::Popup4SetBackground, &MDIMain::SetBackground},
     {MenuId::Popup2What, &MDIMain::mnuPopup2What_Click},
     {MenuId::Popup2Help, &MDIMain::QuickStart},
+    {MenuId::EditUndo, &MDIMain::mnuEditUndo_Click},
+    {MenuId::EditRedo, &MDIMain::mnuEditRedo_Click},
 };
 
 }  // namespace

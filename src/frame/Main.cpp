@@ -99,6 +99,7 @@ bool Main(const std::string& appPath, SettingsStore& settings) {
   g.MainController = std::make_unique<UIMainController>(appPath, settings, g);
   UIMainController& mc = *g.MainController;
   mc.LockOpenFile();
+  mc.KeepHistory();
 
   auto* splash = new frmSplash();
   SetOpenSplash(splash);

@@ -28,6 +28,9 @@ constexpr MenuItemRow kGalleryFile[] = {
 
 constexpr MenuItemRow kGalleryEdit[] = {
     {M::Edit, "mnuEdit", "&Edit", 0, S::Normal},
+    {M::EditUndo, "mnuEditUndo", "&Undo", 1, S::Normal, "Ctrl+Z"},
+    {M::EditRedo, "mnuEditRedo", "&Redo", 1, S::Normal, "Ctrl+Shift+Z; Ctrl+Y"},
+    {M::Bar11, "mnuBar11", "-", 1, S::Normal},
     {M::EditFind, "mnuEditFind", "&Find...", 1, S::Normal, "Ctrl+F"},
 };
 

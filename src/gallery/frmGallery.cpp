@@ -50,6 +50,7 @@ constexpr MenuId kForwards[] = {
     MenuId::HelpContents,     MenuId::HelpAbout,       MenuId::Popup2SetWallpaper, MenuId::Popup4SetBackground,
     MenuId::FileHist1,        MenuId::FileHist2,       MenuId::FileHist3,          MenuId::FileHist4,
     MenuId::SlidesTemplate,   MenuId::FileClaim,       MenuId::FileBackup,         MenuId::FileRestore,
+    MenuId::EditUndo,         MenuId::EditRedo,
 };
 
 }  // namespace
@@ -107,10 +108,27 @@ void frmGallery::CreateMenus() {
   connect(Item(MenuId::Popup1Delete), &QAction::triggered, this, &frmGallery::mnuPopup1Delete_Click);
   connect(Item(MenuId::Popup3Reset), &QAction::triggered, this, &frmGallery::mnuPopupReset_Click);
   connect(Item(MenuId::EditFind), &QAction::triggered, this, &frmGallery::mnuEditFind_Click);
+  // The items name their steps while the menu is open; outside it their keys
+  // stay live, and the handlers find out whether there is a step to take.
+  connect(Menu(MenuId::Edit), &QMenu::aboutToShow, this, &frmGallery::NameUndoItems);
+  connect(Menu(MenuId::Edit), &QMenu::aboutToHide, this, [this] {
+    for (MenuId id : {MenuId::EditUndo, MenuId::EditRedo}) Item(id)->setEnabled(true);
+  });
   for (MenuId what : {MenuId::Popup1What, MenuId::Popup3What, MenuId::Popup4What})
     connect(Item(what), &QAction::triggered, this, [this, what] { ShowWhat(what); });
   for (MenuId help : {MenuId::Popup1Help, MenuId::Popup3Help, MenuId::Popup4Help})
     connect(Item(help), &QAction::triggered, this, [this] { ShowHelp(*this); });
+}
+
+void frmGallery::NameUndoItems() {
+  const UIMainController& mc = *Globals().MainController;
+  const std::pair<MenuId, std::optional<std::string>> steps[] = {{MenuId::EditUndo, mc.UndoName()},
+                                                                 {MenuId::EditRedo, mc.RedoName()}};
+  for (const auto& [id, step] : steps) {
+    const QString verb = id == MenuId::EditUndo ? "&Undo" : "&Redo";
+    Item(id)->setText(step ? verb + " " + Utf8ToQ(*step) : verb);
+    Item(id)->setEnabled(step.has_value());
+  }
 }
 
 void frmGallery::CreateFindBar() {
@@ -250,7 +268,7 @@ void frmGallery::mnuPopup1Delete_Click() {
   if (!question.Confirmed) return;
   ModGlobal& g = Globals();
   if (RemoveSlide(PopupSlideIndex)) {
-    if (!Report(g.MainController->SaveSettings(), errors_)) MsgBox(kCannotSave, vbCritical, kErrorTitle);
+    if (!Report(g.MainController->SaveSettings("Remove Slide"), errors_)) MsgBox(kCannotSave, vbCritical, kErrorTitle);
     PopupSlideIndex = -1;
   }
   emit CollectionChanged();
@@ -267,7 +285,7 @@ void frmGallery::mnuSlidesAdd_Click() {
   UnloadCommonDialog();
   // A failed copy or save ends the command without a word; the new record stays in memory.
   if (!mc.GlobalController().AppendSlide(PathFromQ(NewSlidePath), mc, g.Slides)) return;
-  if (!Report(mc.SaveSettings(), errors_)) return;
+  if (!Report(mc.SaveSettings("Add Slide"), errors_)) return;
   NewSlidePath.clear();
   emit CollectionChanged();
 }
@@ -291,7 +309,7 @@ void frmGallery::AddDroppedPictures(const std::vector<std::string>& paths) {
   const std::vector<std::string> uncopied = mc.GlobalController().AppendSlides(drop.pictures, mc, g.Slides);
   drop.others.insert(drop.others.end(), uncopied.begin(), uncopied.end());
   if (!drop.others.empty()) MsgBox(Utf8ToQ(NotTakenText(drop.others)), vbOKOnly | vbExclamation, kAddSlideTitle);
-  if (uncopied.size() == drop.pictures.size() || !Report(mc.SaveSettings(), errors_)) return;
+  if (uncopied.size() == drop.pictures.size() || !Report(mc.SaveSettings("Add Slide"), errors_)) return;
   emit CollectionChanged();
 }
 

@@ -125,6 +125,8 @@ class frmGallery : public QWidget {
  private:
   void CreateMenus();
   void CreateFindBar();
+  // "&Undo Edit Slide", or "&Undo" and off when there is nothing to undo; Redo likewise.
+  void NameUndoItems();
   void Load();
   // Base, Roof and CurrentImageNumber as a load opens them.
   void SetOpeningWindow();
@@ -183,6 +185,7 @@ class frmGallery : public QWidget {
   SlideQuery query_;
   std::optional<SlideIndex> index_;  // built at the first query; a removal outdates it
   bool findOpen_ = false;
+  bool missingRemoved_ = false;  // the missing-file protocol has saved in this load or step
 };
 
 }  // namespace cb

@@ -119,6 +119,7 @@ void frmGallery::Load() {
   loading.lblText->setText(kLoadingText);
   loading.repaint();
   WarnMissingSlides = true;
+  missingRemoved_ = false;
   GalleryController = UIGalleryController();
   if (QWidget* frame = parentWidget())
     frame->resize(TwipsToPixelsX(mc.FormWidth()), TwipsToPixelsY(mc.FormHeight()));
@@ -202,6 +203,7 @@ void frmGallery::ApplyFind(const std::string& text) {
 
 void frmGallery::ShowMatches() {
   const DrawingLock lock(this);
+  missingRemoved_ = false;
   ClearSlideImages();
   FlatScrollBar1->setEnabled(true);
   SetOpeningWindow();
@@ -243,7 +245,9 @@ bool frmGallery::MissingSlide(std::int32_t position) {
   // the slide removed is not always the one whose file is missing.
   if (!RemoveSlide(position)) return false;
   mc.CurrentlyActiveRoof(std::min(Shown(), std::int32_t{kGalleryCells}));
-  Report(mc.SaveSettings(), errors_);
+  // The removals of one load or one step of the bar are one step to undo.
+  Report(mc.SaveSettings("Remove Missing Slides", missingRemoved_), errors_);
+  missingRemoved_ = true;
   return true;
 }
 

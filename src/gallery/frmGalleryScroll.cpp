@@ -38,6 +38,7 @@ void frmGallery::FlatScrollBar1_Change(int value) {
   loading->show();
   loading->lblText->setText(kRefreshingText);
   loading->repaint();
+  missingRemoved_ = false;
   const ScrollStep step = BeginScroll(Window(mc), g.GalleryScrollValue, HandlerValue(value), Shown());
   if (step.refused) {
     if (step.pushBack) FlatScrollBar1->setValue(*step.pushBack);  // runs the handler again, with D = 0

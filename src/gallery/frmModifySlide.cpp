@@ -185,7 +185,7 @@ void frmModifySlide::cmdOK_Click() {
   setEnabled(true);
   applying_ = false;
   // A failed save ends here, silently, with the collection changed in memory.
-  if (!Report(mc.SaveSettings(), errors_)) return;
+  if (!Report(mc.SaveSettings("Modify Slide Collection"), errors_)) return;
   emit CollectionChanged();
 }
 

@@ -99,6 +99,15 @@ constexpr QueryRow kQueryRows[] = {
 // The gallery's Edit menu and its find bar, on the page of its Slides menu.
 std::string EditMenuBody() {
   std::string s = SubHeading("Edit Menu");
+  s += Item("Undo",
+            "Takes back the last change to the file (Ctrl+Z): an edit, an added or removed slide, a Modify Slide "
+            "Collection, a new frame or wallpaper.&nbsp; The item names the change, as in Undo Edit Slide.&nbsp; "
+            "The file is put back exactly as it was, and the gallery shows it.&nbsp; The changes are kept beside "
+            "the file, so they can still be undone after Chattelbook is closed and started again.&nbsp; If the "
+            "file was changed by another program, the kept changes are set aside and the status bar says so.");
+  s += Item("Redo",
+            "Makes a change you undid again (Ctrl+Shift+Z or Ctrl+Y).&nbsp; A new change after an undo ends what "
+            "can be redone.");
   s += Item("Find",
             "Opens the find bar at the foot of the gallery (Ctrl+F).&nbsp; As you type, the gallery shows only the "
             "slides that match, in the order of the file, from the first page, and the bar counts them.&nbsp; "

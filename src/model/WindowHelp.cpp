@@ -15,7 +15,7 @@ constexpr char kGalleryMenuPage[] = "help009.htm";
 // A window's own row stands for the window and every control without a row
 // of its own. The dialogs close, so a caller waiting on one finds it
 // cancelled; the main working windows stay.
-constexpr std::array<WindowHelp, 30> kRows{{
+constexpr std::array<WindowHelp, 32> kRows{{
     {"frmCommonDialog", "", kQuickStartPage, kCloses},
     {"frmDirectory", "", kQuickStartPage, kCloses},
     {"dlgRemoveSlide", "", kQuickStartPage, kCloses},
@@ -48,6 +48,8 @@ constexpr std::array<WindowHelp, 30> kRows{{
     {kMenuHelpRows, "mnuFileClaim", kFileMenuPage, kStays},
     {kMenuHelpRows, "mnuFileBackup", kFileMenuPage, kStays},
     {kMenuHelpRows, "mnuFileRestore", kFileMenuPage, kStays},
+    {kMenuHelpRows, "mnuEditUndo", kGalleryMenuPage, kStays},
+    {kMenuHelpRows, "mnuEditRedo", kGalleryMenuPage, kStays},
     {kMenuHelpRows, "mnuEditFind", kGalleryMenuPage, kStays},
 }};
 

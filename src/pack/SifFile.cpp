@@ -87,7 +87,7 @@ bool ReadSifBlocks(const std::string& path, SifDocument& doc, const SlideBlocks&
 }
 
 bool WriteSif(const std::string& path, const SifSettings& settings, const SlideArray& slides, bool replace,
-              std::string& message) {
+              std::string& message, std::string_view step) {
   std::error_code ec;
   if (!replace && std::filesystem::exists(path, ec)) {
     message = path + ": already exists; give --force to replace it";
@@ -112,8 +112,16 @@ bool WriteSif(const std::string& path, const SifSettings& settings, const SlideA
   if (!ok) {
     message = path + ": " + std::string(saved.description());
   } else if (replace) {
+    // The replaced file's history keeps the step before the file changes.
+    std::string before, after;
+    SlideHistory history(Env::Default(), target);
+    const bool kept = !step.empty() && Env::Default().ReadWhole(target, before) == RtError::None &&
+                      Env::Default().ReadWhole(temp, after) == RtError::None &&
+                      history.Open() == SlideHistory::Fit::Fits && history.Record(step, before, after).ok();
     ok = ::rename(temp.c_str(), target.c_str()) == 0;
     if (!ok) message = Errno(path);
+    if (kept && ok) history.Written();
+    if (kept && !ok) history.Open();  // back to the file as it stayed
   } else if (::link(temp.c_str(), target.c_str()) != 0) {
     // link() refuses an existing name, so a file that appeared meanwhile is
     // kept; on a file system without hard links a plain move has to do.

@@ -35,7 +35,8 @@ bool ReadSifBlocks(const std::string& path, SifDocument& doc, const SlideBlocks&
 // program leaves alone are NUL. The file is made beside `path` and moved into
 // place, so a failure leaves nothing behind. An existing `path` is replaced
 // only when `replace` is set. False with `message` filled on failure.
+// A file replaced becomes the step `step` of its undo history, when given.
 bool WriteSif(const std::string& path, const SifSettings& settings, const SlideArray& slides, bool replace,
-              std::string& message);
+              std::string& message, std::string_view step = {});
 
 }  // namespace cb::pack

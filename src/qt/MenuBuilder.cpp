@@ -27,7 +27,7 @@ BuiltMenus BuildMenus(QWidget* owner, std::span<const MenuItemRow> table) {
     a->setVisible(entry.state != ItemState::Hidden);
     a->setCheckable(entry.state == ItemState::Checked);
     a->setChecked(entry.state == ItemState::Checked);
-    if (!entry.shortcut.empty()) a->setShortcut(QKeySequence(Utf8ToQ(entry.shortcut)));
+    if (!entry.shortcut.empty()) a->setShortcuts(QKeySequence::listFromString(Utf8ToQ(entry.shortcut)));
     built.items[at] = a;
   }
   return built;

@@ -105,7 +105,7 @@ void frmSelectReport::cboFont_Click() {
   UIMainController& mc = *Globals().MainController;
   mc.ReportFont(FromQ(cboFont->currentText()));
   // The pick is kept in the file's header; a failure to save is not shown here.
-  Report(mc.SaveSettings(), Globals().ErrorInfo);
+  Report(mc.SaveSettings("Choose Report Font"), Globals().ErrorInfo);
 }
 
 void frmSelectReport::cmdOK_Click() {

@@ -176,7 +176,7 @@ void frmEditSlide::cmdOK_Click() {
   g.SlidesChanged = true;
   accept();
   // Every OK rewrites the whole file; a failed save keeps the edit in memory, unannounced.
-  Report(g.MainController->SaveSettings(), g.ErrorInfo);
+  Report(g.MainController->SaveSettings("Edit Slide"), g.ErrorInfo);
 }
 
 bool frmEditSlide::eventFilter(QObject* watched, QEvent* e) {

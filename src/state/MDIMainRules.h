@@ -28,7 +28,7 @@ enum class MenuId : std::uint8_t {
   File, Edit, View, Slides, Window, Help, Popup1, Popup2, Popup3, Popup4,
   FileNew, FileOpen, Bar1, FileSaveAs, Bar2, FileClaim, FileBackup, FileRestore, FileGallery, FileWallpaper, Bar3, FilePassword,
   Bar4, FileHist1, FileHist2, FileHist3, FileHist4, Bar5, FileExit,
-  EditFind,
+  EditUndo, EditRedo, Bar11, EditFind,
   ViewToolbar, ViewStatusbar,
   SlidesAdd, SlidesModify, SlidesTemplate,
   WindowVertical, WindowHorizontal, WindowCascade,
@@ -56,7 +56,7 @@ struct MenuItemRow {
   std::string_view caption;
   int depth;
   ItemState state;
-  std::string_view shortcut = {};  // as QKeySequence reads it, e.g. "Ctrl+F"
+  std::string_view shortcut = {};  // as QKeySequence reads it, e.g. "Ctrl+F"; several joined by "; "
   // Live when the window is made: normal or checked.
   constexpr bool Enabled() const { return state != ItemState::Off; }
 };

@@ -3,6 +3,7 @@
 
 #include <array>
 #include <string_view>
+#include <utility>
 
 #include "state/modGlobal.h"
 #include "storage/DataAccess.h"
@@ -52,6 +53,10 @@ void UIMainController::SlideInformationFilePath(std::string v) {
   slideInformationFilePath_ = std::move(v);
   const auto& p = slideInformationFilePath_;
   if (lockOpenFile_) openFileLock_.TryAcquire(p);
+  if (keepHistory_) {
+    history_ = p.empty() ? nullptr : std::make_unique<SlideHistory>(Env::Default(), p);
+    OpenHistory();
+  }
   if (p.empty()) return;
   const auto slash = p.rfind('/');
   if (slash == std::string::npos) {
@@ -108,14 +113,56 @@ Status UIMainController::LoadSettings() {
   slideTemplate_ = s.SlideTemplate;
   reportFont_ = std::move(s.ReportFont);
   if (status.ok()) globals_.SlidesChanged = false;
+  if (status.ok()) OpenHistory();
   return status;
 }
 
-Status UIMainController::SaveSettings() {
-  const Status status = DataAccess().SaveSettings(slideInformationFilePath_, HeaderSettings(), globals_.Slides);
+void UIMainController::OpenHistory() {
+  if (history_ && history_->Open() == SlideHistory::Fit::SetAside) historySetAside_ = true;
+}
+
+Status UIMainController::SaveSettings(std::string_view step, bool amend) {
+  const Status status =
+      history_ ? DataAccess().SaveSettings(slideInformationFilePath_, HeaderSettings(), globals_.Slides, *history_,
+                                           step.empty() ? "Change" : step, amend)
+               : DataAccess().SaveSettings(slideInformationFilePath_, HeaderSettings(), globals_.Slides);
   if (status.ok()) globals_.SlidesChanged = false;
   return status;
 }
+
+void UIMainController::KeepHistory() {
+  keepHistory_ = true;
+  SlideInformationFilePath(slideInformationFilePath_);
+}
+
+std::optional<std::string> UIMainController::UndoName() const {
+  return history_ ? history_->UndoName() : std::nullopt;
+}
+
+std::optional<std::string> UIMainController::RedoName() const {
+  return history_ ? history_->RedoName() : std::nullopt;
+}
+
+Status UIMainController::Undo() { return StepHistory(true); }
+
+Status UIMainController::Redo() { return StepHistory(false); }
+
+Status UIMainController::StepHistory(bool back) {
+  if (!history_) return Status::Described("No changes are kept for this file.");
+  std::string bytes;
+  if (const RtError e = Env::Default().ReadWhole(slideInformationFilePath_, bytes); e != RtError::None)
+    return {e, "History"};
+  // In place: a file of 32,767 slides is not copied again.
+  if (Status s = back ? history_->Undo(bytes, bytes) : history_->Redo(bytes, bytes); !s.ok()) return s;
+  if (Status s = DataAccess().SaveBytes(slideInformationFilePath_, bytes); !s.ok()) {
+    OpenHistory();  // the history steps back to the file as it stayed
+    return s;
+  }
+  history_->Written();
+  return LoadSettings();
+}
+
+bool UIMainController::TakeHistoryNotice() { return std::exchange(historySetAside_, false); }
 
 Status UIMainController::PutPassword(const std::string& password) { return DataAccess().PutPassword(password); }
 

@@ -7,7 +7,9 @@
 #include <array>
 #include <cstdint>
 #include <memory>
+#include <optional>
 #include <string>
+#include <string_view>
 #include <vector>
 
 #include "base/RuntimeError.h"
@@ -16,6 +18,7 @@
 #include "state/UIGlobalController.h"
 #include "storage/DataAccess.h"
 #include "storage/SlideFileLock.h"
+#include "storage/SlideHistory.h"
 
 namespace cb {
 
@@ -46,6 +49,10 @@ class UIMainController {
     lockOpenFile_ = true;
     openFileLock_.TryAcquire(slideInformationFilePath_);
   }
+  // The program (again, not a test) keeps an undo history beside the file it
+  // has open, which each save adds a step to.
+  void KeepHistory();
+
   const std::string& Wallpaper() const { return wallpaper_; }
   void Wallpaper(std::string v) { wallpaper_ = std::move(v); }
   const std::string& ReportFont() const { return reportFont_; }
@@ -107,7 +114,20 @@ class UIMainController {
   // Read or write the open file through a fresh DataAccess; a success clears
   // SlidesChanged. The window that asked turns a failure into its strings.
   Status LoadSettings();
-  Status SaveSettings();
+  // With a history kept, the save is its step `step` ("Edit Slide", ...);
+  // `amend` folds it into the last step.
+  Status SaveSettings(std::string_view step = {}, bool amend = false);
+
+  // The names of the steps Undo and Redo would take back or make again.
+  std::optional<std::string> UndoName() const;
+  std::optional<std::string> RedoName() const;
+  // Puts the file back as it was before the last step done, or after the
+  // next one undone, then loads it.
+  Status Undo();
+  Status Redo();
+  // True once after a load found the history no longer fitting the file:
+  // it was changed elsewhere and the history was set aside.
+  bool TakeHistoryNotice();
 
   // The password and the file history, through a fresh DataAccess.
   Status PutPassword(const std::string& password);
@@ -123,8 +143,15 @@ class UIMainController {
   UIGlobalController& GlobalController() { return *globalController_; }
 
  private:
+  Status StepHistory(bool back);
+  // Reads the history and checks it against the file; one set aside is told once.
+  void OpenHistory();
+
   bool lockOpenFile_ = false;
   SlideFileLock openFileLock_;
+  bool keepHistory_ = false;
+  std::unique_ptr<SlideHistory> history_;  // of the open file, with keepHistory_
+  bool historySetAside_ = false;
   std::string appPath_;
   SettingsStore& settings_;
   ModGlobal& globals_;

@@ -17,6 +17,16 @@ constexpr unsigned kNewFileMode = 0644;
 }  // namespace
 
 Status DataAccess::SaveSettings(const std::string& path, const SifSettings& settings, const SlideArray& slides) {
+  return Save(path, settings, slides, nullptr, {}, false);
+}
+
+Status DataAccess::SaveSettings(const std::string& path, const SifSettings& settings, const SlideArray& slides,
+                                SlideHistory& history, std::string_view step, bool amend) {
+  return Save(path, settings, slides, &history, step, amend);
+}
+
+Status DataAccess::Save(const std::string& path, const SifSettings& settings, const SlideArray& slides,
+                        SlideHistory* history, std::string_view step, bool amend) {
   if (slides.empty()) return {RtError::SubscriptOutOfRange, kSource};
   if (path.empty()) return {RtError::BadFileNameOrNumber, kSource};
   const long upper = static_cast<long>(slides.size()) - 1;
@@ -24,9 +34,13 @@ Status DataAccess::SaveSettings(const std::string& path, const SifSettings& sett
   // The new content is the old file with the records written over it, so a
   // file whose collection shrank keeps its old records behind the last slide.
   std::string bytes;
-  if (auto e = env_.ReadWhole(path, bytes); e != RtError::None && e != RtError::FileNotFound) return {e, kSource};
+  const RtError read = env_.ReadWhole(path, bytes);
+  if (read != RtError::None && read != RtError::FileNotFound) return {read, kSource};
   // The slide loop counts in 16 bits: a larger collection overflows before it starts.
   if (upper > kMaxRecords) return {RtError::Overflow, kSource};
+  // A file that was there keeps its old bytes for the history's step.
+  std::string before;
+  if (history && read == RtError::None) before = bytes;
   // Grown once: the records land in order, so every byte they cover is written.
   const auto newSize = static_cast<std::size_t>(upper + 1) * kRecordLength;
   if (bytes.size() < newSize) bytes.resize(newSize, '\0');
@@ -49,6 +63,19 @@ Status DataAccess::SaveSettings(const std::string& path, const SifSettings& sett
     }
     file->Put(i + 1, r.bytes());
   }
+  // The step lasts before the file changes; a history that cannot keep it
+  // does not stop the save, and no longer fits the file at its next open.
+  const bool kept = history && read == RtError::None &&
+                    (before == bytes || history->Record(step, before, bytes, amend).ok());
+  if (Status saved = SaveBytes(path, bytes); !saved.ok()) {
+    if (kept) history->Open();  // the history steps back to the file as it stayed
+    return saved;
+  }
+  if (kept) history->Written();
+  return {};
+}
+
+Status DataAccess::SaveBytes(const std::string& path, std::string_view bytes) {
   const RtError e = ReplaceFile(env_, path, bytes, kNewFileMode);
   // A writable file in a read-only folder cannot be replaced: the user is told where the trouble lies.
   if (e == RtError::PathFileAccess && env_.FolderRefusesSave(path)) return {e, kSource, ReadOnlyFolderText(path)};

@@ -13,6 +13,7 @@
 #include "model/SlideRecord.h"
 #include "storage/Env.h"
 #include "storage/SifReader.h"
+#include "storage/SlideHistory.h"
 #include "storage/SmallFiles.h"
 
 namespace cb {
@@ -48,6 +49,15 @@ class DataAccess {
   // step (see ReplaceFile): a failure or a crash leaves it as it was.
   Status SaveSettings(const std::string& path, const SifSettings& settings, const SlideArray& slides);
 
+  // The same, kept in `history` as the step `step` (see SlideHistory::Record)
+  // when the file was there before and its bytes change.
+  Status SaveSettings(const std::string& path, const SifSettings& settings, const SlideArray& slides,
+                      SlideHistory& history, std::string_view step, bool amend = false);
+
+  // Writes `bytes` as the whole file at `path`, replaced in one step: an
+  // undo or redo putting back a version the history kept.
+  Status SaveBytes(const std::string& path, std::string_view bytes);
+
   // Reads paths.ReadFrom after checking that paths.Chosen finds
   // paths.FileName exactly; a missing ReadFrom is created empty. Replaces `slides` on success and leaves them
   // unchanged on failure. The settings are stored one by one as the load
@@ -71,6 +81,8 @@ class DataAccess {
   Status SaveReport(const std::string& reportsDirectory, const std::string& fileName, const std::string& text);
 
  private:
+  Status Save(const std::string& path, const SifSettings& settings, const SlideArray& slides, SlideHistory* history,
+              std::string_view step, bool amend);
   Env& env_;
 };
 

@@ -287,6 +287,53 @@ TEST_F(GalleryWindowTest, MissingPictureAmongTheMatchesOfAKeptQuery) {
   EXPECT_EQ(Gallery().lblFound->text(), "10 of 29 slides");
 }
 
+// A removal undone and made again by the keys, the second after the program
+// started again; a file changed elsewhere sets the history aside.
+TEST_F(GalleryWindowTest, UndoAndRedoPutTheFileBackByteForByte) {
+  Start(5);
+  ErrorArray errors;
+  const auto restart = [&] {
+    Globals().MainController = std::make_unique<UIMainController>(app.str(), settings, Globals());
+    Mc().KeepHistory();
+    ASSERT_TRUE(Report(Mc().LoadSettings(), errors));
+    TheMDIMain().RebuildGallery();
+  };
+  restart();
+  const std::string path = app / "Files/t.sif", start = ReadFile(path);
+  QTimer::singleShot(0, [] {
+    if (auto* q = qobject_cast<dlgRemoveSlide*>(QApplication::activeModalWidget())) q->cmdOK->click();
+  });
+  QTest::mouseClick(Gallery().Image1(3), Qt::RightButton);
+  Gallery().Menu(MenuId::Popup1)->hide();
+  Gallery().Item(MenuId::Popup1Delete)->trigger();
+  QCoreApplication::processEvents();
+  const std::string removed = ReadFile(path);
+  ASSERT_NE(removed, start);
+  emit Gallery().Menu(MenuId::Edit)->aboutToShow();
+  EXPECT_EQ(Gallery().Item(MenuId::EditUndo)->text(), "&Undo Remove Slide");
+  EXPECT_FALSE(Gallery().Item(MenuId::EditRedo)->isEnabled());
+
+  QApplication::setActiveWindow(&TheMDIMain());
+  QTest::keyClick(&TheMDIMain(), Qt::Key_Z, Qt::ControlModifier);
+  QCoreApplication::processEvents();  // the gallery hands its items on queued
+  EXPECT_EQ(ReadFile(path), start);
+  EXPECT_EQ(Shown(), Range(1, 5));
+  restart();
+  QApplication::setActiveWindow(&TheMDIMain());
+  QTest::keyClick(&TheMDIMain(), Qt::Key_Z, Qt::ControlModifier | Qt::ShiftModifier);
+  QCoreApplication::processEvents();
+  EXPECT_EQ(ReadFile(path), removed);
+  EXPECT_EQ(Shown(), (std::vector<int>{1, 2, 4, 5, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0}));
+
+  std::string elsewhere = start;
+  elsewhere[2 * kRecordLength + 60] ^= 1;  // another program changed a slide's text
+  testing::WriteFile(path, elsewhere);
+  restart();
+  EXPECT_EQ(TheMDIMain().StatusText(), "The undo history was set aside: the file was changed elsewhere.");
+  EXPECT_FALSE(Mc().UndoName());
+  EXPECT_EQ(ReadFile(path), elsewhere);
+}
+
 // A slide window beside the gallery: names, menu bars, its help page and cascading each its own.
 TEST_F(GalleryWindowTest, SlideWindowBesideTheGallery) {
   Start(17);

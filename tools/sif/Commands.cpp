@@ -20,6 +20,7 @@
 #include "CommandIo.h"
 #include "Formats.h"
 #include "Report.h"
+#include "History.h"
 #include "Show.h"
 #include "Thumbnail.h"
 #include "Where.h"
@@ -52,6 +53,7 @@ constexpr std::string_view kUsage =
     "  or:  chattelbook-sif backup FILE.sif [--gallery DIR] -o ARCHIVE.tar.gz\n"
     "  or:  chattelbook-sif restore ARCHIVE.tar.gz --to APPDIR [--force]\n"
     "  or:  chattelbook-sif thumbnail FILE.sif OUT.png [--size N]\n"
+    "  or:  chattelbook-sif history|undo|redo FILE.sif\n"
     "  or:  chattelbook-sif --help | --version\n"
     "\n"
     "Commands:\n"
@@ -73,6 +75,10 @@ constexpr std::string_view kUsage =
     "             managers: the first pictures of the gallery beside the file's\n"
     "             folder, one alone or up to four in a 2 x 2 grid, else the\n"
     "             program's icon\n"
+    "  history  list the steps of the undo history kept beside the file, oldest first;\n"
+    "           \"*\" marks those undone, which redo makes again\n"
+    "  undo     put the file back as it was before its last change\n"
+    "  redo     make the last change undone again\n"
     "\n"
     "DIR defaults to the Gallery folder beside the file's own folder.\n"
     "\n"
@@ -255,7 +261,7 @@ int RunImport(const QStringList& args, Io& io) {
   const std::string out = S(p.value(kOutput));
   SlideFileLock lock;  // held until the new file is in place
   if (!lock.TryAcquire(out)) return Fail(io, OpenInProgramMessage(out));
-  if (!WriteSif(out, settings, slides, p.isSet(force), message)) return Fail(io, message);
+  if (!WriteSif(out, settings, slides, p.isSet(force), message, "Import")) return Fail(io, message);
   return kExitOk;
 }
 
@@ -319,7 +325,7 @@ struct Command {
   int (*run)(const QStringList&, Io&);
 };
 
-constexpr std::array<Command, 9> kCommands{{
+constexpr std::array<Command, 12> kCommands{{
     {"show", RunShow},
     {"export", RunExport},
     {"import", RunImport},
@@ -329,6 +335,9 @@ constexpr std::array<Command, 9> kCommands{{
     {"backup", WithUsage<RunBackup>},
     {"restore", WithUsage<RunRestore>},
     {"thumbnail", WithUsage<RunThumbnail>},
+    {"history", WithUsage<RunHistory>},
+    {"undo", WithUsage<RunUndo>},
+    {"redo", WithUsage<RunRedo>},
 }};
 
 }  // namespace
