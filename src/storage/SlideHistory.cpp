@@ -266,7 +266,9 @@ struct SlideHistory::StepFile {
     for (const Range& r : DiffRecords(before, rb, after, ra)) {
       hunks.push_back({r.oldAt * kRecordLength, r.newAt * kRecordLength, RecordBytes(before, r.oldAt, r.oldEnd),
                        RecordBytes(after, r.newAt, r.newEnd)});
-      touched += static_cast<std::int32_t>(std::max(r.oldEnd - r.oldAt, r.newEnd - r.newAt));
+      // The header (record 0) is no slide.
+      touched += static_cast<std::int32_t>(std::max(r.oldEnd - r.oldAt, r.newEnd - r.newAt) -
+                                           (r.oldAt == 0 && r.newAt == 0 ? 1 : 0));
     }
   }
 
