@@ -141,6 +141,25 @@ TEST(Commands, WhereKeepsToTheSlidesFound) {
   }
 }
 
+// A forced import is a step of the file it replaces: undone, redone, listed.
+TEST(Commands, HistoryUndoAndRedoOfAnImport) {
+  Scratch dir;
+  const std::string file = dir / "h.sif", csv = dir / "in.csv";
+  WriteAsProgram(file, {}, {{"d.jpg", "Drill"}});
+  const std::string first = ReadFile(file);
+  testing::WriteFile(csv, "PictureFile,SlideText\nb.jpg,Bench\n");
+  ASSERT_EQ(RunInProcess({"import", csv, "-o", file, "--force"}).status, kExitOk);
+  const std::string second = ReadFile(file);
+  const std::tuple<std::vector<std::string>, int, const std::string*> steps[] = {
+      {{"undo", file}, kExitOk, &first}, {{"undo", file}, kExitData, &first},
+      {{"redo", file}, kExitOk, &second}, {{"redo", file}, kExitData, &second}};
+  for (const auto& [args, status, content] : steps) {
+    EXPECT_EQ(RunInProcess(args).status, status) << args[0];
+    EXPECT_EQ(ReadFile(file), *content) << args[0];
+  }
+  EXPECT_THAT(RunInProcess({"history", file}).out, ::testing::MatchesRegex("  1  [-0-9: ]+  Import  \\(1 slide\\)\n"));
+}
+
 // "-o /dev/null" or a pipe is written into, never replaced by a plain file;
 // a slide file is never written into one.
 TEST(Commands, AnOutputThatIsNoPlainFileIsWrittenInPlace) {
