@@ -98,12 +98,7 @@ void BM_Undo(benchmark::State& state) {
     return state.SkipWithError("no step to undo");
   bool back = true;
   for (auto _ : state) {
-    std::string bytes;
-    if (Env::Default().ReadWhole(Big().path(), bytes) != RtError::None ||
-        !(back ? history.Undo(bytes, bytes) : history.Redo(bytes, bytes)).ok() ||
-        ReplaceFile(Env::Default(), Big().path(), bytes, 0666) != RtError::None)
-      return state.SkipWithError("the undo failed");
-    history.Written();
+    if (!DataAccess().StepHistory(Big().path(), history, back).ok()) return state.SkipWithError("the undo failed");
     back = !back;
   }
 }

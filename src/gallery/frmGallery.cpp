@@ -6,6 +6,7 @@
 #include <QCloseEvent>
 #include <QDropEvent>
 #include <QHBoxLayout>
+#include <QKeyEvent>
 #include <QLabel>
 #include <QLineEdit>
 #include <QMdiSubWindow>
@@ -13,7 +14,6 @@
 #include <QPointer>
 #include <QPushButton>
 #include <QScrollBar>
-#include <QKeyEvent>
 #include <QTimer>
 #include <cmath>
 
@@ -134,6 +134,7 @@ void frmGallery::NameUndoItems() {
 void frmGallery::CreateFindBar() {
   FindBar = new QWidget(this);
   FindBar->setObjectName("FindBar");
+  FindBar->setAccessibleName("Find bar");
   FindBar->hide();
   txtFind = new QLineEdit(FindBar);
   txtFind->setObjectName("txtFind");

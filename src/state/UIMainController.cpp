@@ -149,16 +149,7 @@ Status UIMainController::Redo() { return StepHistory(false); }
 
 Status UIMainController::StepHistory(bool back) {
   if (!history_) return Status::Described("No changes are kept for this file.");
-  std::string bytes;
-  if (const RtError e = Env::Default().ReadWhole(slideInformationFilePath_, bytes); e != RtError::None)
-    return {e, "History"};
-  // In place: a file of 32,767 slides is not copied again.
-  if (Status s = back ? history_->Undo(bytes, bytes) : history_->Redo(bytes, bytes); !s.ok()) return s;
-  if (Status s = DataAccess().SaveBytes(slideInformationFilePath_, bytes); !s.ok()) {
-    OpenHistory();  // the history steps back to the file as it stayed
-    return s;
-  }
-  history_->Written();
+  if (Status s = DataAccess().StepHistory(slideInformationFilePath_, *history_, back); !s.ok()) return s;
   return LoadSettings();
 }
 

@@ -75,6 +75,19 @@ Status DataAccess::Save(const std::string& path, const SifSettings& settings, co
   return {};
 }
 
+Status DataAccess::StepHistory(const std::string& path, SlideHistory& history, bool back) {
+  std::string bytes;
+  if (const RtError e = env_.ReadWhole(path, bytes); e != RtError::None) return {e, kSource};
+  // In place: a file of 32,767 slides is not copied again.
+  if (Status s = back ? history.Undo(bytes, bytes) : history.Redo(bytes, bytes); !s.ok()) return s;
+  if (Status s = SaveBytes(path, bytes); !s.ok()) {
+    history.Open();  // the history steps back to the file as it stayed
+    return s;
+  }
+  history.Written();
+  return {};
+}
+
 Status DataAccess::SaveBytes(const std::string& path, std::string_view bytes) {
   const RtError e = ReplaceFile(env_, path, bytes, kNewFileMode);
   // A writable file in a read-only folder cannot be replaced: the user is told where the trouble lies.

@@ -54,9 +54,9 @@ class DataAccess {
   Status SaveSettings(const std::string& path, const SifSettings& settings, const SlideArray& slides,
                       SlideHistory& history, std::string_view step, bool amend = false);
 
-  // Writes `bytes` as the whole file at `path`, replaced in one step: an
-  // undo or redo putting back a version the history kept.
-  Status SaveBytes(const std::string& path, std::string_view bytes);
+  // Undoes (`back`) or redoes one step of `history` on the file at `path`:
+  // its bytes read, the step applied to them, the file replaced.
+  Status StepHistory(const std::string& path, SlideHistory& history, bool back);
 
   // Reads paths.ReadFrom after checking that paths.Chosen finds
   // paths.FileName exactly; a missing ReadFrom is created empty. Replaces `slides` on success and leaves them
@@ -83,6 +83,8 @@ class DataAccess {
  private:
   Status Save(const std::string& path, const SifSettings& settings, const SlideArray& slides, SlideHistory* history,
               std::string_view step, bool amend);
+  // Writes `bytes` as the whole file at `path`, replaced in one step.
+  Status SaveBytes(const std::string& path, std::string_view bytes);
   Env& env_;
 };
 

@@ -47,16 +47,8 @@ int Step(const QStringList& args, const CommandIo& io, bool back) {
   if (history.Open() == SlideHistory::Fit::SetAside) return DataError(io, SetAsideMessage(path));
   const auto name = back ? history.UndoName() : history.RedoName();
   if (!name) return DataError(io, path + (back ? ": nothing to undo" : ": nothing to redo"));
-  std::string bytes;
-  if (const RtError e = Env::Default().ReadWhole(path, bytes); e != RtError::None)
-    return DataError(io, path + ": " + std::string(Description(e)));
-  if (Status s = back ? history.Undo(bytes, bytes) : history.Redo(bytes, bytes); !s.ok())
+  if (Status s = DataAccess().StepHistory(path, history, back); !s.ok())
     return DataError(io, path + ": " + std::string(s.description()));
-  if (Status s = DataAccess().SaveBytes(path, bytes); !s.ok()) {
-    history.Open();  // back to the file as it stayed
-    return DataError(io, path + ": " + std::string(s.description()));
-  }
-  history.Written();
   io.out << (back ? "Undone: " : "Redone: ") << *name << "\n";
   return kExitOk;
 }
