@@ -114,6 +114,17 @@ class GalleryWindowTest : public GalleryFixture {
     EXPECT_TRUE(asked);
   }
 
+  // Right-click on slide cell `cell`, Remove Slide, OK; the gallery is made anew.
+  void RemoveByPopup(int cell) {
+    QTimer::singleShot(0, [] {
+      if (auto* q = qobject_cast<dlgRemoveSlide*>(QApplication::activeModalWidget())) q->cmdOK->click();
+    });
+    QTest::mouseClick(Gallery().Image1(cell), Qt::RightButton);
+    Gallery().Menu(MenuId::Popup1)->hide();
+    Gallery().Item(MenuId::Popup1Delete)->trigger();
+    QCoreApplication::processEvents();
+  }
+
   std::string OnDisk() {
     ErrorArray errors;
     EXPECT_TRUE(Report(Mc().LoadSettings(), errors));
@@ -254,13 +265,7 @@ TEST_F(GalleryWindowTest, FindBarShowsTheMatchesAndCommandsTakeTheSlideShown) {
   EXPECT_EQ(slide->Image1->toolTip(), "Slide 18");
   EXPECT_EQ(Mc().CurrentImageNumber(), 18);  // what the editor edits
 
-  QTimer::singleShot(0, [] {
-    if (auto* q = qobject_cast<dlgRemoveSlide*>(QApplication::activeModalWidget())) q->cmdOK->click();
-  });
-  QTest::mouseClick(Gallery().Image1(1), Qt::RightButton);
-  Gallery().Menu(MenuId::Popup1)->hide();
-  Gallery().Item(MenuId::Popup1Delete)->trigger();
-  QCoreApplication::processEvents();
+  RemoveByPopup(1);
   SlideArray expected = before;
   expected.erase(expected.begin() + 15);
   EXPECT_EQ(std::vector(g.Slides.begin() + 1, g.Slides.end()), std::vector(expected.begin() + 1, expected.end()));
@@ -300,13 +305,7 @@ TEST_F(GalleryWindowTest, UndoAndRedoPutTheFileBackByteForByte) {
   };
   restart();
   const std::string path = app / "Files/t.sif", start = ReadFile(path);
-  QTimer::singleShot(0, [] {
-    if (auto* q = qobject_cast<dlgRemoveSlide*>(QApplication::activeModalWidget())) q->cmdOK->click();
-  });
-  QTest::mouseClick(Gallery().Image1(3), Qt::RightButton);
-  Gallery().Menu(MenuId::Popup1)->hide();
-  Gallery().Item(MenuId::Popup1Delete)->trigger();
-  QCoreApplication::processEvents();
+  RemoveByPopup(3);
   const std::string removed = ReadFile(path);
   ASSERT_NE(removed, start);
   emit Gallery().Menu(MenuId::Edit)->aboutToShow();
