@@ -22,6 +22,7 @@
 #include "pack/JobControl.h"
 #include "pack/SifFile.h"
 #include "storage/DiskEnv.h"
+#include "storage/SlideHistory.h"
 
 namespace cb::pack {
 namespace {
@@ -40,10 +41,25 @@ struct Source {
 
 bool PlainName(const std::string& n) { return !n.empty() && n != "." && n != ".." && n.find('/') == std::string::npos; }
 
-// The file itself, each picture once in record order, the frame, the wallpaper.
+// The regular files directly in the file's undo history, but its stamp: that
+// names the file as this disk holds it, so a restored history is checked by hash.
+void AddHistory(const std::string& sifPath, std::vector<Source>& out) {
+  const fs::path folder = SlideHistory::FolderOf(sifPath);
+  std::vector<std::string> names;
+  std::error_code ec;
+  for (const auto& e : fs::directory_iterator(folder, ec))
+    if (e.path().filename() != "stamp" && e.symlink_status(ec).type() == fs::file_type::regular)
+      names.push_back(e.path().filename().string());
+  std::sort(names.begin(), names.end());
+  const std::string in = "Files/" + folder.filename().string() + "/";
+  for (const auto& n : names) out.push_back({in + n, (folder / n).string(), "the undo history"});
+}
+
+// The file itself and its history, each picture once in record order, the frame, the wallpaper.
 std::vector<Source> Sources(const SifDocument& doc, const std::string& sifPath, const fs::path& gallery,
                             std::vector<std::string>& notes) {
   std::vector<Source> out{{"Files/" + fs::path(sifPath).filename().string(), sifPath, "the file"}};
+  AddHistory(sifPath, out);
   std::set<std::string> seen;
   const auto add = [&](const std::string& folder, const fs::path& dir, const std::string& field, const std::string& who) {
     const std::string name = Cp1252ToUtf8(Trim(StripAtNul(field)));

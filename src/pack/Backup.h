@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
-// Backup and restore: a Slide Information File with every picture it names,
-// its frame and its wallpaper, in one tar.gz with a SHA-256 manifest, and
-// back into an application directory.
+// Backup and restore: a Slide Information File with its undo history, every
+// picture it names, its frame and its wallpaper, in one tar.gz with a SHA-256
+// manifest, and back into an application directory.
 
 #include <ctime>
 #include <string>
@@ -51,14 +51,17 @@ struct RestorePlan {
 
 // Reads and checks every name and hash of the archive against its manifest,
 // writing nothing, and stops at the first member the manifest does not
-// account for; it holds no more than the manifest names, however many
-// members the archive has. Reports "Checking file" steps (count unknown).
+// account for (or a history whose file the archive lacks); it holds no more
+// than the manifest names, however many members the archive has. Reports
+// "Checking file" steps (count unknown).
 Status PlanRestore(const std::string& archivePath, const std::string& appDir, const JobProgress& progress,
                    RestorePlan& plan);
 
 // Writes every file of `plan` beside its target and moves them all into place
-// only when all are whole; on failure or cancel nothing is replaced. Reports
-// one "Restoring file" step per file.
+// only when all are whole; on failure or cancel nothing is replaced. Then
+// each slide file restored has the archive's history alone: old history
+// files the archive lacks are removed, and an old history the archive
+// carries none for is set aside. Reports one "Restoring file" step per file.
 Status CarryOutRestore(const RestorePlan& plan, const JobProgress& progress);
 
 }  // namespace cb::pack

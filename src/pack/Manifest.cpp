@@ -6,6 +6,8 @@
 
 #include <algorithm>
 
+#include "storage/SlideHistory.h"
+
 namespace cb::pack {
 namespace {
 
@@ -43,6 +45,21 @@ std::optional<std::string> Unescaped(std::string_view text) {
     else return std::nullopt;
   }
   return out;
+}
+
+bool IsPlainFile(std::string_view file) {
+  return !file.empty() && file != "." && file != ".." && file.find('/') == std::string_view::npos &&
+         file.find('\0') == std::string_view::npos;
+}
+
+// "FOLDER/FILE" with one of the backup's folders.
+bool IsFolderFile(std::string_view name) {
+  const std::size_t slash = name.find('/');
+  if (slash == std::string_view::npos) return false;
+  const std::string_view folder = name.substr(0, slash);
+  const bool known =
+      std::find(std::begin(kBackupFolders), std::end(kBackupFolders), folder) != std::end(kBackupFolders);
+  return known && IsPlainFile(name.substr(slash + 1));
 }
 
 }  // namespace
@@ -120,14 +137,22 @@ std::string ShownName(std::string_view name) {
   return out;
 }
 
-bool IsBackupName(std::string_view name) {
-  const std::size_t slash = name.find('/');
-  if (slash == std::string_view::npos) return false;
-  const std::string_view folder = name.substr(0, slash);
-  const std::string_view file = name.substr(slash + 1);
-  const bool known = std::find(std::begin(kBackupFolders), std::end(kBackupFolders), folder) != std::end(kBackupFolders);
-  return known && !file.empty() && file != "." && file != ".." && file.find('/') == std::string_view::npos &&
-         file.find('\0') == std::string_view::npos;
+bool IsBackupName(std::string_view name) { return IsFolderFile(name) || HistoryOwner(name); }
+
+std::optional<std::string> HistoryOwner(std::string_view name) {
+  constexpr std::string_view files = "Files/", history = ".history";
+  if (!name.starts_with(files)) return std::nullopt;
+  const std::string_view rest = name.substr(files.size());
+  const std::size_t slash = rest.find('/');
+  if (slash == std::string_view::npos || !IsPlainFile(rest.substr(slash + 1))) return std::nullopt;
+  const std::string_view folder = rest.substr(0, slash);
+  if (folder.size() <= history.size() + 1 || !folder.starts_with('.') || !folder.ends_with(history))
+    return std::nullopt;
+  std::string owner = std::string(files) + std::string(folder.substr(1, folder.size() - 1 - history.size()));
+  // The history's own naming decides which folder belongs to which file.
+  if (!IsFolderFile(owner) || SlideHistory::FolderOf(owner) != name.substr(0, files.size() + slash))
+    return std::nullopt;
+  return owner;
 }
 
 }  // namespace cb::pack

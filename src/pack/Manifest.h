@@ -41,7 +41,12 @@ bool IsUtf8(std::string_view s);
 std::string ShownName(std::string_view name);
 
 // True when `name` is "FOLDER/FILE" with one of the backup's folders and a
-// plain file name: nothing that could reach outside the folder.
+// plain file name, or a file of a slide file's undo history,
+// "Files/.NAME.history/FILE": nothing that could reach outside the folder.
 bool IsBackupName(std::string_view name);
+
+// The slide file whose history holds `name`: "Files/My.sif" for
+// "Files/.My.sif.history/cursor"; nothing for any other name.
+std::optional<std::string> HistoryOwner(std::string_view name);
 
 }  // namespace cb::pack

@@ -11,6 +11,7 @@
 #include <cstring>
 #include <filesystem>
 #include <functional>
+#include <map>
 #include <optional>
 #include <set>
 #include <string_view>
@@ -19,6 +20,7 @@
 #include "pack/FolderSync.h"
 #include "pack/JobControl.h"
 #include "storage/DiskEnv.h"
+#include "storage/SlideHistory.h"
 
 namespace cb::pack {
 namespace {
@@ -277,6 +279,44 @@ bool WriteAll(int fd, const char* b, std::size_t n) {
   return true;
 }
 
+// An old history moved out of the way as the history itself does it: to
+// ".NAME.history.set-aside", ".set-aside.2" when that is taken, and so on.
+void SetAside(const fs::path& folder) {
+  std::error_code ec;
+  if (!fs::exists(fs::symlink_status(folder, ec))) return;
+  std::string aside = folder.string() + ".set-aside";
+  for (int n = 2; fs::exists(fs::symlink_status(aside, ec)); ++n)
+    aside = folder.string() + ".set-aside." + std::to_string(n);
+  fs::rename(folder, aside, ec);
+}
+
+// Each slide file restored keeps the history the archive carries and no
+// other: files of the old one that the archive lacks go, and an old history
+// it has no replacement for is set aside. What fails here leaves a history
+// that does not fit its file, which its next open sets aside.
+void ReplaceHistories(const RestorePlan& plan) {
+  std::map<std::string, std::set<std::string>> carried;  // history folder -> its files, as archive names
+  for (const auto& e : plan.entries) {
+    const std::size_t slash = e.name.rfind('/');
+    if (HistoryOwner(e.name)) carried[e.name.substr(0, slash)].insert(e.name.substr(slash + 1));
+  }
+  for (const auto& e : plan.entries) {
+    if (!e.name.starts_with("Files/") || HistoryOwner(e.name)) continue;
+    const std::string name = SlideHistory::FolderOf(e.name);
+    const fs::path folder = fs::path(plan.appDir) / name;
+    const auto kept = carried.find(name);
+    if (kept == carried.end()) {
+      SetAside(folder);
+      continue;
+    }
+    std::error_code ec;
+    std::vector<fs::path> gone;
+    for (const auto& f : fs::directory_iterator(folder, ec))
+      if (!kept->second.contains(f.path().filename().string()) && !f.is_directory(ec)) gone.push_back(f.path());
+    for (const auto& f : gone) fs::remove(f, ec);
+  }
+}
+
 }  // namespace
 
 Status PlanRestore(const std::string& archivePath, const std::string& appDir, const JobProgress& progress,
@@ -285,6 +325,10 @@ Status PlanRestore(const std::string& archivePath, const std::string& appDir, co
   p.archivePath = archivePath;
   p.appDir = fs::absolute(appDir).lexically_normal().string();
   if (Status found = FindManifest(archivePath, progress, p.manifest); !found.ok()) return found;
+  // A history comes only with its own file.
+  for (const auto& name : p.manifest.order)
+    if (const auto owner = HistoryOwner(name); owner && !p.manifest.hashes.contains(*owner))
+      return Status::Described(archivePath + ": " + Quoted(name) + " is no part of a backup");
   if (Status checked = CheckMembers(archivePath, progress, p.manifest, p.entries); !checked.ok()) return checked;
   for (const auto& e : p.entries) {
     const fs::path target = fs::path(p.appDir) / e.name;
@@ -328,7 +372,9 @@ Status CarryOutRestore(const RestorePlan& plan, const JobProgress& progress) {
     ++next;
   }
   if (!in.error().empty() || next != plan.entries.size()) return changed;
-  return staging.Commit();
+  if (Status committed = staging.Commit(); !committed.ok()) return committed;
+  ReplaceHistories(plan);
+  return {};
 }
 
 }  // namespace cb::pack

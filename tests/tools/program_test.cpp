@@ -4,9 +4,9 @@
 // report hands back the page the program's report generator writes, and the
 // claim pack's figures are those reports', its PDF carrying every slide as
 // text and one picture for each picture found. A backup restored gives back
-// every file byte for byte, and an archive that is damaged, does not match
-// its manifest or names a place outside the application directory is
-// refused before anything is written.
+// every file byte for byte, the file's undo history among them, and an
+// archive that is damaged, does not match its manifest or names a place
+// outside the application directory is refused before anything is written.
 
 #include <gmock/gmock.h>
 
@@ -26,6 +26,7 @@
 #include "pack/SifFile.h"
 #include "qt/SystemLocale.h"
 #include "reports/UIReportController.h"
+#include "storage/SlideHistory.h"
 
 namespace cb::sif::testing {
 namespace {
@@ -309,9 +310,18 @@ std::map<std::string, std::string> Tree(const fs::path& root) {
   return files;
 }
 
+// `sif` rewritten as `after` with a step of its history, as the program saves.
+void SaveStep(const std::string& sif, const std::string& after) {
+  SlideHistory history(Env::Default(), sif);
+  ASSERT_EQ(history.Open(), SlideHistory::Fit::Fits);
+  ASSERT_TRUE(history.Record("Edit Slide", ReadFile(sif), after).ok());
+  WriteFile(sif, after);
+  history.Written();
+}
+
 // One backup of an application directory whose slides name pictures that
-// are there, one twice, and some that cannot be read: restored elsewhere,
-// over the files it came from, and damaged.
+// are there, one twice, and some that cannot be read, and whose file has an
+// undo history: restored elsewhere, over the files it came from, and damaged.
 TEST(Backup, RestoreGivesBackEveryFileByteForByte) {
   Scratch dir;
   const std::string root = dir / "app", sif = root + "/Files/Home.sif", archive = dir / "home.tar.gz";
@@ -330,9 +340,13 @@ TEST(Backup, RestoreGivesBackEveryFileByteForByte) {
   fs::create_directory(root + "/Gallery/folder.jpg");
   fs::create_directory_symlink(root + "/Files", root + "/Gallery/link.jpg");
   ASSERT_EQ(::mkfifo((root + "/Gallery/fifo.jpg").c_str(), 0644), 0);
+  const std::string history = root + "/Files/.Home.sif.history", first = ReadFile(sif);
+  SaveStep(sif, WithHeader(first, "9", "2"));
+  SaveStep(sif, WithHeader(first, "9", "3"));
+  WriteFile(history + ".set-aside/cursor", "a history set aside");
   const Outcome b = RunProcess({"backup", sif, "-o", archive});
   ASSERT_EQ(b.status, 0) << b.err;
-  EXPECT_EQ(b.out, "7 files backed up into " + archive + ", 4 missing\n");
+  EXPECT_EQ(b.out, "10 files backed up into " + archive + ", 4 missing\n");
   const std::pair<int, std::string> leftOut[] = {{3, "gone.jpg\" is missing"},
                                                  {7, "folder.jpg\" is a folder, not a picture"},
                                                  {8, "link.jpg\" is a folder, not a picture"},
@@ -350,19 +364,33 @@ TEST(Backup, RestoreGivesBackEveryFileByteForByte) {
   ASSERT_EQ(r.status, 0) << r.err;
   EXPECT_THAT(r.err, HasSubstr("Gallery/gone.jpg was missing when the backup was made"));
   std::map<std::string, std::string> expected = Tree(root);
-  expected.erase("Gallery/unnamed.jpg");
+  for (const char* left :
+       {"Gallery/unnamed.jpg", "Files/.Home.sif.history/stamp", "Files/.Home.sif.history.set-aside/cursor"})
+    EXPECT_EQ(expected.erase(left), 1u) << left;
   EXPECT_EQ(Tree(to), expected);
+  SlideHistory restored(Env::Default(), to + "/Files/Home.sif");
+  EXPECT_EQ(restored.Open(), SlideHistory::Fit::Fits);  // by hash: no stamp came along
+  std::string undone;
+  EXPECT_TRUE(restored.Undo(ReadFile(to + "/Files/Home.sif"), undone).ok() && undone == WithHeader(first, "9", "2"));
 
-  // Existing files are replaced only with --force.
-  const std::map<std::string, std::string> before = Tree(root);
+  // Existing files are replaced only with --force; a history, whole.
+  std::map<std::string, std::string> before = Tree(root);
+  before.erase("Files/.Home.sif.history/stamp");
+  SaveStep(sif, first);
   WriteFile(root + "/Gallery/tv.jpg", "edited since");
   const Outcome refused = RunProcess({"restore", archive, "--to", root});
   EXPECT_EQ(refused.status, 1);
-  EXPECT_THAT(refused.err, HasSubstr("give --force to replace them\n  Files/Home.sif\n  Gallery/tv.jpg\n"));
+  EXPECT_THAT(refused.err, HasSubstr("replace them\n  Files/Home.sif\n  Files/.Home.sif.history/00000001.step\n"));
   EXPECT_EQ(ReadFile(root + "/Gallery/tv.jpg"), "edited since");
   const Outcome forced = RunProcess({"restore", archive, "--to", root, "--force"});
   EXPECT_EQ(forced.status, 0) << forced.err;
   EXPECT_EQ(Tree(root), before);
+
+  // A backup with no history sets aside the one the file had.
+  fs::copy_file(sif, dir / "Home.sif");
+  ASSERT_EQ(RunProcess({"backup", dir / "Home.sif", "-o", dir / "alone.tar.gz"}).status, 0);
+  EXPECT_EQ(RunProcess({"restore", dir / "alone.tar.gz", "--to", root, "--force"}).status, 0);
+  EXPECT_TRUE(fs::exists(history + ".set-aside.2/cursor") && !fs::exists(history));
 
   const std::string bytes = ReadFile(archive);
   std::string flipped = bytes;
@@ -420,6 +448,7 @@ TarEntry ManifestOf(const std::vector<TarEntry>& entries) {
 TEST(Backup, RestoreRefusesBadArchivesAndWritesNothing) {
   const TarEntry sif{"Files/Home.sif", "slides"};
   const TarEntry picture{"Gallery/tv.jpg", "picture"}, other{"Gallery/tv.jpg", "another picture"};
+  const TarEntry history{"Files/.Other.sif.history/cursor", "cursor"};
   const std::string m(kManifestName);
   struct Case {
     const char* name;
@@ -440,6 +469,8 @@ TEST(Backup, RestoreRefusesBadArchivesAndWritesNothing) {
       {"a symbolic link", {sif, {"Gallery/tv.jpg", "", AE_IFLNK, "/etc/passwd"}, ManifestOf({sif})}, "is a link"},
       {"a hard link", {sif, {"Gallery/tv.jpg", "", AE_IFREG, "Files/Home.sif", true}, ManifestOf({sif})}, "is a link"},
       {"a folder outside the backup's", {sif, {"Reports/Report1.htm", "x"}, ManifestOf({sif})}, "no part of a backup"},
+      {"a history without its file", {sif, history, ManifestOf({sif, history})}, "cursor\" is no part of a backup"},
+      {"a history set aside", {sif, {"Files/.Home.sif.history.set-aside/c", "x"}, ManifestOf({sif})}, "no part of a"},
       {"a directory", {sif, {"Gallery/sub", "", AE_IFDIR}, ManifestOf({sif})}, "not a regular file"},
       {"a name that is no UTF-8",
        {sif, {"Gallery/\xFF.jpg", "x"}, ManifestOf({sif, {"Gallery/\xFF.jpg", "x"}})},

@@ -34,7 +34,7 @@ int RunRestore(const QStringList& args, const CommandIo& io) {
   // The slide files it would write must not be open in the program.
   std::vector<std::unique_ptr<SlideFileLock>> locks;
   for (const auto& e : plan.entries) {
-    if (!e.name.starts_with("Files/")) continue;
+    if (!e.name.starts_with("Files/") || pack::HistoryOwner(e.name)) continue;
     const std::string target = plan.appDir + "/" + e.name;
     locks.push_back(std::make_unique<SlideFileLock>());
     if (!locks.back()->TryAcquire(target)) return DataError(io, OpenInProgramMessage(target));
