@@ -48,7 +48,7 @@ void AddHistory(const std::string& sifPath, std::vector<Source>& out) {
   std::vector<std::string> names;
   std::error_code ec;
   for (const auto& e : fs::directory_iterator(folder, ec))
-    if (e.path().filename() != "stamp" && e.symlink_status(ec).type() == fs::file_type::regular)
+    if (e.path().filename() != SlideHistory::kStampFile && e.symlink_status(ec).type() == fs::file_type::regular)
       names.push_back(e.path().filename().string());
   std::sort(names.begin(), names.end());
   const std::string in = "Files/" + folder.filename().string() + "/";

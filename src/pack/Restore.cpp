@@ -279,17 +279,6 @@ bool WriteAll(int fd, const char* b, std::size_t n) {
   return true;
 }
 
-// An old history moved out of the way as the history itself does it: to
-// ".NAME.history.set-aside", ".set-aside.2" when that is taken, and so on.
-void SetAside(const fs::path& folder) {
-  std::error_code ec;
-  if (!fs::exists(fs::symlink_status(folder, ec))) return;
-  std::string aside = folder.string() + ".set-aside";
-  for (int n = 2; fs::exists(fs::symlink_status(aside, ec)); ++n)
-    aside = folder.string() + ".set-aside." + std::to_string(n);
-  fs::rename(folder, aside, ec);
-}
-
 // Each slide file restored keeps the history the archive carries and no
 // other: files of the old one that the archive lacks go, and an old history
 // it has no replacement for is set aside. What fails here leaves a history
@@ -306,7 +295,7 @@ void ReplaceHistories(const RestorePlan& plan) {
     const fs::path folder = fs::path(plan.appDir) / name;
     const auto kept = carried.find(name);
     if (kept == carried.end()) {
-      SetAside(folder);
+      SlideHistory::SetAsideFolder(Env::Default(), folder.string());
       continue;
     }
     std::error_code ec;

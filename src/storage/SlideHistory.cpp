@@ -361,12 +361,17 @@ void SlideHistory::Reset() {
   kept_.clear();
 }
 
+std::string SlideHistory::StampPath() const { return folder_ + "/" + std::string(kStampFile); }
+
+void SlideHistory::SetAsideFolder(Env& env, const std::string& folder) {
+  if (env.KindOf(folder) == EntryKind::Missing) return;
+  std::string aside = folder + ".set-aside";
+  for (int n = 2; env.KindOf(aside) != EntryKind::Missing; ++n) aside = folder + ".set-aside." + std::to_string(n);
+  env.Rename(folder, aside);
+}
+
 void SlideHistory::SetAside() {
-  if (env_.KindOf(folder_) != EntryKind::Missing) {
-    std::string aside = folder_ + ".set-aside";
-    for (int n = 2; env_.KindOf(aside) != EntryKind::Missing; ++n) aside = folder_ + ".set-aside." + std::to_string(n);
-    env_.Rename(folder_, aside);
-  }
+  SetAsideFolder(env_, folder_);
   Reset();
 }
 
@@ -446,7 +451,7 @@ void SlideHistory::RemoveStrays() {
 bool SlideHistory::StampedHash(std::uint64_t& hash) const {
   const std::string stamp = env_.Stamp(sifPath_);
   std::string kept;
-  if (stamp.empty() || env_.ReadWhole(folder_ + "/stamp", kept) != RtError::None || kept.size() <= 17 ||
+  if (stamp.empty() || env_.ReadWhole(StampPath(), kept) != RtError::None || kept.size() <= 17 ||
       std::string_view(kept).substr(17) != stamp + "\n")
     return false;
   hash = std::strtoull(kept.substr(0, 16).c_str(), nullptr, 16);
@@ -590,7 +595,7 @@ void SlideHistory::Written() {
   const std::string stamp = env_.Stamp(sifPath_);
   std::unique_ptr<WritableFile> file;
   // A hint only, so not synced: a stamp lost or torn makes the next Open hash the file.
-  if (stamp.empty() || env_.NewWritableFile(folder_ + "/stamp", kNewFileMode, file) != RtError::None) return;
+  if (stamp.empty() || env_.NewWritableFile(StampPath(), kNewFileMode, file) != RtError::None) return;
   file->Append(Hex(HashAt(cursor_)) + " " + stamp + "\n");
   file->Close();
 }

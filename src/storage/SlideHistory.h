@@ -42,6 +42,11 @@ class SlideHistory {
 
   // The history folder of `sifPath`: ".NAME.history" in the file's folder.
   static std::string FolderOf(const std::string& sifPath);
+  // Moves a history folder aside, kept: to "FOLDER.set-aside", or ".set-aside.2"
+  // when that is taken, and so on. A missing folder stays missing.
+  static void SetAsideFolder(Env& env, const std::string& folder);
+  // The file in the folder that only says what this machine last wrote.
+  static constexpr std::string_view kStampFile = "stamp";
 
   enum class Fit {
     Fits,      // the history is that of the file as it is on disk (or there is none)
@@ -86,6 +91,7 @@ class SlideHistory {
   std::int32_t Done() const;
 
  private:
+  std::string StampPath() const;
   // What the cursor file keeps of a step, so that Open, the names and the
   // limits need no step file.
   struct Kept {
