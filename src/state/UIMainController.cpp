@@ -154,11 +154,14 @@ Status UIMainController::SaveSettings(std::string_view step, bool amend) {
   return status;
 }
 
-void UIMainController::BinGone(std::string_view reason) {
+void UIMainController::BinGone(std::string_view reason, bool stepped) {
   if (!history_) return;
-  if (!reason.empty())
-    RemovedBin(Env::Default(), slideInformationFilePath_)
-        .Add(GoneSlides(saved_, globals_.Slides, reason, static_cast<std::int64_t>(std::time(nullptr))));
+  if (!reason.empty() || stepped) {
+    RemovedBin bin(Env::Default(), slideInformationFilePath_);
+    if (stepped) bin.Returned(GoneSlides(globals_.Slides, saved_, {}, 0));
+    if (!reason.empty())
+      bin.Add(GoneSlides(saved_, globals_.Slides, reason, static_cast<std::int64_t>(std::time(nullptr))));
+  }
   saved_ = globals_.Slides;
 }
 
@@ -214,7 +217,7 @@ Status UIMainController::StepHistory(bool back) {
   if (!loaded.ok()) return loaded;
   // Undone, any step but an edit may take slides away; redone, the removals name their reason.
   saved_.swap(before);
-  BinGone(back ? (step == kEditStep ? std::string_view() : kUndone) : ReasonOf(step));
+  BinGone(back ? (step == kEditStep ? std::string_view() : kUndone) : ReasonOf(step), true);
   return loaded;
 }
 

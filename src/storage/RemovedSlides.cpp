@@ -116,6 +116,18 @@ std::vector<RemovedSlide> RemovedBin::At(const std::vector<std::size_t>& chosen)
   return picked;
 }
 
+RtError RemovedBin::Returned(const std::vector<RemovedSlide>& back) {
+  bool found = false;
+  for (const RemovedSlide& r : back) {
+    const auto it = std::find_if(entries_.begin(), entries_.end(),
+                                 [&](const RemovedSlide& e) { return e.record == r.record; });
+    if (it == entries_.end()) continue;
+    entries_.erase(it);
+    found = true;
+  }
+  return found ? Write() : RtError::None;
+}
+
 RtError RemovedBin::Forget(const std::vector<std::size_t>& chosen) {
   const std::set<std::size_t> gone(chosen.begin(), chosen.end());
   std::vector<RemovedSlide> kept;

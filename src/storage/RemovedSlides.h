@@ -46,6 +46,9 @@ class RemovedBin {
 
   // Puts `step` (one step's slides) in front and writes the bin.
   RtError Add(std::vector<RemovedSlide> step);
+  // Takes out the newest entry of each slide of `back` (an undo or redo
+  // brought them back) and writes the bin when one was there.
+  RtError Returned(const std::vector<RemovedSlide>& back);
   // Takes the entries at `chosen` out of the bin and writes it.
   RtError Forget(const std::vector<std::size_t>& chosen);
   // The entries at `chosen`, in bin order.

@@ -368,6 +368,9 @@ TEST_F(GalleryWindowTest, RemovedSlidesRestoresASlideAsOneStep) {
   EXPECT_EQ(ReadFile(path), removed);
   ASSERT_EQ(Mc().RemovedSlides().size(), 1u);
   EXPECT_EQ(Mc().RemovedSlides()[0].reason, "undone");
+  ASSERT_TRUE(Report(Mc().Redo(), errors));  // back again: out of the bin
+  EXPECT_EQ(ReadFile(path), start);
+  EXPECT_TRUE(Mc().RemovedSlides().empty());
 }
 
 // A slide window beside the gallery: names, menu bars, its help page and cascading each its own.
