@@ -39,6 +39,7 @@ constexpr MenuItemRow kGallerySlidesAndWindow[] = {
     {M::SlidesAdd, "mnuSlidesAdd", "&Add Slide", 1, S::Normal},
     {M::SlidesModify, "mnuSlidesModify", "&Modify Slide Collection", 1, S::Normal},
     {M::SlidesTemplate, "mnuSlidesTemplate", "&Set Slide Template", 1, S::Normal},
+    {M::SlidesRemoved, "mnuSlidesRemoved", "&Removed Slides...", 1, S::Normal},
     {M::Window, "mnuWindow", "&Window", 0, S::Normal},
     {M::WindowVertical, "mnuWindowTileV", "&Tile Vertically", 1, S::Normal},
     {M::WindowHorizontal, "mnuWindowTileH", "T&ile Horizontally", 1, S::Normal},

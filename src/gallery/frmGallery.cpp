@@ -26,6 +26,7 @@
 #include "gallery/ScrollRules.h"
 #include "gallery/dlgRemoveSlide.h"
 #include "gallery/frmModifySlide.h"
+#include "gallery/frmRemovedSlides.h"
 #include "model/SlideNames.h"
 #include "qt/DrawingLock.h"
 #include "qt/DroppedFiles.h"
@@ -105,6 +106,11 @@ void frmGallery::CreateMenus() {
   }
   connect(Item(MenuId::SlidesAdd), &QAction::triggered, this, &frmGallery::mnuSlidesAdd_Click);
   connect(Item(MenuId::SlidesModify), &QAction::triggered, this, &frmGallery::mnuSlidesModify_Click);
+  connect(Item(MenuId::SlidesRemoved), &QAction::triggered, this, &frmGallery::mnuSlidesRemoved_Click);
+  // The bin lives in the history's folder: no history, no bin.
+  const auto binKept = [this] { Item(MenuId::SlidesRemoved)->setEnabled(Globals().MainController->KeepsHistory()); };
+  binKept();
+  connect(Menu(MenuId::Slides), &QMenu::aboutToShow, this, binKept);
   connect(Item(MenuId::Popup1Delete), &QAction::triggered, this, &frmGallery::mnuPopup1Delete_Click);
   connect(Item(MenuId::Popup3Reset), &QAction::triggered, this, &frmGallery::mnuPopupReset_Click);
   connect(Item(MenuId::EditFind), &QAction::triggered, this, &frmGallery::mnuEditFind_Click);
@@ -325,6 +331,13 @@ void frmGallery::mnuSlidesModify_Click() {
     emit self->CollectionEditorOpened(&editor);
     editor.exec();
   });
+}
+
+void frmGallery::mnuSlidesRemoved_Click() {
+  if (!Globals().MainController->KeepsHistory()) return;
+  frmRemovedSlides bin;
+  bin.exec();
+  if (bin.Restored) emit CollectionChanged();
 }
 
 void frmGallery::closeEvent(QCloseEvent* e) {

@@ -57,6 +57,7 @@ class frmGallery : public QWidget {
   // Opens the collection editor as soon as events run; its OK may rebuild
   // the gallery, so nothing of this window is touched once the editor is up.
   void mnuSlidesModify_Click();
+  void mnuSlidesRemoved_Click();
   void mnuPopup1Delete_Click();
   void mnuPopupReset_Click();
   // Opens the find bar along the foot of the window and gives it the keyboard.

@@ -147,6 +147,12 @@ std::string SlidesMenuBody(const PageLinks& l) {
       "<b>Note:</b> a template cannot be altered for an existing gallery.&nbsp; Clicking OK in Set Slide Template "
       "starts a new, empty Slide Information File under the template chosen; bring the pictures of the old gallery "
       "across with Modify Slide Collection.");
+  s += Item("Removed Slides",
+            "Lists the slides taken out of the collection, newest first: removed from the gallery, removed because "
+            "their picture was not found, removed by Modify Slide Collection, or taken away by Undo.&nbsp; Each "
+            "shows its picture, its text, its value, when it was removed and why.&nbsp; Select one or more and "
+            "click Restore to put them back where they stood, or Forget to drop them from the list for "
+            "good.&nbsp; The list is kept only while the program keeps the undo history of the file.");
   return s + EditMenuBody();
 }
 

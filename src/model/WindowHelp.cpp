@@ -15,7 +15,7 @@ constexpr char kGalleryMenuPage[] = "help009.htm";
 // A window's own row stands for the window and every control without a row
 // of its own. The dialogs close, so a caller waiting on one finds it
 // cancelled; the main working windows stay.
-constexpr std::array<WindowHelp, 32> kRows{{
+constexpr std::array<WindowHelp, 34> kRows{{
     {"frmCommonDialog", "", kQuickStartPage, kCloses},
     {"frmDirectory", "", kQuickStartPage, kCloses},
     {"dlgRemoveSlide", "", kQuickStartPage, kCloses},
@@ -29,6 +29,7 @@ constexpr std::array<WindowHelp, 32> kRows{{
     {"frmBackground", "", "help014.htm", kCloses},
     {"frmSetSlideTemplate", "", "help015.htm", kCloses},
     {"frmClaimPack", "", kFileMenuPage, kCloses},
+    {"frmRemovedSlides", "", "help009.htm", kCloses},
     {"frmSlide", "", "help009.htm", kStays},
     {"frmGallery", "", "help011.htm", kStays},
     {"frmHelp", "", kQuickStartPage, kStays},  // read only at load: an open viewer keeps its page
@@ -51,6 +52,7 @@ constexpr std::array<WindowHelp, 32> kRows{{
     {kMenuHelpRows, "mnuEditUndo", kGalleryMenuPage, kStays},
     {kMenuHelpRows, "mnuEditRedo", kGalleryMenuPage, kStays},
     {kMenuHelpRows, "mnuEditFind", kGalleryMenuPage, kStays},
+    {kMenuHelpRows, "mnuSlidesRemoved", kGalleryMenuPage, kStays},
 }};
 
 }  // namespace

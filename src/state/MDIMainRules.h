@@ -30,7 +30,7 @@ enum class MenuId : std::uint8_t {
   Bar4, FileHist1, FileHist2, FileHist3, FileHist4, Bar5, FileExit,
   EditUndo, EditRedo, Bar11, EditFind,
   ViewToolbar, ViewStatusbar,
-  SlidesAdd, SlidesModify, SlidesTemplate,
+  SlidesAdd, SlidesModify, SlidesTemplate, SlidesRemoved,
   WindowVertical, WindowHorizontal, WindowCascade,
   HelpContents, Bar6, HelpAbout,
   Popup1Reset, Popup1Delete, Popup1What, Bar7, Popup1Help,

@@ -2,6 +2,7 @@
 #include "state/UIMainController.h"
 
 #include <array>
+#include <ctime>
 #include <string_view>
 #include <utility>
 
@@ -30,6 +31,27 @@ constexpr std::array<DirectoryTail, 5> kTails{{
     {kReportsFolder, 8},
     {"/", 0},
 }};
+
+// The steps that take slides away, and the reason the bin gives for them.
+struct BinReason {
+  std::string_view step;
+  std::string_view reason;
+};
+constexpr std::array<BinReason, 3> kBinReasons{{
+    {"Remove Slide", "removed"},
+    {"Remove Missing Slides", "picture not found"},
+    {"Modify Slide Collection", "Modify Slide Collection"},
+}};
+constexpr std::string_view kUndone = "undone";
+constexpr std::string_view kRestoreStep = "Restore Removed Slides";
+// An undone edit changes a slide's bytes but takes no slide away.
+constexpr std::string_view kEditStep = "Edit Slide";
+
+std::string_view ReasonOf(std::string_view step) {
+  for (const BinReason& r : kBinReasons)
+    if (r.step == step) return r.reason;
+  return {};
+}
 
 std::string TailFor(const std::string& appPath, Tail which) {
   const auto& t = kTails[which];
@@ -114,6 +136,7 @@ Status UIMainController::LoadSettings() {
   reportFont_ = std::move(s.ReportFont);
   if (status.ok()) globals_.SlidesChanged = false;
   if (status.ok()) OpenHistory();
+  if (status.ok() && history_) saved_ = globals_.Slides;
   return status;
 }
 
@@ -127,7 +150,45 @@ Status UIMainController::SaveSettings(std::string_view step, bool amend) {
                                            step.empty() ? "Change" : step, amend)
                : DataAccess().SaveSettings(slideInformationFilePath_, HeaderSettings(), globals_.Slides);
   if (status.ok()) globals_.SlidesChanged = false;
+  if (status.ok()) BinGone(ReasonOf(step));
   return status;
+}
+
+void UIMainController::BinGone(std::string_view reason, bool stepped) {
+  if (!history_) return;
+  if (!reason.empty() || stepped) {
+    RemovedBin bin(Env::Default(), slideInformationFilePath_);
+    if (stepped) bin.Returned(GoneSlides(globals_.Slides, saved_, {}, 0));
+    if (!reason.empty())
+      bin.Add(GoneSlides(saved_, globals_.Slides, reason, static_cast<std::int64_t>(std::time(nullptr))));
+  }
+  saved_ = globals_.Slides;
+}
+
+std::vector<RemovedSlide> UIMainController::RemovedSlides() const {
+  if (!history_) return {};
+  return RemovedBin(Env::Default(), slideInformationFilePath_).Entries();
+}
+
+Status UIMainController::RestoreRemoved(const std::vector<std::size_t>& chosen) {
+  if (!history_) return Status::Described("No changes are kept for this file.");
+  RemovedBin bin(Env::Default(), slideInformationFilePath_);
+  const SlideArray before = globals_.Slides;
+  PutBack(globals_.Slides, bin.At(chosen));
+  NumberOfRecords(static_cast<std::int32_t>(globals_.Slides.size()) - 1);
+  if (Status s = SaveSettings(kRestoreStep); !s.ok()) {
+    globals_.Slides = before;
+    NumberOfRecords(static_cast<std::int32_t>(before.size()) - 1);
+    return s;
+  }
+  return ForgetRemoved(chosen);
+}
+
+Status UIMainController::ForgetRemoved(const std::vector<std::size_t>& chosen) {
+  if (!history_) return Status::Described("No changes are kept for this file.");
+  if (const RtError e = RemovedBin(Env::Default(), slideInformationFilePath_).Forget(chosen); e != RtError::None)
+    return {e, "RemovedBin"};
+  return {};
 }
 
 void UIMainController::KeepHistory() {
@@ -149,8 +210,15 @@ Status UIMainController::Redo() { return StepHistory(false); }
 
 Status UIMainController::StepHistory(bool back) {
   if (!history_) return Status::Described("No changes are kept for this file.");
+  const std::string step = (back ? history_->UndoName() : history_->RedoName()).value_or("");
   if (Status s = DataAccess().StepHistory(slideInformationFilePath_, *history_, back); !s.ok()) return s;
-  return LoadSettings();
+  SlideArray before = saved_;
+  const Status loaded = LoadSettings();
+  if (!loaded.ok()) return loaded;
+  // Undone, any step but an edit may take slides away; redone, the removals name their reason.
+  saved_.swap(before);
+  BinGone(back ? (step == kEditStep ? std::string_view() : kUndone) : ReasonOf(step), true);
+  return loaded;
 }
 
 bool UIMainController::TakeHistoryNotice() { return std::exchange(historySetAside_, false); }

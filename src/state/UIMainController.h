@@ -18,6 +18,7 @@
 #include "state/UIGlobalController.h"
 #include "storage/DataAccess.h"
 #include "storage/SlideFileLock.h"
+#include "storage/RemovedSlides.h"
 #include "storage/SlideHistory.h"
 
 namespace cb {
@@ -125,6 +126,16 @@ class UIMainController {
   // next one undone, then loads it.
   Status Undo();
   Status Redo();
+  // Whether the open file keeps a history, and with it a bin of removed slides.
+  bool KeepsHistory() const { return history_ != nullptr; }
+  // The bin of the open file, newest first; empty without a history.
+  std::vector<RemovedSlide> RemovedSlides() const;
+  // Puts the bin's entries at `chosen` back where they stood, as the step
+  // "Restore Removed Slides", and takes them out of the bin.
+  Status RestoreRemoved(const std::vector<std::size_t>& chosen);
+  // Takes the entries at `chosen` out of the bin.
+  Status ForgetRemoved(const std::vector<std::size_t>& chosen);
+
   // True once after a load found the history no longer fitting the file:
   // it was changed elsewhere and the history was set aside.
   bool TakeHistoryNotice();
@@ -144,6 +155,10 @@ class UIMainController {
 
  private:
   Status StepHistory(bool back);
+  // Puts the slides gone since the last load or save in the bin, with `reason`
+  // (none: nothing is binned); with `stepped`, the slides that came back
+  // leave it. Remembers the collection as it is now.
+  void BinGone(std::string_view reason, bool stepped = false);
   // Reads the history and checks it against the file; one set aside is told once.
   void OpenHistory();
 
@@ -152,6 +167,7 @@ class UIMainController {
   bool keepHistory_ = false;
   std::unique_ptr<SlideHistory> history_;  // of the open file, with keepHistory_
   bool historySetAside_ = false;
+  SlideArray saved_;  // the collection as last loaded or saved, with history_
   std::string appPath_;
   SettingsStore& settings_;
   ModGlobal& globals_;

@@ -25,6 +25,7 @@
 #include "frame/frmLogin.h"
 #include "gallery/frmBackground.h"
 #include "gallery/frmModifySlide.h"
+#include "gallery/frmRemovedSlides.h"
 #include "help/frmHelp.h"
 #include "pack/frmClaimPack.h"
 #include "pack/frmJobProgress.h"
@@ -86,6 +87,7 @@ const WindowRow kWindows[] = {
     {"frmLogin_Login", [] { return Own(new frmLogin(frmLogin::kLogin)); }},
     {"frmCommonDialog_Sif", SifDialog},
     {"frmModifySlide", [] { return Own(new frmModifySlide); }},
+    {"frmRemovedSlides", [] { return Own(new frmRemovedSlides); }},
     {"frmBackground", [] { return Own(new frmBackground); }},
     {"dlgWhat", WallpaperNote},
     {"frmEditSlide", [] { return SlideEditor(1); }},

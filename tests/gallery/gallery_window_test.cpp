@@ -15,6 +15,7 @@
 #include <QProgressBar>
 #include <QPushButton>
 #include <QScrollBar>
+#include <QTreeWidget>
 #include <QTest>
 #include <QTimer>
 #include <QUrl>
@@ -27,6 +28,7 @@
 #include "gallery/dlgRemoveSlide.h"
 #include "gallery/frmBackground.h"
 #include "gallery/frmModifySlide.h"
+#include "gallery/frmRemovedSlides.h"
 #include "qt/ExifThumbnail.h"
 #include "qt/GalleryPictures.h"
 #include "qt/OpenForms.h"
@@ -331,6 +333,44 @@ TEST_F(GalleryWindowTest, UndoAndRedoPutTheFileBackByteForByte) {
   EXPECT_EQ(TheMDIMain().StatusText(), "The undo history was set aside: the file was changed elsewhere.");
   EXPECT_FALSE(Mc().UndoName());
   EXPECT_EQ(ReadFile(path), elsewhere);
+}
+
+// A removed slide listed in Removed Slides and restored: the file is as it
+// was before the removal, and one Undo takes the restore back.
+TEST_F(GalleryWindowTest, RemovedSlidesRestoresASlideAsOneStep) {
+  Start(5);
+  Mc().KeepHistory();
+  ErrorArray errors;
+  ASSERT_TRUE(Report(Mc().LoadSettings(), errors));
+  TheMDIMain().RebuildGallery();
+  const std::string path = app / "Files/t.sif", start = ReadFile(path);
+  RemoveByPopup(3);
+  const std::string removed = ReadFile(path);
+  ASSERT_NE(removed, start);
+  QStringList listed;
+  QTimer::singleShot(0, [&] {
+    auto* bin = qobject_cast<frmRemovedSlides*>(QApplication::activeModalWidget());
+    if (!bin) return;
+    for (int i = 0; i < bin->lstRemoved->topLevelItemCount(); ++i) listed << bin->lstRemoved->topLevelItem(i)->text(3);
+    bin->lstRemoved->selectAll();
+    bin->cmdRestore->click();
+    listed << QString::number(bin->lstRemoved->topLevelItemCount());
+    bin->cmdClose->click();
+  });
+  ASSERT_TRUE(Gallery().Item(MenuId::SlidesRemoved)->isEnabled());
+  Gallery().Item(MenuId::SlidesRemoved)->trigger();
+  QCoreApplication::processEvents();
+  EXPECT_EQ(listed, QStringList({"removed", "0"}));
+  EXPECT_EQ(ReadFile(path), start);
+  EXPECT_EQ(Shown(), Range(1, 5));
+  EXPECT_EQ(Mc().UndoName(), "Restore Removed Slides");
+  ASSERT_TRUE(Report(Mc().Undo(), errors));
+  EXPECT_EQ(ReadFile(path), removed);
+  ASSERT_EQ(Mc().RemovedSlides().size(), 1u);
+  EXPECT_EQ(Mc().RemovedSlides()[0].reason, "undone");
+  ASSERT_TRUE(Report(Mc().Redo(), errors));  // back again: out of the bin
+  EXPECT_EQ(ReadFile(path), start);
+  EXPECT_TRUE(Mc().RemovedSlides().empty());
 }
 
 // A slide window beside the gallery: names, menu bars, its help page and cascading each its own.

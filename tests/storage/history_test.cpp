@@ -7,9 +7,11 @@
 
 #include <algorithm>
 #include <cstdio>
+#include <numeric>
 #include <random>
 
 #include "model/SlideRecord.h"
+#include "storage/RemovedSlides.h"
 #include "storage/SlideHistory.h"
 #include "support/FaultEnv.h"
 
@@ -299,6 +301,71 @@ TEST_F(History, SmallChangesMakeSmallSteps) {
     ASSERT_TRUE(Apply(env, h, Op::Change, next));
     EXPECT_LE(HistoryBytes() - was, most);
   }
+}
+
+
+// The bin of removed slides: steps of removals ("bc" takes b and c in one
+// step), then the entries chosen are put back, or forgotten.
+TEST(RemovedBin, PutsSlidesBackWhereTheyStood) {
+  struct Case {
+    const char* name;
+    std::vector<std::string> steps;
+    std::vector<std::size_t> chosen;
+    bool forget;
+    std::string slides;  // afterwards
+    std::size_t binned;  // left in the bin
+  };
+  const Case cases[] = {
+      {"before its follower", {"c"}, {0}, false, "abcde", 0},
+      {"at the end, its follower gone", {"d", "e"}, {1}, false, "abcd", 1},
+      {"the last one", {"e"}, {0}, false, "abcde", 0},
+      {"one step of two", {"bc"}, {0, 1}, false, "abcde", 0},
+      {"two steps, newest first", {"b", "c"}, {0, 1}, false, "abcde", 0},
+      {"two steps, oldest first", {"c", "b"}, {1, 0}, false, "abcde", 0},
+      {"forgotten", {"b", "d"}, {0}, true, "ace", 1},
+  };
+  const auto text = [](const SlideArray& a) {
+    std::string t;
+    for (std::size_t i = 1; i < a.size(); ++i) t += a[i].View(Field::SlideText)[0];
+    return t;
+  };
+  for (const Case& c : cases) {
+    SCOPED_TRACE(c.name);
+    MemoryEnv env;
+    SlideArray slides(1);
+    for (char letter : std::string("abcde")) slides.emplace_back().Set(Field::SlideText, std::string(1, letter));
+    {
+      RemovedBin bin(env, kPath);
+      for (const std::string& step : c.steps) {
+        SlideArray after;
+        std::copy_if(slides.begin(), slides.end(), std::back_inserter(after),
+                     [&](const SlideRecord& r) { return step.find(r.View(Field::SlideText)[0]) == std::string::npos; });
+        ASSERT_EQ(bin.Add(GoneSlides(slides, after, "removed", 7)), RtError::None);
+        slides = after;
+      }
+    }
+    RemovedBin bin(env, kPath);  // read again, as after a restart
+    ASSERT_EQ(bin.Entries().size(), std::accumulate(c.steps.begin(), c.steps.end(), std::size_t{0},
+                                                    [](std::size_t n, const std::string& s) { return n + s.size(); }));
+    EXPECT_EQ(bin.Entries()[0].reason, "removed");
+    if (!c.forget) PutBack(slides, bin.At(c.chosen));
+    ASSERT_EQ(bin.Forget(c.chosen), RtError::None);
+    EXPECT_EQ(text(slides), c.slides);
+    EXPECT_EQ(RemovedBin(env, kPath).Entries().size(), c.binned);
+  }
+}
+
+TEST(RemovedBin, KeepsTheNewestAndReadsNoDamagedFile) {
+  MemoryEnv env;
+  RemovedBin bin(env, kPath);
+  for (std::int64_t t = 1; t <= 1001; ++t) ASSERT_EQ(bin.Add({RemovedSlide{SlideRecord(), t, "removed", 1, {}}}), RtError::None);
+  RemovedBin read(env, kPath);
+  ASSERT_EQ(read.Entries().size(), RemovedBin::kKept);
+  EXPECT_EQ(read.Entries().front().time, 1001);
+  EXPECT_EQ(read.Entries().back().time, 2);
+  std::string& bytes = env.Files()[SlideHistory::FolderOf(kPath) + "/removed"];
+  bytes.pop_back();
+  EXPECT_TRUE(RemovedBin(env, kPath).Entries().empty());
 }
 
 }  // namespace
