@@ -11,6 +11,7 @@
 #include "qt/LoadPicture.h"
 #include "qt/Twips.h"
 #include "state/modGlobal.h"
+#include "storage/HistorySteps.h"
 
 namespace cb {
 namespace {
@@ -32,7 +33,8 @@ void MDIMain::SetBackground() {
 }
 
 void MDIMain::fBackground_BackgroundChanged() {
-  Report(Globals().MainController->SaveSettings("Change Background"), errors_);  // a failed save still shows the new frame
+  // A failed save still shows the new frame.
+  Report(Globals().MainController->SaveSettings(steps::kChangeBackground), errors_);
   // The chooser may have come from the gallery's own popup, which is still
   // handling its click: the gallery goes once that is over.
   QTimer::singleShot(0, this, &MDIMain::RebuildGallery);
@@ -49,7 +51,7 @@ void MDIMain::mnuFileWallpaper_Click() {
   if (LoadPicture(d.FileListBox1->Path() + "/" + name, picture) == RtError::None) area_->SetPicture(std::move(picture));
   // Only the bare name is kept: the next start looks for it in the wallpaper folder.
   mc.Wallpaper(FromQ(name));
-  Report(mc.SaveSettings("Set Wallpaper"), errors_);
+  Report(mc.SaveSettings(steps::kSetWallpaper), errors_);
   UnloadCommonDialog();
 }
 

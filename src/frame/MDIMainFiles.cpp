@@ -19,6 +19,7 @@
 #include "qt/Twips.h"
 #include "state/modGlobal.h"
 #include "storage/FileSystem.h"
+#include "storage/HistorySteps.h"
 
 namespace cb {
 namespace {
@@ -66,7 +67,7 @@ void MDIMain::mnuFileNew_Click() {
   g.Slides.assign(1, SlideRecord());
   mc.NumberOfRecords(0);
   if (!typed.contains('.')) typed += ".sif";
-  if (mc.SetRegistryKeys(InFileList(d, typed)) && Report(mc.SaveSettings("New"), errors_)) CaptionGallery();
+  if (mc.SetRegistryKeys(InFileList(d, typed)) && Report(mc.SaveSettings(steps::kNewFile), errors_)) CaptionGallery();
   UnloadCommonDialog();
   RebuildGallery();
 }
@@ -148,7 +149,7 @@ void MDIMain::mnuFileSaveAs_Click() {
   const QString selected = d.FileListBox1->FileName();
   if (Exists(d, typed, selected) && !OverwriteConfirmed(selected, kSaveAsTitle)) return;
   UIMainController& mc = *Globals().MainController;
-  if (mc.SetRegistryKeys(InFileList(d, typed)) && Report(mc.SaveSettings("Save As"), errors_)) CaptionGallery();
+  if (mc.SetRegistryKeys(InFileList(d, typed)) && Report(mc.SaveSettings(steps::kSaveAs), errors_)) CaptionGallery();
   UnloadCommonDialog();
 }
 

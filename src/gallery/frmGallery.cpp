@@ -36,6 +36,7 @@
 #include "qt/Twips.h"
 #include "state/modGlobal.h"
 #include "state/MDIMainRules.h"
+#include "storage/HistorySteps.h"
 
 namespace cb {
 namespace {
@@ -275,7 +276,7 @@ void frmGallery::mnuPopup1Delete_Click() {
   if (!question.Confirmed) return;
   ModGlobal& g = Globals();
   if (RemoveSlide(PopupSlideIndex)) {
-    if (!Report(g.MainController->SaveSettings("Remove Slide"), errors_)) MsgBox(kCannotSave, vbCritical, kErrorTitle);
+    if (!Report(g.MainController->SaveSettings(steps::kRemoveSlide), errors_)) MsgBox(kCannotSave, vbCritical, kErrorTitle);
     PopupSlideIndex = -1;
   }
   emit CollectionChanged();
@@ -292,7 +293,7 @@ void frmGallery::mnuSlidesAdd_Click() {
   UnloadCommonDialog();
   // A failed copy or save ends the command without a word; the new record stays in memory.
   if (!mc.GlobalController().AppendSlide(PathFromQ(NewSlidePath), mc, g.Slides)) return;
-  if (!Report(mc.SaveSettings("Add Slide"), errors_)) return;
+  if (!Report(mc.SaveSettings(steps::kAddSlide), errors_)) return;
   NewSlidePath.clear();
   emit CollectionChanged();
 }
@@ -316,7 +317,7 @@ void frmGallery::AddDroppedPictures(const std::vector<std::string>& paths) {
   const std::vector<std::string> uncopied = mc.GlobalController().AppendSlides(drop.pictures, mc, g.Slides);
   drop.others.insert(drop.others.end(), uncopied.begin(), uncopied.end());
   if (!drop.others.empty()) MsgBox(Utf8ToQ(NotTakenText(drop.others)), vbOKOnly | vbExclamation, kAddSlideTitle);
-  if (uncopied.size() == drop.pictures.size() || !Report(mc.SaveSettings("Add Slide"), errors_)) return;
+  if (uncopied.size() == drop.pictures.size() || !Report(mc.SaveSettings(steps::kAddSlide), errors_)) return;
   emit CollectionChanged();
 }
 

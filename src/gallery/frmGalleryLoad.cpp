@@ -19,6 +19,7 @@
 #include "qt/StretchImage.h"
 #include "qt/Twips.h"
 #include "state/modGlobal.h"
+#include "storage/HistorySteps.h"
 
 namespace cb {
 namespace {
@@ -246,7 +247,7 @@ bool frmGallery::MissingSlide(std::int32_t position) {
   if (!RemoveSlide(position)) return false;
   mc.CurrentlyActiveRoof(std::min(Shown(), std::int32_t{kGalleryCells}));
   // The removals of one load or one step of the bar are one step to undo.
-  Report(mc.SaveSettings("Remove Missing Slides", missingRemoved_), errors_);
+  Report(mc.SaveSettings(steps::kRemoveMissing, missingRemoved_), errors_);
   missingRemoved_ = true;
   return true;
 }

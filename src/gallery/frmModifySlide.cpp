@@ -18,6 +18,7 @@
 #include "qt/Twips.h"
 #include "state/modGlobal.h"
 #include "state/MDIMainRules.h"
+#include "storage/HistorySteps.h"
 
 namespace cb {
 namespace {
@@ -185,7 +186,7 @@ void frmModifySlide::cmdOK_Click() {
   setEnabled(true);
   applying_ = false;
   // A failed save ends here, silently, with the collection changed in memory.
-  if (!Report(mc.SaveSettings("Modify Slide Collection"), errors_)) return;
+  if (!Report(mc.SaveSettings(steps::kModifyCollection), errors_)) return;
   emit CollectionChanged();
 }
 

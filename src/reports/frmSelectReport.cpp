@@ -14,6 +14,7 @@
 #include "reports/UIReportController.h"
 #include "reports/ViewerRules.h"
 #include "state/modGlobal.h"
+#include "storage/HistorySteps.h"
 
 namespace cb {
 namespace {
@@ -105,7 +106,7 @@ void frmSelectReport::cboFont_Click() {
   UIMainController& mc = *Globals().MainController;
   mc.ReportFont(FromQ(cboFont->currentText()));
   // The pick is kept in the file's header; a failure to save is not shown here.
-  Report(mc.SaveSettings("Choose Report Font"), Globals().ErrorInfo);
+  Report(mc.SaveSettings(steps::kChooseReportFont), Globals().ErrorInfo);
 }
 
 void frmSelectReport::cmdOK_Click() {

@@ -18,6 +18,7 @@
 #include "slide/SlideEdits.h"
 #include "slide/UIEditSlideController.h"
 #include "state/modGlobal.h"
+#include "storage/HistorySteps.h"
 
 namespace cb {
 namespace {
@@ -176,7 +177,7 @@ void frmEditSlide::cmdOK_Click() {
   g.SlidesChanged = true;
   accept();
   // Every OK rewrites the whole file; a failed save keeps the edit in memory, unannounced.
-  Report(g.MainController->SaveSettings("Edit Slide"), g.ErrorInfo);
+  Report(g.MainController->SaveSettings(steps::kEditSlide), g.ErrorInfo);
 }
 
 bool frmEditSlide::eventFilter(QObject* watched, QEvent* e) {

@@ -7,6 +7,7 @@
 #include <utility>
 
 #include "state/modGlobal.h"
+#include "storage/HistorySteps.h"
 #include "storage/DataAccess.h"
 
 namespace cb {
@@ -38,14 +39,11 @@ struct BinReason {
   std::string_view reason;
 };
 constexpr std::array<BinReason, 3> kBinReasons{{
-    {"Remove Slide", "removed"},
-    {"Remove Missing Slides", "picture not found"},
-    {"Modify Slide Collection", "Modify Slide Collection"},
+    {steps::kRemoveSlide, "removed"},
+    {steps::kRemoveMissing, "picture not found"},
+    {steps::kModifyCollection, "Modify Slide Collection"},
 }};
 constexpr std::string_view kUndone = "undone";
-constexpr std::string_view kRestoreStep = "Restore Removed Slides";
-// An undone edit changes a slide's bytes but takes no slide away.
-constexpr std::string_view kEditStep = "Edit Slide";
 
 std::string_view ReasonOf(std::string_view step) {
   for (const BinReason& r : kBinReasons)
@@ -176,7 +174,7 @@ Status UIMainController::RestoreRemoved(const std::vector<std::size_t>& chosen) 
   const SlideArray before = globals_.Slides;
   PutBack(globals_.Slides, bin.At(chosen));
   NumberOfRecords(static_cast<std::int32_t>(globals_.Slides.size()) - 1);
-  if (Status s = SaveSettings(kRestoreStep); !s.ok()) {
+  if (Status s = SaveSettings(steps::kRestoreRemoved); !s.ok()) {
     globals_.Slides = before;
     NumberOfRecords(static_cast<std::int32_t>(before.size()) - 1);
     return s;
@@ -215,9 +213,11 @@ Status UIMainController::StepHistory(bool back) {
   SlideArray before = saved_;
   const Status loaded = LoadSettings();
   if (!loaded.ok()) return loaded;
-  // Undone, any step but an edit may take slides away; redone, the removals name their reason.
+  // Undone, any step but an edit (which takes no slide away) may take slides
+  // away; redone, the removals name their reason.
   saved_.swap(before);
-  BinGone(back ? (step == kEditStep ? std::string_view() : kUndone) : ReasonOf(step), true);
+  const std::string_view undone = step == steps::kEditSlide ? std::string_view() : kUndone;
+  BinGone(back ? undone : ReasonOf(step), true);
   return loaded;
 }
 

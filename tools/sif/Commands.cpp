@@ -28,6 +28,7 @@
 #include "pack/Inventory.h"
 #include "pack/SifFile.h"
 #include "qt/SystemLocale.h"
+#include "storage/HistorySteps.h"
 #include "storage/SlideFileLock.h"
 
 namespace cb::sif {
@@ -261,7 +262,7 @@ int RunImport(const QStringList& args, Io& io) {
   const std::string out = S(p.value(kOutput));
   SlideFileLock lock;  // held until the new file is in place
   if (!lock.TryAcquire(out)) return Fail(io, OpenInProgramMessage(out));
-  if (!WriteSif(out, settings, slides, p.isSet(force), message, "Import")) return Fail(io, message);
+  if (!WriteSif(out, settings, slides, p.isSet(force), message, steps::kImport)) return Fail(io, message);
   return kExitOk;
 }
 
