@@ -15,9 +15,9 @@
 #include <QBuffer>
 #include <QDir>
 #include <QFile>
+#include <QImageReader>
 #include <QLabel>
 #include <QLineEdit>
-#include <QImageReader>
 #include <QMdiSubWindow>
 #include <QPainter>
 #include <QProcess>

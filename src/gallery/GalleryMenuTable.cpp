@@ -67,8 +67,9 @@ constexpr MenuItemRow kGalleryPopups[] = {
 }  // namespace
 
 const std::vector<MenuItemRow>& GalleryMenu() {
-  static const std::vector<MenuItemRow> menu = JoinMenus(
-      {kGalleryFile, kHistoryItems, kGalleryEdit, kViewMenu, kGallerySlidesAndWindow, kHelpMenu, kGalleryPopups, kWallpaperPopup});
+  static const std::vector<MenuItemRow> menu =
+      JoinMenus({kGalleryFile, kHistoryItems, kGalleryEdit, kViewMenu, kGallerySlidesAndWindow, kHelpMenu,
+                 kGalleryPopups, kWallpaperPopup});
   return menu;
 }
 

@@ -34,8 +34,8 @@
 #include "qt/OpenForms.h"
 #include "qt/StretchImage.h"
 #include "qt/Twips.h"
-#include "state/modGlobal.h"
 #include "state/MDIMainRules.h"
+#include "state/modGlobal.h"
 #include "storage/HistorySteps.h"
 
 namespace cb {
@@ -46,13 +46,13 @@ constexpr char kAddSlideTitle[] = "Add Slide";
 
 // Items whose commands are the main window's, of the same id.
 constexpr MenuId kForwards[] = {
-    MenuId::FileNew,          MenuId::FileOpen,        MenuId::FileSaveAs,         MenuId::FileGallery,
-    MenuId::FilePassword,     MenuId::FileExit,        MenuId::FileWallpaper,      MenuId::ViewToolbar,
-    MenuId::ViewStatusbar,    MenuId::WindowVertical,  MenuId::WindowHorizontal,   MenuId::WindowCascade,
-    MenuId::HelpContents,     MenuId::HelpAbout,       MenuId::Popup2SetWallpaper, MenuId::Popup4SetBackground,
-    MenuId::FileHist1,        MenuId::FileHist2,       MenuId::FileHist3,          MenuId::FileHist4,
-    MenuId::SlidesTemplate,   MenuId::FileClaim,       MenuId::FileBackup,         MenuId::FileRestore,
-    MenuId::EditUndo,         MenuId::EditRedo,
+    MenuId::FileNew,        MenuId::FileOpen,       MenuId::FileSaveAs,         MenuId::FileGallery,
+    MenuId::FilePassword,   MenuId::FileExit,       MenuId::FileWallpaper,      MenuId::ViewToolbar,
+    MenuId::ViewStatusbar,  MenuId::WindowVertical, MenuId::WindowHorizontal,   MenuId::WindowCascade,
+    MenuId::HelpContents,   MenuId::HelpAbout,      MenuId::Popup2SetWallpaper, MenuId::Popup4SetBackground,
+    MenuId::FileHist1,      MenuId::FileHist2,      MenuId::FileHist3,          MenuId::FileHist4,
+    MenuId::SlidesTemplate, MenuId::FileClaim,      MenuId::FileBackup,         MenuId::FileRestore,
+    MenuId::EditUndo,       MenuId::EditRedo,
 };
 
 }  // namespace
@@ -172,8 +172,7 @@ void frmGallery::CreateFindBar() {
 }
 
 bool frmGallery::eventFilter(QObject* watched, QEvent* e) {
-  if (watched == txtFind && e->type() == QEvent::KeyPress &&
-      static_cast<QKeyEvent*>(e)->key() == Qt::Key_Escape) {
+  if (watched == txtFind && e->type() == QEvent::KeyPress && static_cast<QKeyEvent*>(e)->key() == Qt::Key_Escape) {
     CloseFindBar();
     return true;
   }
@@ -276,7 +275,8 @@ void frmGallery::mnuPopup1Delete_Click() {
   if (!question.Confirmed) return;
   ModGlobal& g = Globals();
   if (RemoveSlide(PopupSlideIndex)) {
-    if (!Report(g.MainController->SaveSettings(steps::kRemoveSlide), errors_)) MsgBox(kCannotSave, vbCritical, kErrorTitle);
+    if (!Report(g.MainController->SaveSettings(steps::kRemoveSlide), errors_))
+      MsgBox(kCannotSave, vbCritical, kErrorTitle);
     PopupSlideIndex = -1;
   }
   emit CollectionChanged();

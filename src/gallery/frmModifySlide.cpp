@@ -16,8 +16,8 @@
 #include "qt/FixedDialog.h"
 #include "qt/MsgBox.h"
 #include "qt/Twips.h"
-#include "state/modGlobal.h"
 #include "state/MDIMainRules.h"
+#include "state/modGlobal.h"
 #include "storage/HistorySteps.h"
 
 namespace cb {

@@ -87,12 +87,12 @@ void frmRemovedSlides::Fill() {
   const std::string gallery = mc.AppPath() + mc.GetGalleryDirectory();
   for (const RemovedSlide& r : mc.RemovedSlides()) {
     const QDateTime when = QDateTime::fromSecsSinceEpoch(r.time).toLocalTime();
-    auto* row = new QTreeWidgetItem(lstRemoved, {ToQ(Trim(r.record.Get(Field::SlideText))),
-                                                 ToQ(Trim(r.record.Get(Field::Value))),
-                                                 GeneralDateText(QLocale::system(), when), Utf8ToQ(r.reason)});
+    auto* row = new QTreeWidgetItem(lstRemoved,
+                                    {ToQ(Trim(r.record.Get(Field::SlideText))), ToQ(Trim(r.record.Get(Field::Value))),
+                                     GeneralDateText(QLocale::system(), when), Utf8ToQ(r.reason)});
     QImage picture;
-    if (GalleryPictures::Instance().Get(FilePath(gallery, Trim(r.record.Get(Field::PictureFile))), picture,
-                                        kThumbnail, kThumbnail) == RtError::None)
+    if (GalleryPictures::Instance().Get(FilePath(gallery, Trim(r.record.Get(Field::PictureFile))), picture, kThumbnail,
+                                        kThumbnail) == RtError::None)
       row->setIcon(0, QIcon(QPixmap::fromImage(picture.scaled(kThumbnail, Qt::KeepAspectRatio))));
   }
   lstRemoved->header()->resizeSections(QHeaderView::ResizeToContents);
@@ -110,8 +110,10 @@ void frmRemovedSlides::cmdRestore_Click() {
   const std::vector<std::size_t> chosen = Chosen();
   if (chosen.empty()) return;
   const Status done = Globals().MainController->RestoreRemoved(chosen);
-  if (Report(done, errors_)) Restored = true;
-  else MsgBox(Utf8ToQ(std::string(done.description())), vbOKOnly | vbExclamation, kCaption);
+  if (Report(done, errors_))
+    Restored = true;
+  else
+    MsgBox(Utf8ToQ(std::string(done.description())), vbOKOnly | vbExclamation, kCaption);
   Fill();
 }
 

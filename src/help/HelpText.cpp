@@ -34,7 +34,9 @@ std::string Bullets(std::initializer_list<std::string_view> lines) {
   return s + "</ul>";
 }
 
-std::string Cell(std::string_view text) { return "<td><font face='Verdana' size='2'>" + std::string(text) + "</font></td>"; }
+std::string Cell(std::string_view text) {
+  return "<td><font face='Verdana' size='2'>" + std::string(text) + "</font></td>";
+}
 
 std::string Table(std::initializer_list<std::string_view> headings) {
   std::string s = "<table border='1' cellspacing='0' cellpadding='3' width='90%'><tr>";

@@ -7,8 +7,8 @@
 #include <utility>
 
 #include "state/modGlobal.h"
-#include "storage/HistorySteps.h"
 #include "storage/DataAccess.h"
+#include "storage/HistorySteps.h"
 
 namespace cb {
 namespace {
@@ -143,10 +143,10 @@ void UIMainController::OpenHistory() {
 }
 
 Status UIMainController::SaveSettings(std::string_view step, bool amend) {
-  const Status status =
-      history_ ? DataAccess().SaveSettings(slideInformationFilePath_, HeaderSettings(), globals_.Slides, *history_,
-                                           step.empty() ? "Change" : step, amend)
-               : DataAccess().SaveSettings(slideInformationFilePath_, HeaderSettings(), globals_.Slides);
+  const Status status = history_
+                            ? DataAccess().SaveSettings(slideInformationFilePath_, HeaderSettings(), globals_.Slides,
+                                                        *history_, step.empty() ? "Change" : step, amend)
+                            : DataAccess().SaveSettings(slideInformationFilePath_, HeaderSettings(), globals_.Slides);
   if (status.ok()) globals_.SlidesChanged = false;
   if (status.ok()) BinGone(ReasonOf(step));
   return status;
@@ -194,13 +194,9 @@ void UIMainController::KeepHistory() {
   SlideInformationFilePath(slideInformationFilePath_);
 }
 
-std::optional<std::string> UIMainController::UndoName() const {
-  return history_ ? history_->UndoName() : std::nullopt;
-}
+std::optional<std::string> UIMainController::UndoName() const { return history_ ? history_->UndoName() : std::nullopt; }
 
-std::optional<std::string> UIMainController::RedoName() const {
-  return history_ ? history_->RedoName() : std::nullopt;
-}
+std::optional<std::string> UIMainController::RedoName() const { return history_ ? history_->RedoName() : std::nullopt; }
 
 Status UIMainController::Undo() { return StepHistory(true); }
 

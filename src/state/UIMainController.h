@@ -17,8 +17,8 @@
 #include "state/SettingsStore.h"
 #include "state/UIGlobalController.h"
 #include "storage/DataAccess.h"
-#include "storage/SlideFileLock.h"
 #include "storage/RemovedSlides.h"
+#include "storage/SlideFileLock.h"
 #include "storage/SlideHistory.h"
 
 namespace cb {

@@ -65,8 +65,8 @@ Status DataAccess::Save(const std::string& path, const SifSettings& settings, co
   }
   // The step lasts before the file changes; a history that cannot keep it
   // does not stop the save, and no longer fits the file at its next open.
-  const bool kept = history && read == RtError::None &&
-                    (before == bytes || history->Record(step, before, bytes, amend).ok());
+  const bool kept =
+      history && read == RtError::None && (before == bytes || history->Record(step, before, bytes, amend).ok());
   if (Status saved = SaveBytes(path, bytes); !saved.ok()) {
     if (kept) history->Open();  // the history steps back to the file as it stayed
     return saved;

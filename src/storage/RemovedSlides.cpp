@@ -119,8 +119,8 @@ std::vector<RemovedSlide> RemovedBin::At(const std::vector<std::size_t>& chosen)
 RtError RemovedBin::Returned(const std::vector<RemovedSlide>& back) {
   bool found = false;
   for (const RemovedSlide& r : back) {
-    const auto it = std::find_if(entries_.begin(), entries_.end(),
-                                 [&](const RemovedSlide& e) { return e.record == r.record; });
+    const auto it =
+        std::find_if(entries_.begin(), entries_.end(), [&](const RemovedSlide& e) { return e.record == r.record; });
     if (it == entries_.end()) continue;
     entries_.erase(it);
     found = true;

@@ -80,8 +80,14 @@ Opened WallpaperNote() {
 }
 
 const WindowRow kWindows[] = {
-    {"MDIMain", [] { return Opened{&TheMDIMain(), nullptr}; }},
-    {"frmGallery", [] { return Opened{TheMDIMain().fGallery(), nullptr}; }},
+    {"MDIMain",
+     [] {
+       return Opened{&TheMDIMain(), nullptr};
+     }},
+    {"frmGallery",
+     [] {
+       return Opened{TheMDIMain().fGallery(), nullptr};
+     }},
     {"frmSlide", SlideWindow},
     {"frmAbout", [] { return Own(new frmAbout); }},
     {"frmLogin_Login", [] { return Own(new frmLogin(frmLogin::kLogin)); }},
@@ -96,11 +102,13 @@ const WindowRow kWindows[] = {
     {"frmSelectReport", [] { return Own(new frmSelectReport); }},
     {"frmClaimPack", [] { return Own(new frmClaimPack); }},
     {"frmJobProgress", [] { return Own(new frmJobProgress("Claim Pack")); }},
-    {"frmReport", [] {
+    {"frmReport",
+     [] {
        TheMDIMain().OpenReport(ReportKind::ByLocation, "Arial Narrow");
        return Opened{FindOpenForm("frmReport"), nullptr};
      }},
-    {"frmHelp", [] {
+    {"frmHelp",
+     [] {
        OpenHelp("help001.htm");
        return Opened{HelpViewer(), nullptr};
      }},

@@ -113,7 +113,7 @@ TEST_F(PackCommandsTest, ItemsFollowSaveAsAndTakeF1) {
 TEST_F(PackCommandsTest, ClaimAndBackupFromTheMenuAreTheCommands) {
   Start(20);
   Gallery().mnuEditFind_Click();
-  Gallery().txtFind->setText("-p1");  // slides 2 to 9 and 20
+  Gallery().txtFind->setText("-p1");   // slides 2 to 9 and 20
   fs::remove(app / "Gallery/p7.png");  // gone since the gallery showed it
   WhenShown("frmClaimPack", [this](QWidget& w) {
     auto& d = static_cast<frmClaimPack&>(w);

@@ -303,7 +303,6 @@ TEST_F(History, SmallChangesMakeSmallSteps) {
   }
 }
 
-
 // The bin of removed slides: steps of removals ("bc" takes b and c in one
 // step), then the entries chosen are put back, or forgotten.
 TEST(RemovedBin, PutsSlidesBackWhereTheyStood) {
@@ -358,7 +357,8 @@ TEST(RemovedBin, PutsSlidesBackWhereTheyStood) {
 TEST(RemovedBin, KeepsTheNewestAndReadsNoDamagedFile) {
   MemoryEnv env;
   RemovedBin bin(env, kPath);
-  for (std::int64_t t = 1; t <= 1001; ++t) ASSERT_EQ(bin.Add({RemovedSlide{SlideRecord(), t, "removed", 1, {}}}), RtError::None);
+  for (std::int64_t t = 1; t <= 1001; ++t)
+    ASSERT_EQ(bin.Add({RemovedSlide{SlideRecord(), t, "removed", 1, {}}}), RtError::None);
   RemovedBin read(env, kPath);
   ASSERT_EQ(read.Entries().size(), RemovedBin::kKept);
   EXPECT_EQ(read.Entries().front().time, 1001);

@@ -150,9 +150,10 @@ TEST(Commands, HistoryUndoAndRedoOfAnImport) {
   testing::WriteFile(csv, "PictureFile,SlideText\nb.jpg,Bench\n");
   ASSERT_EQ(RunInProcess({"import", csv, "-o", file, "--force"}).status, kExitOk);
   const std::string second = ReadFile(file);
-  const std::tuple<std::vector<std::string>, int, const std::string*> steps[] = {
-      {{"undo", file}, kExitOk, &first}, {{"undo", file}, kExitData, &first},
-      {{"redo", file}, kExitOk, &second}, {{"redo", file}, kExitData, &second}};
+  const std::tuple<std::vector<std::string>, int, const std::string*> steps[] = {{{"undo", file}, kExitOk, &first},
+                                                                                 {{"undo", file}, kExitData, &first},
+                                                                                 {{"redo", file}, kExitOk, &second},
+                                                                                 {{"redo", file}, kExitData, &second}};
   for (const auto& [args, status, content] : steps) {
     EXPECT_EQ(RunInProcess(args).status, status) << args[0];
     EXPECT_EQ(ReadFile(file), *content) << args[0];

@@ -63,8 +63,8 @@ int RunHistory(const QStringList& args, const CommandIo& io) {
   if (history.Open() == SlideHistory::Fit::SetAside) return DataError(io, SetAsideMessage(path));
   const std::int32_t done = history.Done();
   for (const HistoryStepInfo& step : history.Steps()) {
-    io.out << (step.number <= done ? "  " : "* ") << step.number << "  " << Utc(step.time) << "  " << step.name
-           << "  (" << step.slidesTouched << (step.slidesTouched == 1 ? " slide)" : " slides)") << "\n";
+    io.out << (step.number <= done ? "  " : "* ") << step.number << "  " << Utc(step.time) << "  " << step.name << "  ("
+           << step.slidesTouched << (step.slidesTouched == 1 ? " slide)" : " slides)") << "\n";
   }
   return kExitOk;
 }
