@@ -102,7 +102,8 @@ std::string EditMenuBody() {
   s += Item("Undo",
             "Takes back the last change to the file (Ctrl+Z): an edit, an added or removed slide, a Modify Slide "
             "Collection, a new frame or wallpaper.&nbsp; The item names the change, as in Undo Edit Slide.&nbsp; "
-            "The file is put back exactly as it was, and the gallery shows it.&nbsp; The changes are kept beside "
+            "The file is put back exactly as it was, and the gallery shows it; a picture that Add Slide or Modify "
+            "Slide Collection copied over comes back too.&nbsp; The changes are kept beside "
             "the file, so they can still be undone after Chattelbook is closed and started again.&nbsp; If the "
             "file was changed by another program, the kept changes are set aside and the status bar says so.");
   s += Item("Redo",

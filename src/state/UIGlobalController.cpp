@@ -47,6 +47,7 @@ bool UIGlobalController::AppendSlide(const std::string& fullPath, UIMainControll
   r.Set(Field::PictureFile, Utf8ToCp1252Lossy(Trim(slash == std::string::npos ? fullPath : fullPath.substr(slash + 1))));
   const std::string destination = mc.AppPath() + mc.GetGalleryDirectory() + Cp1252ToUtf8(Trim(r.Get(Field::PictureFile)));
   if (Upper(fullPath) == Upper(destination)) return true;
+  mc.KeepOverwrittenPicture(destination, fullPath);
   return env_->CopyFile(fullPath, destination) == RtError::None;
 }
 

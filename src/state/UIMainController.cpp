@@ -75,6 +75,7 @@ void UIMainController::SlideInformationFilePath(std::string v) {
   if (lockOpenFile_) openFileLock_.TryAcquire(p);
   if (keepHistory_) {
     history_ = p.empty() ? nullptr : std::make_unique<SlideHistory>(Env::Default(), p);
+    pictures_ = p.empty() ? nullptr : std::make_unique<KeptPictures>(Env::Default(), p);
     OpenHistory();
   }
   if (p.empty()) return;
@@ -143,12 +144,15 @@ void UIMainController::OpenHistory() {
 }
 
 Status UIMainController::SaveSettings(std::string_view step, bool amend) {
+  const std::int32_t done = history_ ? history_->Done() : 0;
   const Status status = history_
                             ? DataAccess().SaveSettings(slideInformationFilePath_, HeaderSettings(), globals_.Slides,
                                                         *history_, step.empty() ? "Change" : step, amend)
                             : DataAccess().SaveSettings(slideInformationFilePath_, HeaderSettings(), globals_.Slides);
   if (status.ok()) globals_.SlidesChanged = false;
   if (status.ok()) BinGone(ReasonOf(step));
+  // Pictures copied over belong to the step this save made, if it made one.
+  if (pictures_) pictures_->Attach(status.ok() && history_->Done() != done ? history_->Done() : 0);
   return status;
 }
 
@@ -205,7 +209,9 @@ Status UIMainController::Redo() { return StepHistory(false); }
 Status UIMainController::StepHistory(bool back) {
   if (!history_) return Status::Described("No changes are kept for this file.");
   const std::string step = (back ? history_->UndoName() : history_->RedoName()).value_or("");
+  const std::int32_t number = back ? history_->Done() : history_->Done() + 1;
   if (Status s = DataAccess().StepHistory(slideInformationFilePath_, *history_, back); !s.ok()) return s;
+  pictures_->PutBack(number, back, appPath_ + GetGalleryDirectory());
   SlideArray before = saved_;
   const Status loaded = LoadSettings();
   if (!loaded.ok()) return loaded;

@@ -17,6 +17,7 @@
 #include "state/SettingsStore.h"
 #include "state/UIGlobalController.h"
 #include "storage/DataAccess.h"
+#include "storage/KeptPictures.h"
 #include "storage/RemovedSlides.h"
 #include "storage/SlideFileLock.h"
 #include "storage/SlideHistory.h"
@@ -128,6 +129,11 @@ class UIMainController {
   Status Redo();
   // Whether the open file keeps a history, and with it a bin of removed slides.
   bool KeepsHistory() const { return history_ != nullptr; }
+  // Before a picture of the gallery folder is copied over from `comingFrom`:
+  // with a history, both are kept with the next step, for undo and redo.
+  void KeepOverwrittenPicture(const std::string& galleryPath, const std::string& comingFrom) {
+    if (pictures_) pictures_->Keep(galleryPath, comingFrom);
+  }
   // The bin of the open file, newest first; empty without a history.
   std::vector<RemovedSlide> RemovedSlides() const;
   // Puts the bin's entries at `chosen` back where they stood, as the step
@@ -168,6 +174,7 @@ class UIMainController {
   std::unique_ptr<SlideHistory> history_;  // of the open file, with keepHistory_
   bool historySetAside_ = false;
   SlideArray saved_;  // the collection as last loaded or saved, with history_
+  std::unique_ptr<KeptPictures> pictures_;  // with history_
   std::string appPath_;
   SettingsStore& settings_;
   ModGlobal& globals_;

@@ -373,6 +373,24 @@ TEST_F(GalleryWindowTest, RemovedSlidesRestoresASlideAsOneStep) {
   EXPECT_TRUE(Mc().RemovedSlides().empty());
 }
 
+// A picture Add Slide copies over is kept with the step: Undo puts it back, Redo the new one.
+TEST_F(GalleryWindowTest, UndoOfAnAddPutsBackThePictureItReplaced) {
+  Start(2);
+  Mc().KeepHistory();
+  ErrorArray errors;
+  ASSERT_TRUE(Report(Mc().LoadSettings(), errors));
+  const std::string gallery = app / "Gallery/p2.png", coming = app / "Camera/p2.png", old = ReadFile(gallery);
+  std::filesystem::create_directories(app / "Camera");
+  WritePicture(coming, Qt::red);
+  ASSERT_TRUE(Mc().GlobalController().AppendSlide(coming, Mc(), Globals().Slides));
+  ASSERT_TRUE(Report(Mc().SaveSettings("Add Slide"), errors));
+  EXPECT_EQ(ReadFile(gallery), ReadFile(coming));
+  for (const bool back : {true, false}) {
+    ASSERT_TRUE(Report(back ? Mc().Undo() : Mc().Redo(), errors));
+    EXPECT_EQ(ReadFile(gallery), back ? old : ReadFile(coming)) << back;
+  }
+}
+
 // A slide window beside the gallery: names, menu bars, its help page and cascading each its own.
 TEST_F(GalleryWindowTest, SlideWindowBesideTheGallery) {
   Start(17);

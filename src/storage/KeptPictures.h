@@ -1,0 +1,40 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+// Pictures of the gallery folder that a step copied over (Add Slide and
+// Modify Slide Collection replace a picture of the same name without a
+// word), kept in the slide file's history folder together with the ones
+// that replaced them, so that undo and redo put either back.
+
+#include <cstdint>
+#include <string>
+#include <vector>
+
+#include "storage/Env.h"
+
+namespace cb {
+
+class KeptPictures {
+ public:
+  KeptPictures(Env& env, const std::string& sifPath);
+
+  // Before the picture at `galleryPath` is copied over from `comingFrom`:
+  // both are kept, waiting for the step the save makes.
+  void Keep(const std::string& galleryPath, const std::string& comingFrom);
+  // The pictures kept since belong to step `step`; with 0 (no step was
+  // made) they go.
+  void Attach(std::int32_t step);
+  // Copies the pictures of step `step` back into `galleryDir` (ending in
+  // "/"): those it replaced when `replaced`, else those it brought.
+  void PutBack(std::int32_t step, bool replaced, const std::string& galleryDir);
+
+ private:
+  // The copy `k` of step `step`, and the list of the step's pictures.
+  std::string Name(std::int32_t step, std::size_t k, bool replaced) const;
+  std::string ListOf(std::int32_t step) const;
+
+  Env& env_;
+  std::string folder_;
+  std::vector<std::string> pending_;  // the pictures' names in the gallery folder
+};
+
+}  // namespace cb
