@@ -9,6 +9,7 @@
 #include <QMdiSubWindow>
 #include <QPixmap>
 #include <QPointer>
+#include <string_view>
 
 #include "base/RuntimeError.h"
 #include "qt/MenuBuilder.h"
@@ -104,6 +105,8 @@ class MDIMain : public QMainWindow {
   // The wallpaper command: through the open dialog, shown at once, its bare name saved.
   void mnuFileWallpaper_Click();
   void mnuFileNew_Click();
+  // File New; writing over an existing file is the step `step` of its history.
+  void NewFile(std::string_view step);
   void mnuFileOpen_Click();
   void mnuFileSaveAs_Click();
   void mnuFileClaim_Click();

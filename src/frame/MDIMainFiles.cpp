@@ -55,7 +55,9 @@ bool MDIMain::OverwriteConfirmed(const QString& name, const char* title) {
                 vbYesNo, title) == vbYes;
 }
 
-void MDIMain::mnuFileNew_Click() {
+void MDIMain::mnuFileNew_Click() { NewFile(steps::kNewFile); }
+
+void MDIMain::NewFile(std::string_view step) {
   frmCommonDialog& d = RunSifDialog("New");
   QString typed = d.txtFilename->text();
   if (typed.isEmpty() || d.Cancelled) return;
@@ -67,7 +69,7 @@ void MDIMain::mnuFileNew_Click() {
   g.Slides.assign(1, SlideRecord());
   mc.NumberOfRecords(0);
   if (!typed.contains('.')) typed += ".sif";
-  if (mc.SetRegistryKeys(InFileList(d, typed)) && Report(mc.SaveSettings(steps::kNewFile), errors_)) CaptionGallery();
+  if (mc.SetRegistryKeys(InFileList(d, typed)) && Report(mc.SaveSettings(step), errors_)) CaptionGallery();
   UnloadCommonDialog();
   RebuildGallery();
 }

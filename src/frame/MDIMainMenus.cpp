@@ -16,6 +16,7 @@
 #include "qt/Twips.h"
 #include "slide/frmSetSlideTemplate.h"
 #include "state/modGlobal.h"
+#include "storage/HistorySteps.h"
 
 namespace cb {
 namespace {
@@ -145,7 +146,7 @@ void MDIMain::mnuFileExit_Click() { close(); }
 // File command rebuilds the gallery that opened it.
 void MDIMain::mnuSlidesTemplate_Click() {
   frmSetSlideTemplate dialog(this);
-  connect(&dialog, &frmSetSlideTemplate::NewFileWanted, this, &MDIMain::mnuFileNew_Click);
+  connect(&dialog, &frmSetSlideTemplate::NewFileWanted, this, [this] { NewFile(steps::kSetTemplate); });
   dialog.exec();
 }
 

@@ -17,6 +17,7 @@ inline constexpr std::string_view kChangeBackground = "Change Background";
 inline constexpr std::string_view kSetWallpaper = "Set Wallpaper";
 inline constexpr std::string_view kChooseReportFont = "Choose Report Font";
 inline constexpr std::string_view kNewFile = "New";
+inline constexpr std::string_view kSetTemplate = "Set Slide Template";
 inline constexpr std::string_view kSaveAs = "Save As";
 inline constexpr std::string_view kImport = "Import";
 
