@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "gallery/GalleryMenuTable.h"
 
+#include <algorithm>
+
 namespace cb {
 
 using S = ItemState;
@@ -71,6 +73,13 @@ const std::vector<MenuItemRow>& GalleryMenu() {
       JoinMenus({kGalleryFile, kHistoryItems, kGalleryEdit, kViewMenu, kGallerySlidesAndWindow, kHelpMenu,
                  kGalleryPopups, kWallpaperPopup});
   return menu;
+}
+
+std::string StepCaption(MenuId item, const std::optional<std::string>& step) {
+  const auto& menu = GalleryMenu();
+  const auto row = std::find_if(menu.begin(), menu.end(), [item](const MenuItemRow& r) { return r.id == item; });
+  const std::string caption = row == menu.end() ? std::string() : std::string(row->caption);
+  return step ? caption + " " + *step : caption;
 }
 
 const std::array<WhatNote, 3> kGalleryWhatNotes{{

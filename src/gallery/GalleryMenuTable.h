@@ -4,6 +4,8 @@
 // the gallery is active, its four popups, and its what's-this notes.
 
 #include <array>
+#include <optional>
+#include <string>
 #include <string_view>
 
 #include "state/MDIMainRules.h"
@@ -11,6 +13,10 @@
 namespace cb {
 
 const std::vector<MenuItemRow>& GalleryMenu();
+
+// The caption of Undo or Redo (`item`) naming the step it would take,
+// "&Undo Edit Slide"; the bare caption when there is none.
+std::string StepCaption(MenuId item, const std::optional<std::string>& step);
 
 struct WhatNote {
   MenuId item;

@@ -132,8 +132,7 @@ void frmGallery::NameUndoItems() {
   const std::pair<MenuId, std::optional<std::string>> steps[] = {{MenuId::EditUndo, mc.UndoName()},
                                                                  {MenuId::EditRedo, mc.RedoName()}};
   for (const auto& [id, step] : steps) {
-    const QString verb = id == MenuId::EditUndo ? "&Undo" : "&Redo";
-    Item(id)->setText(step ? verb + " " + Utf8ToQ(*step) : verb);
+    Item(id)->setText(Utf8ToQ(StepCaption(id, step)));
     Item(id)->setEnabled(step.has_value());
   }
 }

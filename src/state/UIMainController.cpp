@@ -45,6 +45,8 @@ constexpr std::array<BinReason, 3> kBinReasons{{
 }};
 constexpr std::string_view kUndone = "undone";
 
+constexpr std::string_view kNoHistory = "No changes are kept for this file.";
+
 std::string_view ReasonOf(std::string_view step) {
   for (const BinReason& r : kBinReasons)
     if (r.step == step) return r.reason;
@@ -147,7 +149,7 @@ Status UIMainController::SaveSettings(std::string_view step, bool amend) {
   const std::int32_t done = history_ ? history_->Done() : 0;
   const Status status = history_
                             ? DataAccess().SaveSettings(slideInformationFilePath_, HeaderSettings(), globals_.Slides,
-                                                        *history_, step.empty() ? "Change" : step, amend)
+                                                        *history_, step.empty() ? steps::kChange : step, amend)
                             : DataAccess().SaveSettings(slideInformationFilePath_, HeaderSettings(), globals_.Slides);
   if (status.ok()) globals_.SlidesChanged = false;
   if (status.ok()) BinGone(ReasonOf(step));
@@ -173,7 +175,7 @@ std::vector<RemovedSlide> UIMainController::RemovedSlides() const {
 }
 
 Status UIMainController::RestoreRemoved(const std::vector<std::size_t>& chosen) {
-  if (!history_) return Status::Described("No changes are kept for this file.");
+  if (!history_) return Status::Described(kNoHistory);
   RemovedBin bin(Env::Default(), slideInformationFilePath_);
   const SlideArray before = globals_.Slides;
   PutBack(globals_.Slides, bin.At(chosen));
@@ -187,7 +189,7 @@ Status UIMainController::RestoreRemoved(const std::vector<std::size_t>& chosen) 
 }
 
 Status UIMainController::ForgetRemoved(const std::vector<std::size_t>& chosen) {
-  if (!history_) return Status::Described("No changes are kept for this file.");
+  if (!history_) return Status::Described(kNoHistory);
   if (const RtError e = RemovedBin(Env::Default(), slideInformationFilePath_).Forget(chosen); e != RtError::None)
     return {e, "RemovedBin"};
   return {};
@@ -207,7 +209,7 @@ Status UIMainController::Undo() { return StepHistory(true); }
 Status UIMainController::Redo() { return StepHistory(false); }
 
 Status UIMainController::StepHistory(bool back) {
-  if (!history_) return Status::Described("No changes are kept for this file.");
+  if (!history_) return Status::Described(kNoHistory);
   const std::string step = (back ? history_->UndoName() : history_->RedoName()).value_or("");
   const std::int32_t number = back ? history_->Done() : history_->Done() + 1;
   if (Status s = DataAccess().StepHistory(slideInformationFilePath_, *history_, back); !s.ok()) return s;
