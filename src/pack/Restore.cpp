@@ -12,6 +12,7 @@
 #include <filesystem>
 #include <functional>
 #include <map>
+#include <memory>
 #include <optional>
 #include <set>
 #include <string_view>
@@ -20,6 +21,7 @@
 #include "pack/FolderSync.h"
 #include "pack/JobControl.h"
 #include "storage/DiskEnv.h"
+#include "storage/HistorySteps.h"
 #include "storage/SlideHistory.h"
 
 namespace cb::pack {
@@ -244,6 +246,13 @@ class Staging {
     return fd;
   }
 
+  // The staged copy of `target`; empty when none.
+  std::string TempOf(const std::string& target) const {
+    for (const auto& [temp, to] : staged_)
+      if (to == target) return temp;
+    return {};
+  }
+
   void Stamp(time_t mtime) {
     const timespec times[2] = {{0, UTIME_OMIT}, {mtime, 0}};
     ::utimensat(AT_FDCWD, staged_.back().first.c_str(), times, 0);
@@ -279,19 +288,60 @@ bool WriteAll(int fd, const char* b, std::size_t n) {
   return true;
 }
 
-// Each slide file restored keeps the history the archive carries and no
-// other: files of the old one that the archive lacks go, and an old history
-// it has no replacement for is set aside. What fails here leaves a history
-// that does not fit its file, which its next open sets aside.
-void ReplaceHistories(const RestorePlan& plan) {
+// The slide files of `plan` (archive names) and, for each, whether the
+// archive carries its history.
+std::map<std::string, bool> SlideFiles(const RestorePlan& plan) {
+  std::map<std::string, bool> files;
+  for (const auto& e : plan.entries)
+    if (e.name.starts_with("Files/") && !HistoryOwner(e.name)) files.emplace(e.name, false);
+  for (const auto& e : plan.entries)
+    if (const auto owner = HistoryOwner(e.name)) files[*owner] = true;
+  return files;
+}
+
+// A slide file the restore replaces and whose history the archive does not
+// carry keeps its own, with the restore as its last step, recorded before
+// the file is replaced like any other step; so the program can undo it.
+class RestoreSteps {
+ public:
+  RestoreSteps(const RestorePlan& plan, const Staging& staging) {
+    Env& env = Env::Default();
+    for (const auto& [name, carried] : SlideFiles(plan)) {
+      const std::string target = (fs::path(plan.appDir) / name).string();
+      std::string before, after;
+      if (carried || env.KindOf(target) != EntryKind::File || env.ReadWhole(target, before) != RtError::None ||
+          env.ReadWhole(staging.TempOf(target), after) != RtError::None)
+        continue;
+      auto history = std::make_unique<SlideHistory>(env, target);
+      if (history->Open() == SlideHistory::Fit::Fits && history->Record(steps::kRestore, before, after).ok())
+        kept_.emplace(name, std::move(history));
+    }
+  }
+
+  bool Kept(const std::string& name) const { return kept_.contains(name); }
+
+  // After the files were moved into place, or not.
+  void Done(bool replaced) {
+    for (auto& [name, history] : kept_) replaced ? history->Written() : static_cast<void>(history->Open());
+  }
+
+ private:
+  std::map<std::string, std::unique_ptr<SlideHistory>> kept_;
+};
+
+// Each other slide file restored keeps the history the archive carries and
+// no other: files of the old one that the archive lacks go, and an old
+// history it has no replacement for is set aside. What fails here leaves a
+// history that does not fit its file, which its next open sets aside.
+void ReplaceHistories(const RestorePlan& plan, const RestoreSteps& stepped) {
   std::map<std::string, std::set<std::string>> carried;  // history folder -> its files, as archive names
   for (const auto& e : plan.entries) {
     const std::size_t slash = e.name.rfind('/');
     if (HistoryOwner(e.name)) carried[e.name.substr(0, slash)].insert(e.name.substr(slash + 1));
   }
-  for (const auto& e : plan.entries) {
-    if (!e.name.starts_with("Files/") || HistoryOwner(e.name)) continue;
-    const std::string name = SlideHistory::FolderOf(e.name);
+  for (const auto& [file, hasHistory] : SlideFiles(plan)) {
+    if (stepped.Kept(file)) continue;
+    const std::string name = SlideHistory::FolderOf(file);
     const fs::path folder = fs::path(plan.appDir) / name;
     const auto kept = carried.find(name);
     if (kept == carried.end()) {
@@ -361,8 +411,11 @@ Status CarryOutRestore(const RestorePlan& plan, const JobProgress& progress) {
     ++next;
   }
   if (!in.error().empty() || next != plan.entries.size()) return changed;
-  if (Status committed = staging.Commit(); !committed.ok()) return committed;
-  ReplaceHistories(plan);
+  RestoreSteps stepped(plan, staging);
+  const Status committed = staging.Commit();
+  stepped.Done(committed.ok());
+  if (!committed.ok()) return committed;
+  ReplaceHistories(plan, stepped);
   return {};
 }
 

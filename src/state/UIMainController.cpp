@@ -33,25 +33,7 @@ constexpr std::array<DirectoryTail, 5> kTails{{
     {"/", 0},
 }};
 
-// The steps that take slides away, and the reason the bin gives for them.
-struct BinReason {
-  std::string_view step;
-  std::string_view reason;
-};
-constexpr std::array<BinReason, 3> kBinReasons{{
-    {steps::kRemoveSlide, "removed"},
-    {steps::kRemoveMissing, "picture not found"},
-    {steps::kModifyCollection, "Modify Slide Collection"},
-}};
-constexpr std::string_view kUndone = "undone";
-
 constexpr std::string_view kNoHistory = "No changes are kept for this file.";
-
-std::string_view ReasonOf(std::string_view step) {
-  for (const BinReason& r : kBinReasons)
-    if (r.step == step) return r.reason;
-  return {};
-}
 
 std::string TailFor(const std::string& appPath, Tail which) {
   const auto& t = kTails[which];
@@ -152,20 +134,19 @@ Status UIMainController::SaveSettings(std::string_view step, bool amend) {
                                                         *history_, step.empty() ? steps::kChange : step, amend)
                             : DataAccess().SaveSettings(slideInformationFilePath_, HeaderSettings(), globals_.Slides);
   if (status.ok()) globals_.SlidesChanged = false;
-  if (status.ok()) BinGone(ReasonOf(step));
+  if (status.ok()) Binned(step, StepWay::Made);
   // Pictures copied over belong to the step this save made, if it made one.
-  if (pictures_) pictures_->Attach(status.ok() && history_->Done() != done ? history_->Done() : 0);
+  if (pictures_) {
+    const std::int32_t made = status.ok() && history_->Done() != done ? history_->Done() : 0;
+    static_cast<void>(history_->AddBytes(made, pictures_->Attach(made)));
+  }
   return status;
 }
 
-void UIMainController::BinGone(std::string_view reason, bool stepped) {
+void UIMainController::Binned(std::string_view step, StepWay way) {
   if (!history_) return;
-  if (!reason.empty() || stepped) {
-    RemovedBin bin(Env::Default(), slideInformationFilePath_);
-    if (stepped) bin.Returned(GoneSlides(globals_.Slides, saved_, {}, 0));
-    if (!reason.empty())
-      bin.Add(GoneSlides(saved_, globals_.Slides, reason, static_cast<std::int64_t>(std::time(nullptr))));
-  }
+  BinStep(Env::Default(), slideInformationFilePath_, step, way, saved_, globals_.Slides,
+          static_cast<std::int64_t>(std::time(nullptr)));
   saved_ = globals_.Slides;
 }
 
@@ -217,11 +198,8 @@ Status UIMainController::StepHistory(bool back) {
   SlideArray before = saved_;
   const Status loaded = LoadSettings();
   if (!loaded.ok()) return loaded;
-  // Undone, any step but an edit (which takes no slide away) may take slides
-  // away; redone, the removals name their reason.
   saved_.swap(before);
-  const std::string_view undone = step == steps::kEditSlide ? std::string_view() : kUndone;
-  BinGone(back ? undone : ReasonOf(step), true);
+  Binned(step, back ? StepWay::Undone : StepWay::Redone);
   return loaded;
 }
 

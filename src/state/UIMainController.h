@@ -161,10 +161,9 @@ class UIMainController {
 
  private:
   Status StepHistory(bool back);
-  // Puts the slides gone since the last load or save in the bin, with `reason`
-  // (none: nothing is binned); with `stepped`, the slides that came back
-  // leave it. Remembers the collection as it is now.
-  void BinGone(std::string_view reason, bool stepped = false);
+  // Tells the bin how step `step` went from the last load or save to the
+  // collection now, and remembers the collection as it is.
+  void Binned(std::string_view step, StepWay way);
   // Reads the history and checks it against the file; one set aside is told once.
   void OpenHistory();
 

@@ -20,6 +20,7 @@ inline constexpr std::string_view kNewFile = "New";
 inline constexpr std::string_view kSetTemplate = "Set Slide Template";
 inline constexpr std::string_view kSaveAs = "Save As";
 inline constexpr std::string_view kImport = "Import";
+inline constexpr std::string_view kRestore = "Restore";
 // A save that names no step of its own.
 inline constexpr std::string_view kChange = "Change";
 

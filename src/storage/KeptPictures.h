@@ -21,16 +21,22 @@ class KeptPictures {
   // both are kept, waiting for the step the save makes.
   void Keep(const std::string& galleryPath, const std::string& comingFrom);
   // The pictures kept since belong to step `step`; with 0 (no step was
-  // made) they go.
-  void Attach(std::int32_t step);
+  // made) they go. Gives the bytes they take, for the history's limit.
+  std::uint64_t Attach(std::int32_t step);
   // Copies the pictures of step `step` back into `galleryDir` (ending in
   // "/"): those it replaced when `replaced`, else those it brought.
   void PutBack(std::int32_t step, bool replaced, const std::string& galleryDir);
 
+  // Removes the pictures kept with step `step` of the history in `folder`,
+  // when the history drops that step.
+  static void Forget(Env& env, const std::string& folder, std::int32_t step);
+
  private:
   // The copy `k` of step `step`, and the list of the step's pictures.
-  std::string Name(std::int32_t step, std::size_t k, bool replaced) const;
-  std::string ListOf(std::int32_t step) const;
+  static std::string Name(const std::string& folder, std::int32_t step, std::size_t k, bool replaced);
+  static std::string ListOf(const std::string& folder, std::int32_t step);
+  // The names the list of step `step` holds, in the order of their copies.
+  static std::vector<std::string> Listed(Env& env, const std::string& folder, std::int32_t step);
 
   Env& env_;
   std::string folder_;

@@ -2,17 +2,38 @@
 #include "storage/RemovedSlides.h"
 
 #include <algorithm>
+#include <array>
 #include <cstring>
 #include <map>
 #include <set>
 #include <string_view>
 
+#include "storage/HistorySteps.h"
 #include "storage/SlideHistory.h"
 
 namespace cb {
 namespace {
 
 constexpr std::string_view kMagic = "chattelbook removed 1\n";
+
+// The steps that take slides away, and the reason the bin gives for them.
+struct BinReason {
+  std::string_view step;
+  std::string_view reason;
+};
+constexpr std::array<BinReason, 3> kBinReasons{{
+    {steps::kRemoveSlide, "removed"},
+    {steps::kRemoveMissing, "picture not found"},
+    {steps::kModifyCollection, "Modify Slide Collection"},
+}};
+
+std::string_view ReasonOf(std::string_view step, StepWay way) {
+  // Undone, any step but an edit (which takes no slide away) may take slides away.
+  if (way == StepWay::Undone) return step == steps::kEditSlide ? std::string_view() : "undone";
+  for (const BinReason& r : kBinReasons)
+    if (r.step == step) return r.reason;
+  return {};
+}
 
 void PutInt(std::string& out, std::uint64_t v, int bytes) {
   for (int i = 0; i < bytes; ++i) out += static_cast<char>((v >> (8 * i)) & 0xff);
@@ -82,6 +103,15 @@ void PutBack(SlideArray& slides, const std::vector<RemovedSlide>& entries) {
     }
     slides.insert(at, e.record);
   }
+}
+
+void BinStep(Env& env, const std::string& sifPath, std::string_view step, StepWay way, const SlideArray& before,
+             const SlideArray& after, std::int64_t time) {
+  const std::string_view reason = ReasonOf(step, way);
+  if (reason.empty() && way == StepWay::Made) return;
+  RemovedBin bin(env, sifPath);
+  if (way != StepWay::Made) bin.Returned(GoneSlides(after, before, {}, 0));
+  if (!reason.empty()) bin.Add(GoneSlides(before, after, reason, time));
 }
 
 RemovedBin::RemovedBin(Env& env, const std::string& sifPath)

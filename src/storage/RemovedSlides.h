@@ -35,6 +35,16 @@ std::vector<RemovedSlide> GoneSlides(const SlideArray& before, const SlideArray&
 // first record equal to its follower, else at the end.
 void PutBack(SlideArray& slides, const std::vector<RemovedSlide>& entries);
 
+// How a step met the file: made by a change, undone, or redone.
+enum class StepWay { Made, Undone, Redone };
+
+// Keeps the bin of `sifPath` in step with step `step`, which went `way` from
+// the slides `before` to `after`: the slides it brought back leave the bin,
+// and those it took away enter it with their reason ("removed", "undone",
+// ...). The bin is read only when the step can concern it.
+void BinStep(Env& env, const std::string& sifPath, std::string_view step, StepWay way, const SlideArray& before,
+             const SlideArray& after, std::int64_t time);
+
 class RemovedBin {
  public:
   static constexpr std::size_t kKept = 1000;  // the oldest go beyond it

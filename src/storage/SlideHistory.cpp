@@ -9,6 +9,7 @@
 
 #include "base/Words.h"
 #include "model/SlideRecord.h"
+#include "storage/KeptPictures.h"
 
 namespace cb {
 namespace {
@@ -431,16 +432,29 @@ Status SlideHistory::Commit() {
     dropped.push_back(first_++);
   }
   if (Status s = WriteCursor(); !s.ok()) return ReadCursor(), s;
-  for (const std::int32_t n : dropped) env_.Remove(StepPath(n));
+  for (const std::int32_t n : dropped) RemoveStep(n);
   return {};
 }
 
-// Step files no cursor names: left by a crash before the cursor was written, or before the removal after it.
+void SlideHistory::RemoveStep(std::int32_t n) {
+  env_.Remove(StepPath(n));
+  KeptPictures::Forget(env_, folder_, n);
+}
+
+Status SlideHistory::AddBytes(std::int32_t step, std::uint64_t bytes) {
+  if (bytes == 0 || step < first_ || step > last_) return {};
+  At(step).bytes += bytes;
+  return Commit();
+}
+
+// Files of steps no cursor names (step files and kept pictures, named from
+// the step's number): left by a crash before the cursor was written, or
+// before the removal after it, or pictures kept for a save that never ended.
 void SlideHistory::RemoveStrays() {
   std::vector<DirEntry> entries;
   env_.ListDirectory(folder_, entries);
   for (const DirEntry& e : entries) {
-    if (e.name.size() != 13 || !e.name.ends_with(".step") ||
+    if (e.name.size() < 10 || (e.name[8] != '.' && e.name[8] != '-') ||
         !std::all_of(e.name.begin(), e.name.begin() + 8, [](char c) { return c >= '0' && c <= '9'; }))
       continue;
     const int n = std::stoi(e.name.substr(0, 8));
@@ -515,7 +529,7 @@ Status SlideHistory::Append(std::string_view name, std::string_view before, std:
     last_ = cursor_;
     kept_.resize(static_cast<std::size_t>(last_ - first_ + 1));
     if (Status s = WriteCursor(); !s.ok()) return ReadCursor(), s;
-    for (std::int32_t n = last_ + 1; n <= oldLast; ++n) env_.Remove(StepPath(n));
+    for (std::int32_t n = last_ + 1; n <= oldLast; ++n) RemoveStep(n);
   }
   if (kept_.empty()) {  // the numbers go on from the steps undone and dropped, if any
     firstBeforeHash_ = beforeHash;
@@ -549,7 +563,7 @@ Status SlideHistory::Amend(std::string_view name, std::string_view before, std::
     kept_.pop_back();
     last_ = --cursor_;
     if (Status s = WriteCursor(); !s.ok()) return ReadCursor(), s;
-    env_.Remove(StepPath(cursor_ + 1));
+    RemoveStep(cursor_ + 1);
     return {};
   }
   std::vector<std::uint64_t> rb, ra;

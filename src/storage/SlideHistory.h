@@ -85,6 +85,10 @@ class SlideHistory {
   // next Open needs no hash.
   void Written();
 
+  // Counts `bytes` kept elsewhere in the folder for step `step` (pictures
+  // it copied over) towards the limit, which may drop the oldest steps.
+  Status AddBytes(std::int32_t step, std::uint64_t bytes);
+
   // The steps kept, oldest first, and how many of them are done (the cursor:
   // the number of the last step done, steps numbered up to it are done).
   std::vector<HistoryStepInfo> Steps() const;
@@ -107,6 +111,7 @@ class SlideHistory {
   std::string StepPath(std::int32_t n) const;
   void Reset();
   void SetAside();
+  void RemoveStep(std::int32_t n);  // its file and whatever was kept with it
   bool ReadCursor();
   Status WriteCursor();
   bool ReadStep(std::int32_t n, StepFile& step) const;

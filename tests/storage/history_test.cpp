@@ -11,6 +11,7 @@
 #include <random>
 
 #include "model/SlideRecord.h"
+#include "storage/KeptPictures.h"
 #include "storage/RemovedSlides.h"
 #include "storage/SlideHistory.h"
 #include "support/FaultEnv.h"
@@ -288,6 +289,37 @@ TEST_F(History, AmendedSavesMakeOneStep) {
   env.Files()[kPath] = c;
   ASSERT_EQ(h.Steps().size(), 1u);
   EXPECT_TRUE(Walks(env, h, {{a, c}}));
+}
+
+// Pictures kept with a step count towards the limit and go with the step:
+// when a new change drops it undone, when the limit drops it, and at the
+// next Open when no step took them.
+TEST_F(History, PicturesKeptWithAStepGoWithIt) {
+  Start(4, 6);
+  const std::string half(SlideHistory::kKeptBytes / 2, 'p'), gallery = "/g/tv.jpg", camera = "/c/tv.jpg";
+  env.Files()[gallery] = half;
+  env.Files()[camera] = half + "new";
+  const auto stepWithPictures = [&] {
+    KeptPictures pictures(env, kPath);
+    pictures.Keep(gallery, camera);
+    ASSERT_TRUE(Apply(env, h, Op::Change, Change(Read(env), rng)));
+    ASSERT_TRUE(h.AddBytes(h.Done(), pictures.Attach(h.Done())).ok());
+  };
+  const std::size_t empty = HistoryBytes();
+  stepWithPictures();
+  EXPECT_GT(HistoryBytes(), empty + 2 * half.size());
+  ASSERT_TRUE(Apply(env, h, Op::Undo));
+  ASSERT_TRUE(Apply(env, h, Op::Change, Change(Read(env), rng)));
+  EXPECT_LT(HistoryBytes(), empty + half.size());
+
+  stepWithPictures();  // alone beyond the limit, kept while it is the newest
+  ASSERT_TRUE(Apply(env, h, Op::Change, Change(Read(env), rng)));
+  EXPECT_EQ(h.Steps().size(), 1u);
+  EXPECT_LT(HistoryBytes(), empty + half.size());
+
+  KeptPictures(env, kPath).Keep(gallery, camera);  // a save that never came
+  ASSERT_EQ(h.Open(), Fit::Fits);
+  EXPECT_LT(HistoryBytes(), empty + half.size());
 }
 
 // At the largest file, what an edit of one value and a removal add to the history.

@@ -18,6 +18,7 @@
 #include "Formats.h"
 #include "SifTools.h"
 #include "artwork/ProgramIcon.h"
+#include "storage/RemovedSlides.h"
 
 namespace cb::sif::testing {
 namespace {
@@ -157,6 +158,12 @@ TEST(Commands, HistoryUndoAndRedoOfAnImport) {
   for (const auto& [args, status, content] : steps) {
     EXPECT_EQ(RunInProcess(args).status, status) << args[0];
     EXPECT_EQ(ReadFile(file), *content) << args[0];
+    // The slide an undone import brought is in the bin until the redo.
+    const RemovedBin bin(Env::Default(), file);
+    const auto& entries = bin.Entries();
+    EXPECT_EQ(entries.empty() ? "" : entries[0].reason + " " + RTrim(entries[0].record.Get(Field::SlideText)),
+              content == &first ? "undone Bench" : "")
+        << args[0];
   }
   EXPECT_THAT(RunInProcess({"history", file}).out, ::testing::MatchesRegex("  1  [-0-9: ]+  Import  \\(1 slide\\)\n"));
 }

@@ -386,10 +386,18 @@ TEST(Backup, RestoreGivesBackEveryFileByteForByte) {
   EXPECT_EQ(forced.status, 0) << forced.err;
   EXPECT_EQ(Tree(root), before);
 
-  // A backup with no history sets aside the one the file had.
+  // A backup with no history: the restore is the last step of the file's own, and can be undone.
   fs::copy_file(sif, dir / "Home.sif");
   ASSERT_EQ(RunProcess({"backup", dir / "Home.sif", "-o", dir / "alone.tar.gz"}).status, 0);
+  const std::string edited = WithHeader(first, "9", "4");
+  SaveStep(sif, edited);
   EXPECT_EQ(RunProcess({"restore", dir / "alone.tar.gz", "--to", root, "--force"}).status, 0);
+  EXPECT_EQ(ReadFile(sif), ReadFile(dir / "Home.sif"));
+  EXPECT_EQ(RunProcess({"undo", sif}).out, "Undone: Restore\n");
+  EXPECT_EQ(ReadFile(sif), edited);
+  // With the file gone meanwhile, whatever history it had is set aside.
+  fs::remove(sif);
+  EXPECT_EQ(RunProcess({"restore", dir / "alone.tar.gz", "--to", root}).status, 0);
   EXPECT_TRUE(fs::exists(history + ".set-aside.2/cursor") && !fs::exists(history));
 
   const std::string bytes = ReadFile(archive);

@@ -3,7 +3,11 @@
 
 #include <ctime>
 
+#include "pack/ClaimContent.h"
+#include "pack/SifFile.h"
 #include "storage/DataAccess.h"
+#include "storage/KeptPictures.h"
+#include "storage/RemovedSlides.h"
 #include "storage/SlideFileLock.h"
 #include "storage/SlideHistory.h"
 
@@ -36,7 +40,9 @@ std::string Utc(std::int64_t seconds) {
   return text;
 }
 
-// Undo (`back`) or Redo one step, with the lock the program holds on its file.
+// Undo (`back`) or Redo one step, with the lock the program holds on its
+// file, and as the program does: the pictures the step copied over go back
+// into the gallery beside the file's folder, and the bin hears of it.
 int Step(const QStringList& args, const CommandIo& io, bool back) {
   std::string path;
   int status = kExitOk;
@@ -47,8 +53,16 @@ int Step(const QStringList& args, const CommandIo& io, bool back) {
   if (history.Open() == SlideHistory::Fit::SetAside) return DataError(io, SetAsideMessage(path));
   const auto name = back ? history.UndoName() : history.RedoName();
   if (!name) return DataError(io, path + (back ? ": nothing to undo" : ": nothing to redo"));
+  const std::int32_t number = back ? history.Done() : history.Done() + 1;
+  pack::SifDocument before, after;
+  std::string message;
+  const bool read = pack::ReadSif(path, before, message);
   if (Status s = DataAccess().StepHistory(path, history, back); !s.ok())
     return DataError(io, path + ": " + std::string(s.description()));
+  KeptPictures(Env::Default(), path).PutBack(number, back, pack::DefaultGalleryDir(path) + "/");
+  if (read && pack::ReadSif(path, after, message))
+    BinStep(Env::Default(), path, *name, back ? StepWay::Undone : StepWay::Redone, before.Slides, after.Slides,
+            static_cast<std::int64_t>(std::time(nullptr)));
   io.out << (back ? "Undone: " : "Redone: ") << *name << "\n";
   return kExitOk;
 }
