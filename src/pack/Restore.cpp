@@ -339,9 +339,9 @@ void ReplaceHistories(const RestorePlan& plan, const RestoreSteps& stepped) {
     const std::size_t slash = e.name.rfind('/');
     if (HistoryOwner(e.name)) carried[e.name.substr(0, slash)].insert(e.name.substr(slash + 1));
   }
-  for (const auto& [file, hasHistory] : SlideFiles(plan)) {
-    if (stepped.Kept(file)) continue;
-    const std::string name = SlideHistory::FolderOf(file);
+  for (const auto& file : SlideFiles(plan)) {
+    if (stepped.Kept(file.first)) continue;
+    const std::string name = SlideHistory::FolderOf(file.first);
     const fs::path folder = fs::path(plan.appDir) / name;
     const auto kept = carried.find(name);
     if (kept == carried.end()) {
