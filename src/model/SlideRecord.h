@@ -7,6 +7,7 @@
 #include <cstddef>
 #include <string>
 #include <string_view>
+#include <utility>
 #include <vector>
 
 namespace cb {
@@ -36,6 +37,10 @@ inline constexpr std::array<FieldLayout, 9> kFields{{
 }};
 
 constexpr const FieldLayout& LayoutOf(Field f) { return kFields[static_cast<std::size_t>(f)]; }
+
+// The places in kFields, for code that takes each field's width as a
+// constant, in a fold over them.
+using FieldPlaces = std::make_index_sequence<kFields.size()>;
 
 class SlideRecord {
  public:

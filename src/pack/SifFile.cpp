@@ -86,6 +86,11 @@ bool ReadSifBlocks(const std::string& path, SifDocument& doc, const SlideBlocks&
                   [&take](RecordFile& file, SifRead& read) { return cb::ReadSifBlocks(file, read, take); });
 }
 
+bool ReadSifStored(const std::string& path, SifDocument& doc, const StoredBlocks& take, std::string& message) {
+  return ReadWith(path, doc, message,
+                  [&take](RecordFile& file, SifRead& read) { return cb::ReadSifStored(file, read, take); });
+}
+
 bool WriteSif(const std::string& path, const SifSettings& settings, const SlideArray& slides, bool replace,
               std::string& message, std::string_view step) {
   std::error_code ec;

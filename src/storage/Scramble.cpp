@@ -2,10 +2,8 @@
 #include "storage/Scramble.h"
 
 #include <algorithm>
-#include <cstdint>
 
 #include "base/Text.h"
-#include "base/Words.h"
 
 namespace cb {
 namespace {
@@ -17,15 +15,6 @@ bool Flip(char c, char& out) {
   out = static_cast<char>(256 - code);
   return true;
 }
-
-// 256 - c in every byte of a word, without carries between them.
-std::uint64_t Complement(std::uint64_t w) {
-  using namespace words;
-  return ((~w & ~kHighBits) + kOnes) ^ (~w & kHighBits);
-}
-
-// Whether no byte of `w` is a blank or a NUL, so that all of it unscrambles.
-bool AllText(std::uint64_t w) { return !words::HasByte(w, ' ') && !words::HasByte(w, '\0'); }
 
 }  // namespace
 
@@ -61,29 +50,12 @@ void ScrambleInPlace(std::span<char> field, bool trimFirst) {
   std::fill(field.begin() + static_cast<std::ptrdiff_t>(out), field.end(), ' ');
 }
 
-// A stored field is mostly its text, then blanks: both go a word at a time,
-// and blanks that stay where they are are not written again.
-void UnscrambleInPlace(std::span<char> field) {
-  using namespace words;
-  const std::size_t size = field.size();
-  char* const f = field.data();
-  std::size_t i = 0;
-  for (; i + kSize <= size && AllText(Load(f + i)); i += kSize) Store(f + i, Complement(Load(f + i)));
-  for (; i < size && f[i] != ' ' && f[i] != '\0'; ++i) f[i] = static_cast<char>(-f[i]);
-  std::size_t out = i;
-  std::size_t dirty = i;  // the end of what is no blank yet, behind `out`
-  while (i < size) {
-    while (i + kSize <= size && Load(f + i) == Repeated(' ')) i += kSize;
-    // The last word, when blank, covers whatever is left.
-    if (size >= kSize && i + kSize > size && Load(f + size - kSize) == Repeated(' ')) break;
-    if (i == size) break;
-    if (f[i] != ' ') {
-      dirty = i + 1;
-      if (f[i] != '\0') f[out++] = static_cast<char>(-f[i]);
-    }
-    ++i;
-  }
-  if (dirty > out) std::fill(f + out, f + dirty, ' ');
+std::size_t UnscrambleTo(const char* in, std::size_t width, char* out) {
+  std::size_t n = 0;
+  for (std::size_t i = 0; i < width; ++i)
+    if (char c; in[i] != ' ' && Flip(in[i], c)) out[n++] = c;
+  std::fill(out + n, out + width, ' ');
+  return n;
 }
 
 }  // namespace cb

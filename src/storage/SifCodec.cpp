@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "storage/SifCodec.h"
 
+#include <algorithm>
 #include <span>
 
 #include "storage/Scramble.h"
@@ -26,11 +27,21 @@ std::span<char> FieldBytes(SlideRecord& record, Field f) {
   return std::span<char>(record.bytes()).subspan(s.offset, s.width);
 }
 
+// In record order, so that the spill of each field is written over by the next.
+template <std::size_t... I>
+void DecodeFields(const char* stored, char* out, std::index_sequence<I...>) {
+  (StoredField<kFields[I].width>(stored + kFields[I].offset).WriteTo(out + kFields[I].offset), ...);
+}
+
 }  // namespace
 
-// Field by field in place: a load decodes up to 32767 records.
+void DecodeSlideTo(const char* stored, char* out) { DecodeFields(stored, out, FieldPlaces{}); }
+
 void DecodeSlide(SlideRecord& record) {
-  for (Field f : kCodecOrder) UnscrambleInPlace(FieldBytes(record, f));
+  std::array<char, kRecordLength + kUnscrambleSpill> stored{}, decoded;
+  std::copy(record.bytes().begin(), record.bytes().end(), stored.begin());
+  DecodeSlideTo(stored.data(), decoded.data());
+  std::copy_n(decoded.begin(), kRecordLength, record.bytes().begin());
 }
 
 void EncodeSlide(SlideRecord& record) {

@@ -10,10 +10,11 @@
 
 #include "base/Text.h"
 #include "model/SlideRecord.h"
+#include "storage/Scramble.h"
 
 namespace cb {
 
-// The order in which the fields of a slide are scrambled and unscrambled.
+// The order in which a save scrambles the fields of a slide.
 inline constexpr std::array<Field, 9> kCodecOrder{Field::Spare,    Field::Category, Field::PictureFile,
                                                   Field::Location, Field::Serial,   Field::SlideText,
                                                   Field::Make,     Field::Model,    Field::Value};
@@ -36,6 +37,10 @@ SifHeader DecodeHeader(const SlideRecord& raw);
 // Replaces every field of a slide record as read from the file by its
 // unscrambled text, padded to the field's width.
 void DecodeSlide(SlideRecord& record);
+
+// The same from the stored record at `stored` into the record's bytes at
+// `out`; both have room for kUnscrambleSpill bytes after the record.
+void DecodeSlideTo(const char* stored, char* out);
 
 // Replaces every field of a slide record by its scrambled form, as a save
 // writes it. Value alone is trimmed first; the others lose as many characters

@@ -2,6 +2,7 @@
 #include "storage/SifReader.h"
 
 #include <algorithm>
+#include <vector>
 
 namespace cb {
 namespace {
@@ -9,7 +10,7 @@ namespace {
 constexpr std::string_view kSource = "DataAccess";
 // Records read in one call: 71 KB, well inside the cache.
 constexpr long kBlockRecords = 256;
-// A block of records is read as one run of bytes.
+// A block of records is decoded as one run of bytes.
 static_assert(sizeof(SlideRecord) == kRecordLength);
 
 }  // namespace
@@ -36,7 +37,7 @@ long RecordsHeld(long long size) {
   return size <= 0 ? 0 : static_cast<long>((size + length - 1) / length - 1);
 }
 
-Status ReadSifBlocks(RecordFile& file, SifRead& read, const SlideBlocks& take) {
+Status ReadSifStored(RecordFile& file, SifRead& read, const StoredBlocks& take) {
   if (auto e = file.Get(1, read.Slides[0].bytes()); e != RtError::None) return {e, kSource};
   read.HeaderRead = true;
   read.Header = DecodeHeader(read.Slides[0]);
@@ -46,18 +47,27 @@ Status ReadSifBlocks(RecordFile& file, SifRead& read, const SlideBlocks& take) {
   // Never allocate from a count the loop could not reach.
   const long upper = h.NumberOfRecords.value;
   if (upper > kMaxRecords) return {RtError::Overflow, kSource};
-  // Each block is decoded while its bytes are still in the cache. Records
+  // Each block is handed on while its bytes are still in the cache. Records
   // past the end of the file read as NUL and decode as empty slides.
-  SlideArray block(static_cast<std::size_t>(std::clamp(upper, 0L, kBlockRecords)));
+  std::vector<char> block(static_cast<std::size_t>(std::clamp(upper, 0L, kBlockRecords)) * kRecordLength +
+                          kUnscrambleSpill);
   for (long first = 1; first <= upper; first += kBlockRecords) {
     const auto count = static_cast<std::size_t>(std::min(kBlockRecords, upper - first + 1));
-    const std::span<SlideRecord> slides(block.data(), count);
-    const std::span<char> bytes(reinterpret_cast<char*>(slides.data()), count * kRecordLength);
-    if (auto e = file.Get(first + 1, bytes); e != RtError::None) return {e, kSource};
-    for (SlideRecord& slide : slides) DecodeSlide(slide);
-    take(slides);
+    if (auto e = file.Get(first + 1, std::span<char>(block.data(), count * kRecordLength)); e != RtError::None)
+      return {e, kSource};
+    take(block.data(), count);
   }
   return {};
+}
+
+Status ReadSifBlocks(RecordFile& file, SifRead& read, const SlideBlocks& take) {
+  SlideArray slides;
+  return ReadSifStored(file, read, [&](const char* stored, std::size_t count) {
+    // One record more than the block, for the spill of the last one's decoding.
+    if (slides.size() <= count) slides.resize(count + 1);
+    for (std::size_t i = 0; i < count; ++i) DecodeSlideTo(stored + i * kRecordLength, slides[i].bytes().data());
+    take(std::span<const SlideRecord>(slides.data(), count));
+  });
 }
 
 Status ReadSif(RecordFile& file, SifRead& read) {

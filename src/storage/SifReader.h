@@ -4,6 +4,7 @@
 // the command-line companion and the fuzz target: what the header's count
 // and template allow, and the reading of the records behind them.
 
+#include <cstddef>
 #include <functional>
 #include <span>
 
@@ -63,5 +64,13 @@ using SlideBlocks = std::function<void(std::span<const SlideRecord>)>;
 // 1..count as they are decoded, and `read.Slides` holds the header alone.
 // A failing read stops there, after the blocks before it.
 Status ReadSifBlocks(RecordFile& file, SifRead& read, const SlideBlocks& take);
+
+// Slide records as stored, still scrambled: `count` of them back to back at
+// `stored`, followed by kUnscrambleSpill readable bytes.
+using StoredBlocks = std::function<void(const char* stored, std::size_t count)>;
+
+// ReadSifBlocks without the decoding, for a reader that decodes each field
+// where it wants the text.
+Status ReadSifStored(RecordFile& file, SifRead& read, const StoredBlocks& take);
 
 }  // namespace cb

@@ -276,35 +276,45 @@ TEST(Scramble, UnscrambleSkipsPaddingAndNul) {
   for (const auto& [stored, plain] : rows) {
     SCOPED_TRACE(stored);
     EXPECT_EQ(UnscrambleField(stored), plain);
-    std::string field = stored + std::string(8, ' ');
-    UnscrambleInPlace(field);
+    const std::string field = stored + std::string(8, ' ');
+    std::string out(field.size(), '?');
+    EXPECT_EQ(UnscrambleTo(field.data(), field.size(), out.data()), plain.size());
     std::string expected = plain;
     expected.resize(field.size(), ' ');
-    EXPECT_EQ(field, expected);
+    EXPECT_EQ(out, expected);
   }
 }
 
-// The in-place form takes eight bytes at a time where it can: every code, a
-// blank or NUL at every place in a run of text, and text at every place in a
-// run of padding come out as the text form gives them.
-TEST(UnscrambleInPlace, AgreesWithTheTextFormAtEveryPlace) {
-  std::string everyCode;
-  for (int c = 1; c < 256; ++c) everyCode += static_cast<char>(c);
-  std::vector<std::string> fields{everyCode};
-  for (std::size_t at = 0; at < 24; ++at)
-    for (char gap : {' ', '\0'}) {
-      std::string text = "ABCDEFGHIJKLMNOPQRSTUVWX", padding(24, gap);
-      text[at] = gap;
-      padding[at] = 'Q';
-      fields.insert(fields.end(), {text, padding});
+// StoredField, sixteen bytes at a time, against the byte loop: text of every
+// length then padding, with a blank, a NUL or text at every place, in a field
+// of the width given, followed by text or by padding.
+template <std::size_t Width>
+void AgreesWithTheByteLoop() {
+  std::vector<std::string> fields;
+  for (std::size_t length = 0; length <= Width; ++length)
+    for (std::size_t at = 0; at <= Width; ++at)
+      for (char odd : {' ', '\0', '\xBF'}) {
+        std::string f(length, '\x9F');
+        f.resize(Width, length % 3 ? ' ' : '\0');
+        if (length > 0) f[0] = '\xE0';  // a blank of the text
+        if (at < Width) f[at] = odd;
+        fields.push_back(f);
+      }
+  for (const std::string& field : fields)
+    for (char after : {'\x9F', ' '}) {
+      SCOPED_TRACE(::testing::PrintToString(field) + " then " + after);
+      std::string stored = field + std::string(kUnscrambleSpill, after);
+      std::string fast(Width + kUnscrambleSpill, '?'), slow(Width, '?');
+      EXPECT_EQ(StoredField<Width>(stored.data()).WriteTo(fast.data()),
+                UnscrambleTo(stored.data(), Width, slow.data()));
+      EXPECT_EQ(fast.substr(0, Width), slow);
     }
-  for (const std::string& stored : fields) {
-    std::string field = stored;
-    UnscrambleInPlace(field);
-    std::string expected = UnscrambleField(stored);
-    expected.resize(stored.size(), ' ');
-    EXPECT_EQ(field, expected) << ::testing::PrintToString(stored);
-  }
+}
+
+TEST(StoredField, AgreesWithTheByteLoopInEachWidth) {
+  AgreesWithTheByteLoop<11>();
+  AgreesWithTheByteLoop<26>();
+  AgreesWithTheByteLoop<100>();
 }
 
 // One tree on the disk and in memory: the memory's folders come from the paths it holds.

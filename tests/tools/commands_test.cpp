@@ -12,6 +12,7 @@
 #include <QBuffer>
 #include <QImage>
 
+#include <random>
 #include <regex>
 
 #include "Csv.h"
@@ -440,6 +441,87 @@ TEST(Csv, WritesAndReadsBack) {
       for (auto& field : row) field = Cp1252ToUtf8(field);
     EXPECT_EQ(back, expected);
   }
+}
+
+// A stored field written as plain text, '_' standing for a padding blank and
+// '~' for a NUL; padded with blanks or cut to `width`.
+std::string StoredField(const std::string& plain, std::size_t width) {
+  std::string f;
+  for (char c : plain) f += c == '_' ? ' ' : c == '~' ? '\0' : static_cast<char>(-c);
+  f.resize(width, ' ');
+  return f;
+}
+
+// The rows of stored slides as AppendCsvSlide writes them once each field is
+// unscrambled byte by byte.
+std::string DecodedRows(const std::string& stored) {
+  std::string rows;
+  for (std::size_t at = 0; at + kRecordLength <= stored.size(); at += kRecordLength) {
+    SlideRecord r;
+    for (const auto& f : kFields) UnscrambleTo(stored.data() + at + f.offset, f.width, r.bytes().data() + f.offset);
+    AppendCsvSlide(rows, r);
+  }
+  return rows;
+}
+
+// Equal texts, or else where they part.
+void ExpectSame(const std::string& got, const std::string& expected) {
+  const auto [g, e] = std::mismatch(got.begin(), got.end(), expected.begin(), expected.end());
+  EXPECT_EQ(std::string(g, got.end()).substr(0, 80), std::string(e, expected.end()).substr(0, 80))
+      << "after byte " << g - got.begin();
+}
+
+std::string StoredRows(std::string stored) {
+  const std::size_t count = stored.size() / kRecordLength;
+  stored.resize(stored.size() + kUnscrambleSpill, '\x9F');
+  CsvRows rows;
+  rows.Append(stored.data(), count);
+  return std::string(rows.View());
+}
+
+// Rows are written from the stored slides, sixteen bytes at a time where they
+// can; each case fills every field, so each width meets it.
+TEST(Csv, StoredRowsAreTheDecodedSlidesRows) {
+  const std::string cases[] = {
+      "",                                                          // padding alone
+      std::string(40, '~'),                                        // NULs alone
+      "Oak chair",                                                 // plain
+      "a b_c~d",                                                   // a blank, padding and a NUL inside
+      " lead",                                                     // quoted for its first blank
+      "trail  ",                                                   // trimmed
+      "   ",                                                       // blanks alone
+      "1,500",                                                     // a comma
+      "5\" screen",                                                // a quote
+      "\"\"",                                                      // quotes alone
+      "two\r\nlines",                                              // a line break
+      "tab\there",                                                 // a control that needs no quotes
+      "abcdefghijklmno\"p\"",                                      // a quote ending the first 16 bytes
+      "abcdefghijklmnop\"",                                        // a quote beginning the next
+      "Caf\xE9 \x80",                                              // beyond ASCII
+      "\x81\x8D\xFF",                                              // unassigned codes and the last
+      "abcdefghijklmno\xE9\"\xE9",                                 // beyond ASCII beside a quote
+      "\xE0t\xE9",                                                 // a character stored as padding
+      std::string(100, 'w'),                                       // every field full
+      std::string(15, 'x') + " y, \"z\" " + std::string(30, 'w'),  // runs of three kinds
+  };
+  for (const std::string& text : cases) {
+    SCOPED_TRACE(::testing::PrintToString(text));
+    std::string stored;
+    for (const auto& f : kFields) stored += StoredField(text, f.width);
+    ExpectSame(StoredRows(stored), DecodedRows(stored));
+  }
+  // Random slides, mostly text then padding, sometimes a gap inside.
+  std::mt19937 random(7);
+  const std::string palette = "aZ1 ,\"\r\n\t\x80\xE9\xFF\xE0";
+  std::string stored;
+  for (int slide = 0; slide < 3000; ++slide)
+    for (const auto& f : kFields) {
+      std::string text(random() % (f.width + 1), 'a');
+      for (char& c : text) c = palette[random() % palette.size()];
+      if (!text.empty() && random() % 8 == 0) text[random() % text.size()] = random() % 2 ? '_' : '~';
+      stored += StoredField(text + (random() % 2 ? "~" : ""), f.width);
+    }
+  ExpectSame(StoredRows(stored), DecodedRows(stored));
 }
 
 // While the program has a file open, the commands that would replace it

@@ -36,7 +36,7 @@ namespace {
 
 using pack::Inventory;
 using pack::ReadSif;
-using pack::ReadSifBlocks;
+using pack::ReadSifStored;
 using pack::SifDocument;
 using pack::ToInventory;
 using pack::WriteSif;
@@ -156,17 +156,20 @@ int Emit(Io& io, const std::string& bytes, const QString& output) {
 // one block, whatever the size of the file.
 int ExportCsv(Io& io, const std::string& path, const QString& output) {
   Output out(io, output);
-  std::string csv;
-  AppendCsvHeader(csv);
+  std::string header;
+  AppendCsvHeader(header);
+  CsvRows rows;
   SifDocument doc;
   std::string message;
-  const auto take = [&](std::span<const SlideRecord> slides) {
-    for (const SlideRecord& slide : slides) AppendCsvSlide(csv, slide);
-    out.Write(csv);
-    csv.clear();
+  const auto take = [&](const char* stored, std::size_t count) {
+    rows.Append(stored, count);
+    out.Write(header);
+    header.clear();
+    out.Write(rows.View());
+    rows.Clear();
   };
-  if (!ReadSifBlocks(path, doc, take, message)) return Fail(io, message);
-  out.Write(csv);
+  if (!ReadSifStored(path, doc, take, message)) return Fail(io, message);
+  out.Write(header);
   return out.Finish();
 }
 

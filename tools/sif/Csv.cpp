@@ -23,9 +23,11 @@ bool NeedsQuotes(std::string_view f) {
   return !f.empty() && (f.front() == ' ' || f.back() == ' ');
 }
 
-// Writes one field at `out`; the characters that decide its quoting are
-// ASCII, the same in Windows-1252 and UTF-8.
-char* PutField(char* out, std::string_view f) {
+}  // namespace
+
+// The characters that decide a field's quoting are ASCII, the same in
+// Windows-1252 and UTF-8.
+char* PutCsvField(char* out, std::string_view f) {
   if (!NeedsQuotes(f)) return Cp1252ToUtf8(f, out);
   *out++ = '"';
   for (auto quote = f.find('"'); quote != std::string_view::npos; quote = f.find('"')) {
@@ -38,6 +40,8 @@ char* PutField(char* out, std::string_view f) {
   *out++ = '"';
   return out;
 }
+
+namespace {
 
 bool IsLineEnd(char c) { return c == '\r' || c == '\n'; }
 
@@ -58,7 +62,7 @@ void AppendCsvRecord(std::string& out, std::span<const std::string_view> cp1252F
   char* p = out.data() + at;
   for (std::size_t c = 0; c < cp1252Fields.size(); ++c) {
     if (c) *p++ = ',';
-    p = PutField(p, cp1252Fields[c]);
+    p = PutCsvField(p, cp1252Fields[c]);
   }
   *p++ = '\r';
   *p++ = '\n';

@@ -13,8 +13,10 @@
 #include <limits>
 
 #include "Csv.h"
+#include "base/Bytes16.h"
 #include "base/Text.h"
 #include "model/SlideRecord.h"
+#include "storage/Scramble.h"
 
 namespace cb::sif {
 namespace {
@@ -139,6 +141,67 @@ void AppendCsvSlide(std::string& out, const SlideRecord& slide) {
   std::array<std::string_view, kFields.size()> row;
   for (std::size_t c = 0; c < row.size(); ++c) row[c] = RTrimView(slide.View(kFields[c].field));
   AppendCsvRecord(out, row);
+}
+
+namespace {
+
+// The most room one slide's row takes while it is written: each field and
+// its comma, the last one's taken by CR LF.
+constexpr std::size_t kCsvSlideRoom = [] {
+  std::size_t room = 1;
+  for (const FieldLayout& f : kFields) room += CsvFieldRoom(f.width) + 1;
+  return room;
+}();
+
+// One field straight from its stored bytes: the usual plain text goes out as
+// it is unscrambled, checked in the same runs; the rest takes PutCsvFieldRuns.
+// Inlined in the row, each width is a constant and the runs stay in registers.
+template <std::size_t Width>
+[[gnu::always_inline]] inline char* PutCsvStoredField(char* out, const char* stored) {
+  using namespace bytes16;
+  const StoredField<Width> field(stored);
+  if (!field.Plain()) {
+    char text[Width];
+    return PutCsvField(out, RTrimView(std::string_view(text, UnscrambleTo(stored, Width, text))));
+  }
+  std::size_t size = field.size();
+  unsigned mayChange = 0;
+#pragma GCC unroll 8
+  for (std::size_t k = 0; k < field.kRuns; ++k) {
+    if (k * kSize >= size) break;
+    Store(out + k * kSize, field.Run(k));
+    mayChange |= CsvMayChange(field.Run(k)) & field.TextBits(k);
+  }
+  // The text is read again from the field, not from the runs just written.
+  const StoredText text = field.Text();
+  if (mayChange == 0 && (size == 0 || (text[0] != ' ' && text[size - 1] != ' '))) return out + size;
+  while (size > 0 && text[size - 1] == ' ') --size;
+  return PutCsvFieldRuns(out, size, text);
+}
+
+template <std::size_t... I>
+char* PutCsvStoredRow(char* out, const char* stored, std::index_sequence<I...>) {
+  ((out = PutCsvStoredField<kFields[I].width>(out, stored + kFields[I].offset), *out++ = ','), ...);
+  out[-1] = '\r';
+  *out++ = '\n';
+  return out;
+}
+
+}  // namespace
+
+void CsvRows::Reserve(std::size_t count) {
+  if (capacity_ - size_ >= count * kCsvSlideRoom) return;
+  capacity_ = std::max(2 * capacity_, size_ + count * kCsvSlideRoom);
+  auto grown = std::make_unique_for_overwrite<char[]>(capacity_);
+  std::copy_n(buffer_.get(), size_, grown.get());
+  buffer_ = std::move(grown);
+}
+
+void CsvRows::Append(const char* stored, std::size_t count) {
+  Reserve(count);
+  char* out = buffer_.get() + size_;
+  for (std::size_t i = 0; i < count; ++i) out = PutCsvStoredRow(out, stored + i * kRecordLength, FieldPlaces{});
+  size_ = static_cast<std::size_t>(out - buffer_.get());
 }
 
 bool ImportCsv(std::string_view text, Inventory& inv, std::string& message) {

@@ -3,6 +3,8 @@
 // The two interchange formats of an inventory: CSV (the slides only, under a
 // header row of the nine field names) and JSON (the settings and the slides).
 
+#include <cstddef>
+#include <memory>
 #include <string>
 #include <string_view>
 
@@ -16,6 +18,24 @@ enum class Format { Csv, Json };
 // slide, each field as text (see FieldToUtf8); these append the rows.
 void AppendCsvHeader(std::string& out);
 void AppendCsvSlide(std::string& out, const SlideRecord& slide);
+
+// CSV rows written straight from stored, still scrambled slides into one
+// buffer, each as AppendCsvSlide writes the slide decoded.
+class CsvRows {
+ public:
+  // Appends the rows of `count` slides stored back to back at `stored`,
+  // which has kUnscrambleSpill readable bytes after them.
+  void Append(const char* stored, std::size_t count);
+  // Makes room for `count` more slides at once.
+  void Reserve(std::size_t count);
+  std::string_view View() const { return {buffer_.get(), size_}; }
+  void Clear() { size_ = 0; }
+
+ private:
+  std::unique_ptr<char[]> buffer_;
+  std::size_t size_ = 0;
+  std::size_t capacity_ = 0;
+};
 
 // Reads slides from CSV whose first row names the columns: any of the nine
 // fields, in any order and letter case; a field without a column is empty.
