@@ -86,9 +86,10 @@ bool ReadSifBlocks(const std::string& path, SifDocument& doc, const SlideBlocks&
                   [&take](RecordFile& file, SifRead& read) { return cb::ReadSifBlocks(file, read, take); });
 }
 
-bool ReadSifStored(const std::string& path, SifDocument& doc, const StoredBlocks& take, std::string& message) {
+bool ReadSifStored(const std::string& path, SifDocument& doc, const StoredBlocks& take, std::string& message,
+                   SlideSpan span) {
   return ReadWith(path, doc, message,
-                  [&take](RecordFile& file, SifRead& read) { return cb::ReadSifStored(file, read, take); });
+                  [&take, span](RecordFile& file, SifRead& read) { return cb::ReadSifStored(file, read, take, span); });
 }
 
 bool WriteSif(const std::string& path, const SifSettings& settings, const SlideArray& slides, bool replace,

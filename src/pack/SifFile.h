@@ -29,8 +29,9 @@ bool ReadSif(const std::string& path, SifDocument& doc, std::string& message);
 // time instead of keeping them: `doc.Slides` keeps the header record alone.
 bool ReadSifBlocks(const std::string& path, SifDocument& doc, const SlideBlocks& take, std::string& message);
 
-// The same with the slides handed on as stored, still scrambled.
-bool ReadSifStored(const std::string& path, SifDocument& doc, const StoredBlocks& take, std::string& message);
+// The same with the slides of `span` handed on as stored, still scrambled.
+bool ReadSifStored(const std::string& path, SifDocument& doc, const StoredBlocks& take, std::string& message,
+                   SlideSpan span = {});
 
 // Writes slides 1..n of `slides` (element 0 is ignored) and the four settings
 // a save writes (the count is the slides') to `path` through the program's

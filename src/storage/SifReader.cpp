@@ -37,7 +37,7 @@ long RecordsHeld(long long size) {
   return size <= 0 ? 0 : static_cast<long>((size + length - 1) / length - 1);
 }
 
-Status ReadSifStored(RecordFile& file, SifRead& read, const StoredBlocks& take) {
+Status ReadSifStored(RecordFile& file, SifRead& read, const StoredBlocks& take, SlideSpan span) {
   if (auto e = file.Get(1, read.Slides[0].bytes()); e != RtError::None) return {e, kSource};
   read.HeaderRead = true;
   read.Header = DecodeHeader(read.Slides[0]);
@@ -45,13 +45,14 @@ Status ReadSifStored(RecordFile& file, SifRead& read, const StoredBlocks& take) 
   if (h.NumberOfRecords.error != RtError::None) return {h.NumberOfRecords.error, kSource};
   if (JudgeTemplate(h) == TemplateVerdict::Fails) return {h.SlideTemplate.error, kSource};
   // Never allocate from a count the loop could not reach.
-  const long upper = h.NumberOfRecords.value;
-  if (upper > kMaxRecords) return {RtError::Overflow, kSource};
+  if (h.NumberOfRecords.value > kMaxRecords) return {RtError::Overflow, kSource};
+  const long upper = std::min(static_cast<long>(h.NumberOfRecords.value), span.last);
+  const long lower = std::max(span.first, 1L);
   // Each block is handed on while its bytes are still in the cache. Records
   // past the end of the file read as NUL and decode as empty slides.
-  std::vector<char> block(static_cast<std::size_t>(std::clamp(upper, 0L, kBlockRecords)) * kRecordLength +
+  std::vector<char> block(static_cast<std::size_t>(std::clamp(upper - lower + 1, 0L, kBlockRecords)) * kRecordLength +
                           kUnscrambleSpill);
-  for (long first = 1; first <= upper; first += kBlockRecords) {
+  for (long first = lower; first <= upper; first += kBlockRecords) {
     const auto count = static_cast<std::size_t>(std::min(kBlockRecords, upper - first + 1));
     if (auto e = file.Get(first + 1, std::span<char>(block.data(), count * kRecordLength)); e != RtError::None)
       return {e, kSource};

@@ -69,8 +69,15 @@ Status ReadSifBlocks(RecordFile& file, SifRead& read, const SlideBlocks& take);
 // `stored`, followed by kUnscrambleSpill readable bytes.
 using StoredBlocks = std::function<void(const char* stored, std::size_t count)>;
 
+// The slides a read hands on, by number: those of first..last that the
+// header counts. An empty span reads the header alone.
+struct SlideSpan {
+  long first = 1;
+  long last = kMaxRecords;
+};
+
 // ReadSifBlocks without the decoding, for a reader that decodes each field
-// where it wants the text.
-Status ReadSifStored(RecordFile& file, SifRead& read, const StoredBlocks& take);
+// where it wants the text, of the slides in `span`.
+Status ReadSifStored(RecordFile& file, SifRead& read, const StoredBlocks& take, SlideSpan span = {});
 
 }  // namespace cb

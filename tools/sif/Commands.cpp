@@ -13,6 +13,7 @@
 #include <span>
 #include <sstream>
 #include <string_view>
+#include <thread>
 
 #include "Backup.h"
 #include "Check.h"
@@ -42,6 +43,9 @@ using pack::ToInventory;
 using pack::WriteSif;
 
 constexpr std::string_view kProgram = "chattelbook-sif";
+
+// The slides from which an export's rows are made by two threads.
+constexpr long kSecondThreadFrom = 4096;
 
 constexpr std::string_view kUsage =
     "Usage: chattelbook-sif show FILE.sif [--where QUERY]\n"
@@ -152,24 +156,45 @@ int Emit(Io& io, const std::string& bytes, const QString& output) {
   return out.Finish();
 }
 
-// Each block of slides goes out as soon as it is read, so an export holds
-// one block, whatever the size of the file.
+// Each block of slides goes out as soon as it is read. A large file's second
+// half is made into rows by a second thread meanwhile and held until the
+// first half is out, so an export holds one block and the rows of that half.
 int ExportCsv(Io& io, const std::string& path, const QString& output) {
+  SifDocument doc;
+  std::string message;
+  // The header alone first: a file a load refuses leaves no output.
+  if (!ReadSifStored(path, doc, {}, message, {1, 0})) return Fail(io, message);
+  const long count = std::max(static_cast<long>(doc.Header.NumberOfRecords.value), 0L);
+  // The first thread also writes every row, so it makes a few less than half.
+  const long half = count >= kSecondThreadFrom && std::thread::hardware_concurrency() > 1 ? count * 15 / 32 : count;
+  CsvRows later;
+  std::string laterMessage;
+  bool laterRead = true;
+  std::jthread helper;
+  if (half < count)
+    helper = std::jthread([&] {
+      SifDocument own;
+      later.Reserve(static_cast<std::size_t>(count - half));  // at once: what the rows leave is never touched
+      const auto take = [&later](const char* stored, std::size_t n) { later.Append(stored, n); };
+      laterRead = ReadSifStored(path, own, take, laterMessage, {half + 1, count});
+    });
   Output out(io, output);
   std::string header;
   AppendCsvHeader(header);
   CsvRows rows;
-  SifDocument doc;
-  std::string message;
-  const auto take = [&](const char* stored, std::size_t count) {
-    rows.Append(stored, count);
+  const auto take = [&](const char* stored, std::size_t n) {
+    rows.Append(stored, n);
     out.Write(header);
     header.clear();
     out.Write(rows.View());
     rows.Clear();
   };
-  if (!ReadSifStored(path, doc, take, message)) return Fail(io, message);
+  const bool read = ReadSifStored(path, doc, take, message, {1, half});
+  if (helper.joinable()) helper.join();
+  if (!read) return Fail(io, message);
   out.Write(header);
+  out.Write(later.View());
+  if (!laterRead) return Fail(io, laterMessage);
   return out.Finish();
 }
 
