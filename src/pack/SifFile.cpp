@@ -81,11 +81,6 @@ bool ReadSif(const std::string& path, SifDocument& doc, std::string& message) {
   return ReadWith(path, doc, message, [](RecordFile& file, SifRead& read) { return cb::ReadSif(file, read); });
 }
 
-bool ReadSifBlocks(const std::string& path, SifDocument& doc, const SlideBlocks& take, std::string& message) {
-  return ReadWith(path, doc, message,
-                  [&take](RecordFile& file, SifRead& read) { return cb::ReadSifBlocks(file, read, take); });
-}
-
 bool ReadSifStored(const std::string& path, SifDocument& doc, const StoredBlocks& take, std::string& message,
                    SlideSpan span) {
   return ReadWith(path, doc, message,

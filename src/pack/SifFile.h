@@ -25,11 +25,9 @@ std::optional<std::int32_t> TemplateOf(const SifDocument& doc);
 // file cannot be read or a load of it would fail.
 bool ReadSif(const std::string& path, SifDocument& doc, std::string& message);
 
-// Reads `path` as ReadSif does but hands the slides to `take` a block at a
-// time instead of keeping them: `doc.Slides` keeps the header record alone.
-bool ReadSifBlocks(const std::string& path, SifDocument& doc, const SlideBlocks& take, std::string& message);
-
-// The same with the slides of `span` handed on as stored, still scrambled.
+// Reads `path` as ReadSif does but keeps no slide: `take` gets the slides of
+// `span` a block at a time as stored, still scrambled, and `doc.Slides`
+// keeps the header record alone.
 bool ReadSifStored(const std::string& path, SifDocument& doc, const StoredBlocks& take, std::string& message,
                    SlideSpan span = {});
 

@@ -61,20 +61,15 @@ Status ReadSifStored(RecordFile& file, SifRead& read, const StoredBlocks& take, 
   return {};
 }
 
-Status ReadSifBlocks(RecordFile& file, SifRead& read, const SlideBlocks& take) {
-  SlideArray slides;
-  return ReadSifStored(file, read, [&](const char* stored, std::size_t count) {
-    // One record more than the block, for the spill of the last one's decoding.
-    if (slides.size() <= count) slides.resize(count + 1);
-    for (std::size_t i = 0; i < count; ++i) DecodeSlideTo(stored + i * kRecordLength, slides[i].bytes().data());
-    take(std::span<const SlideRecord>(slides.data(), count));
-  });
-}
-
 Status ReadSif(RecordFile& file, SifRead& read) {
-  const Status status = ReadSifBlocks(file, read, [&read](std::span<const SlideRecord> slides) {
-    if (read.Slides.size() == 1) read.Slides.reserve(static_cast<std::size_t>(read.Header.NumberOfRecords.value) + 1);
-    read.Slides.insert(read.Slides.end(), slides.begin(), slides.end());
+  // Each slide is decoded into its place, with a record more for the spill of the last one's decoding.
+  SlideArray& slides = read.Slides;
+  const Status status = ReadSifStored(file, read, [&](const char* stored, std::size_t count) {
+    if (slides.size() == 1) slides.reserve(static_cast<std::size_t>(read.Header.NumberOfRecords.value) + 2);
+    const std::size_t at = slides.size();
+    slides.resize(at + count + 1);
+    for (std::size_t i = 0; i < count; ++i) DecodeSlideTo(stored + i * kRecordLength, slides[at + i].bytes().data());
+    slides.pop_back();
   });
   // After a failing read of the slides the collection keeps the count's length.
   if (!status.ok() && read.HeaderRead && !CountFailsLoad(read.Header) &&

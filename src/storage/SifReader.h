@@ -6,7 +6,6 @@
 
 #include <cstddef>
 #include <functional>
-#include <span>
 
 #include "base/Status.h"
 #include "model/SlideRecord.h"
@@ -57,14 +56,6 @@ struct SifRead {
 // read stops there; `read.Slides` then holds the count's length.
 Status ReadSif(RecordFile& file, SifRead& read);
 
-// Decoded slides, handed on in file order a block at a time.
-using SlideBlocks = std::function<void(std::span<const SlideRecord>)>;
-
-// Reads `file` as ReadSif does but keeps no slide: `take` gets slides
-// 1..count as they are decoded, and `read.Slides` holds the header alone.
-// A failing read stops there, after the blocks before it.
-Status ReadSifBlocks(RecordFile& file, SifRead& read, const SlideBlocks& take);
-
 // Slide records as stored, still scrambled: `count` of them back to back at
 // `stored`, followed by kUnscrambleSpill readable bytes.
 using StoredBlocks = std::function<void(const char* stored, std::size_t count)>;
@@ -76,8 +67,10 @@ struct SlideSpan {
   long last = kMaxRecords;
 };
 
-// ReadSifBlocks without the decoding, for a reader that decodes each field
-// where it wants the text, of the slides in `span`.
+// Reads `file` as ReadSif does but keeps no slide: `take` gets the slides of
+// `span` a block at a time, still scrambled, for a reader that decodes each
+// field where it wants the text; `read.Slides` holds the header alone. A
+// failing read stops there, after the blocks before it.
 Status ReadSifStored(RecordFile& file, SifRead& read, const StoredBlocks& take, SlideSpan span = {});
 
 }  // namespace cb
