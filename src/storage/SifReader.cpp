@@ -2,6 +2,7 @@
 #include "storage/SifReader.h"
 
 #include <algorithm>
+#include <span>
 #include <vector>
 
 namespace cb {
