@@ -9,8 +9,11 @@
 #include <sys/stat.h>
 
 #include <cstdlib>
+#include <cstring>
 #include <filesystem>
+#include <random>
 
+#include "base/Bytes16.h"
 #include "storage/DataAccess.h"
 #include "storage/DiskEnv.h"
 #include "storage/Listing.h"
@@ -315,6 +318,38 @@ TEST(StoredField, AgreesWithTheByteLoopInEachWidth) {
   AgreesWithTheByteLoop<11>();
   AgreesWithTheByteLoop<26>();
   AgreesWithTheByteLoop<100>();
+}
+
+// The vector form of sixteen bytes gives what the plain form gives, which
+// machines without SSE2 (arm64 among them) use for the same scans.
+TEST(Bytes16, TheVectorFormIsThePlainForm) {
+  namespace v = bytes16;
+  namespace p = bytes16::plain;
+  const auto same = [](v::Lanes a, p::Lanes b) {
+    char x[v::kSize], y[v::kSize];
+    v::Store(x, a);
+    p::Store(y, b);
+    return std::memcmp(x, y, v::kSize) == 0 && v::Bits(a) == p::Bits(b);
+  };
+  std::mt19937 random(16);
+  for (int round = 0; round < 2000; ++round) {
+    char in[v::kSize], other[v::kSize];
+    for (char& c : in) c = static_cast<char>(random());
+    for (char& c : other) c = static_cast<char>(random());
+    const char c = random() % 2 ? in[random() % v::kSize] : static_cast<char>(random());
+    const std::size_t n = random() % (v::kSize + 1);
+    const v::Lanes a = v::Load(in), a2 = v::Load(other);
+    const p::Lanes b = p::Load(in), b2 = p::Load(other);
+    SCOPED_TRACE(round);
+    EXPECT_TRUE(same(a, b));
+    EXPECT_TRUE(same(v::Splat(c), p::Splat(c)));
+    EXPECT_TRUE(same(v::Equal(a, c), p::Equal(b, c)));
+    EXPECT_TRUE(same(v::SignedBelow(a, c), p::SignedBelow(b, c)));
+    EXPECT_TRUE(same(v::Or(a, a2), p::Or(b, b2)));
+    EXPECT_TRUE(same(v::And(a, c), p::And(b, c)));
+    EXPECT_TRUE(same(v::Negate(a), p::Negate(b)));
+    EXPECT_TRUE(same(v::FirstFrom(n, a, a2), p::FirstFrom(n, b, b2)));
+  }
 }
 
 // One tree on the disk and in memory: the memory's folders come from the paths it holds.
