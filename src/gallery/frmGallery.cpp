@@ -179,8 +179,7 @@ bool frmGallery::eventFilter(QObject* watched, QEvent* e) {
 }
 
 void frmGallery::mnuEditFind_Click() {
-  // Built before the first keystroke, which then only runs its query.
-  if (!index_) index_.emplace(Globals().Slides);
+  Index();  // built before the first keystroke, which then only runs its query
   if (!findOpen_) {
     findOpen_ = true;
     FindBar->show();
@@ -200,6 +199,11 @@ void frmGallery::CloseFindBar() {
   LayOut();
   ShowMatches();
   setFocus();
+}
+
+const SlideIndex& frmGallery::Index() {
+  if (!index_) index_.emplace(Globals().Slides);
+  return *index_;
 }
 
 std::optional<std::int32_t> frmGallery::FoundCount() const {

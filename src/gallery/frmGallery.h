@@ -137,6 +137,8 @@ class frmGallery : public QWidget {
   bool FillFirstPage(frmLoading* loading);
   // Each keystroke in the find bar: the matches from the first page.
   void FindTextChanged(const QString& text);
+  // The index of the slides, built when first asked for.
+  const SlideIndex& Index();
   // Parses `text` (UTF-8) and shows its matches from the next fill on.
   void ApplyFind(const std::string& text);
   void ShowMatches();

@@ -197,8 +197,7 @@ void frmGallery::ApplyFind(const std::string& text) {
     shown_.ShowAll();
     return ShowFoundCount();
   }
-  if (!index_) index_.emplace(Globals().Slides);
-  shown_.ShowOnly(index_->Find(query_));
+  shown_.ShowOnly(Index().Find(query_));
   ShowFoundCount();
 }
 

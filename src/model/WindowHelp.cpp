@@ -9,7 +9,7 @@ namespace {
 constexpr bool kCloses = true, kStays = false;
 constexpr char kNoHelp[] = "";
 constexpr char kFileMenuPage[] = "help003.htm";
-// The gallery's own menus, Slides and Edit, and its find bar.
+// The gallery's own menus, Slides and Edit, its find bar and the windows they open.
 constexpr char kGalleryMenuPage[] = "help009.htm";
 
 // A window's own row stands for the window and every control without a row
@@ -20,7 +20,7 @@ constexpr std::array<WindowHelp, 34> kRows{{
     {"frmDirectory", "", kQuickStartPage, kCloses},
     {"dlgRemoveSlide", "", kQuickStartPage, kCloses},
     {"frmLogin", "", "help004.htm", kCloses},
-    {"frmModifySlide", "", "help009.htm", kCloses},
+    {"frmModifySlide", "", kGalleryMenuPage, kCloses},
     {"frmEditSlide", "", "help011.htm", kCloses},
     {"frmEditSlideRE", "", "help011.htm", kCloses},
     {"frmEditSlideVEH", "", "help011.htm", kCloses},
@@ -29,8 +29,8 @@ constexpr std::array<WindowHelp, 34> kRows{{
     {"frmBackground", "", "help014.htm", kCloses},
     {"frmSetSlideTemplate", "", "help015.htm", kCloses},
     {"frmClaimPack", "", kFileMenuPage, kCloses},
-    {"frmRemovedSlides", "", "help009.htm", kCloses},
-    {"frmSlide", "", "help009.htm", kStays},
+    {"frmRemovedSlides", "", kGalleryMenuPage, kCloses},
+    {"frmSlide", "", kGalleryMenuPage, kStays},
     {"frmGallery", "", "help011.htm", kStays},
     {"frmHelp", "", kQuickStartPage, kStays},  // read only at load: an open viewer keeps its page
     // Controls that differ from their window. The editors' read-only boxes

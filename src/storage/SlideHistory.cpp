@@ -251,6 +251,11 @@ struct SlideHistory::StepFile {
   struct Hunk {
     std::uint64_t oldAt = 0, newAt = 0;
     std::string_view oldBytes, newBytes;
+    // Applied forward, or with `back` backward: where the hunk stands in the
+    // version it is applied to, the bytes it finds there, and those it puts.
+    std::uint64_t At(bool back) const { return back ? newAt : oldAt; }
+    std::string_view Found(bool back) const { return back ? newBytes : oldBytes; }
+    std::string_view Put(bool back) const { return back ? oldBytes : newBytes; }
   };
   std::int64_t time = 0;
   std::string name;
@@ -296,47 +301,51 @@ struct SlideHistory::StepFile {
     return in.Finished();
   }
 
+  // Whether every hunk finds its bytes in `from`, in order, and the result
+  // has the size of the other version.
+  bool Fits(std::string_view from, bool back) const {
+    std::size_t pos = 0, size = from.size();
+    for (const Hunk& h : hunks) {
+      const std::uint64_t at = h.At(back);
+      const std::string_view found = h.Found(back);
+      if (at < pos || at > from.size() || from.substr(at, found.size()) != found) return false;
+      pos = at + found.size();
+      size = size - found.size() + h.Put(back).size();
+    }
+    return size == (back ? beforeSize : afterSize);
+  }
+  // Whether `file` is the other version, by its hash.
+  bool Made(std::string_view file, bool back) const { return FileHash(file) == (back ? beforeHash : afterHash); }
+
   // Makes `file` the other version in place, with no second copy of it:
   // every hunk checked first, and put back when the result is not that version.
   bool ApplyInPlace(std::string& file, bool back) const {
-    std::size_t pos = 0, size = file.size();
-    for (const Hunk& h : hunks) {
-      const std::uint64_t at = back ? h.newAt : h.oldAt;
-      const std::string_view was = back ? h.newBytes : h.oldBytes, put = back ? h.oldBytes : h.newBytes;
-      if (at < pos || at > file.size() || std::string_view(file).substr(at, was.size()) != was) return false;
-      pos = at + was.size();
-      size = size - was.size() + put.size();
-    }
-    if (size != (back ? beforeSize : afterSize)) return false;
+    if (!Fits(file, back)) return false;
     // From the last hunk back, so that each lands where it was found.
     for (auto h = hunks.rbegin(); h != hunks.rend(); ++h)
-      file.replace(back ? h->newAt : h->oldAt, (back ? h->newBytes : h->oldBytes).size(),
-                   back ? h->oldBytes : h->newBytes);
-    if (FileHash(file) == (back ? beforeHash : afterHash)) return true;
+      file.replace(h->At(back), h->Found(back).size(), h->Put(back));
+    if (Made(file, back)) return true;
     PutBack(file, back);
     return false;
   }
   // Puts `file`, made the other version in place, back as it was.
   void PutBack(std::string& file, bool back) const {
     // From the first hunk on: each stands where it was found once those before it are put back.
-    for (const Hunk& h : hunks)
-      file.replace(back ? h.newAt : h.oldAt, (back ? h.oldBytes : h.newBytes).size(), back ? h.newBytes : h.oldBytes);
+    for (const Hunk& h : hunks) file.replace(h.At(back), h.Put(back).size(), h.Found(back));
   }
 
   // The other version from `from`: the one after the step, or with `back` the one before it.
   bool Apply(std::string_view from, bool back, std::string& out) const {
+    if (!Fits(from, back)) return false;
     out.clear();
     out.reserve(back ? beforeSize : afterSize);
     std::size_t pos = 0;
     for (const Hunk& h : hunks) {
-      const std::uint64_t at = back ? h.newAt : h.oldAt;
-      const std::string_view was = back ? h.newBytes : h.oldBytes, put = back ? h.oldBytes : h.newBytes;
-      if (at < pos || at > from.size() || from.substr(at, was.size()) != was) return false;
-      out.append(from.substr(pos, at - pos)).append(put);
-      pos = at + was.size();
+      out.append(from.substr(pos, h.At(back) - pos)).append(h.Put(back));
+      pos = h.At(back) + h.Found(back).size();
     }
     out.append(from.substr(pos));
-    return out.size() == (back ? beforeSize : afterSize) && FileHash(out) == (back ? beforeHash : afterHash);
+    return Made(out, back);
   }
 };
 
@@ -510,7 +519,7 @@ Status SlideHistory::Record(std::string_view name, std::string_view before, std:
   if (last_ >= first_ && beforeHash != HashAt(cursor_)) SetAside();
   if (amend && cursor_ >= first_) {
     if (cursor_ != last_) return {RtError::InvalidCall, kSource};
-    return Amend(name, before, after);
+    return Amend(name, before, beforeHash, records, after);
   }
   return Append(name, before, beforeHash, records, after);
 }
@@ -549,15 +558,14 @@ Status SlideHistory::Append(std::string_view name, std::string_view before, std:
 // version before it to `after`; the same number, so its file is replaced
 // whole. A crash between that and the cursor's write leaves a step that
 // fails its hashes: the next undo sets the history aside.
-Status SlideHistory::Amend(std::string_view name, std::string_view before, std::string_view after) {
+Status SlideHistory::Amend(std::string_view name, std::string_view before, std::uint64_t beforeHash,
+                           const std::vector<std::uint64_t>& beforeRecords, std::string_view after) {
   StepFile last;
   std::string base;
   if (!ReadStep(cursor_, last) || last.afterHash != HashAt(cursor_) || last.beforeHash != HashAt(cursor_ - 1) ||
       !last.Apply(before, true, base)) {
     SetAside();
-    std::vector<std::uint64_t> records;
-    const std::uint64_t beforeHash = FileHash(before, &records);
-    return Append(name, before, beforeHash, records, after);
+    return Append(name, before, beforeHash, beforeRecords, after);
   }
   if (base == after) {  // the amended step undoes itself: it goes
     kept_.pop_back();

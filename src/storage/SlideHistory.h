@@ -119,7 +119,8 @@ class SlideHistory {
   Status Move(bool back, std::string_view current, std::string& result);
   Status Append(std::string_view name, std::string_view before, std::uint64_t beforeHash,
                 const std::vector<std::uint64_t>& beforeRecords, std::string_view after);
-  Status Amend(std::string_view name, std::string_view before, std::string_view after);
+  Status Amend(std::string_view name, std::string_view before, std::uint64_t beforeHash,
+               const std::vector<std::uint64_t>& beforeRecords, std::string_view after);
   Status Commit();  // drops the oldest beyond the limits, writes the cursor, then removes their files
   bool StampedHash(std::uint64_t& hash) const;
   bool FitTo(std::uint64_t hash);
